@@ -1,0 +1,14 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# A layer (or the GUI-free half of one): a static library with the project's options. Its sources
+# are named by the caller; its link line says which layers it may know.
+function(add_layer name)
+    add_library(${name} STATIC ${ARGN})
+    target_link_libraries(${name} PUBLIC project_options)
+endfunction()
+
+# A layer with Q_OBJECT classes.
+function(add_qt_layer name)
+    add_layer(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+endfunction()

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <string_view>
+
+/// Numbers into text and typed text into numbers: the only place of the program that does either.
+///
+/// The conversions go through std::to_chars and std::from_chars, so no locale of the process can
+/// change a digit. Only the decimal sign follows the user: texts for the screen, reports and the
+/// clipboard carry decimalSeparator(), square files always carry ".". Digits are never grouped.
+namespace base {
+
+/// "," where the user's locale (QLocale's default) writes decimals with a comma, "." elsewhere.
+QString decimalSeparator();
+
+/// The general form: the shortest decimal text of the value with at most 15 significant digits.
+///
+/// Fixed notation for 1e-5 <= |value| < 1e15 (judged on the rounded text), otherwise digits, "E"
+/// and the exponent without padding: "1E-6", "1.5E15". Zero of either sign is "0"; not-a-number and
+/// the infinities are "NAN", "INF" and "-INF".
+QString generalText(double value);
+
+/// As generalText() with as many digits (at most 17) as it takes to read the same double back.
+QString fullText(double value);
+
+/// The form of the numbers in the analysis-of-variance table, the pattern "#.##".
+///
+/// At most two decimals, rounded half away from zero on the 15-digit decimal text of the value (so
+/// 2.675, stored as 2.67499..., gives "2.68"), no trailing zeros and no digit forced before the
+/// point: 0.5 gives ".5". What rounds to zero gives "0", never "-0". From 1e15 on, and for what is
+/// not finite, the general form.
+QString tableText(double value);
+
+/// Exactly `decimals` decimals (0 to 20), correctly rounded; what rounds to zero carries no sign.
+///
+/// What is not finite, and what has 1e15 or more before the point, is given in the general form.
+QString fixedText(double value, int decimals);
+
+/// The scientific field of the square file, right-aligned in `precision` + 8 characters.
+///
+/// A blank or a minus sign, one digit, ".", `precision` - 1 digits, "E", the exponent's sign and
+/// four exponent digits: " 2.4000000E+0001" with precision 8. `precision` is at least 2 and the
+/// value finite.
+QByteArray scientificField(double value, int precision);
+
+/// A number in ordinary notation with "." as its decimal point, the whole of `text`.
+///
+/// One optional sign, digits with at most one point, an optional exponent. Nothing else: no blanks,
+/// no "inf", "nan" or hexadecimal digits. A magnitude beyond the doubles gives nothing; one below
+/// them gives the nearest double, which may be zero.
+std::optional<double> readPlainNumber(std::string_view text);
+
+/// What a typed text came to: a number, or the reason, in Spanish, why it is none.
+struct TypedNumber {
+    std::optional<double> value;
+    QString reason; ///< A whole sentence for the user; empty when there is a value.
+};
+
+/// Reads a number as users type it, by one rule in every field and every locale.
+///
+/// Blanks around it, one sign, digits, at most one "," or "." as the decimal point, an optional
+/// exponent. Two separators are refused and never guessed at, since "1.234,5" and "1,234.5" mean
+/// different numbers to different users.
+TypedNumber readTypedNumber(QStringView text);
+
+} // namespace base

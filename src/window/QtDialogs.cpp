@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/QtDialogs.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace window {
+
+namespace {
+
+/// "ASCII|*.asc" as Qt writes it: "ASCII (*.asc)". A text that names its pattern already keeps it.
+QString nameFilter(const QString& filter)
+{
+    const QString text = filter.section(QLatin1Char('|'), 0, 0);
+    const QString pattern = filter.section(QLatin1Char('|'), 1, 1);
+    return text.contains(QLatin1Char('(')) ? text : QStringLiteral("%1 (%2)").arg(text, pattern);
+}
+
+std::optional<QString> runDialog(QFileDialog& dialog, const FileRequest& request)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilter(nameFilter(request.filter));
+    dialog.setDefaultSuffix(request.suffix);
+    if (!request.fileName.isEmpty())
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst();
+}
+
+} // namespace
+
+void QtDialogs::showError(QWidget* parent, const QString& text, const QString& caption)
+{
+    QMessageBox box(QMessageBox::Critical, caption, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+bool QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
+{
+    QMessageBox box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    // Neither button takes the reject role, so Escape and the box's close button answer nothing.
+    const QPushButton* yes = box.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    box.addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
+    while (box.clickedButton() == nullptr)
+        box.exec();
+    return box.clickedButton() == yes;
+}
+
+std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
+{
+    QFileDialog dialog(parent, request.title);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return runDialog(dialog, request);
+}
+
+std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileRequest& request)
+{
+    QFileDialog dialog(parent, request.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    return runDialog(dialog, request);
+}
+
+std::optional<QString> QtDialogs::editLine(QWidget* parent, const QString& caption,
+                                           const QString& label, const QString& text)
+{
+    bool accepted = false;
+    const QString edited =
+        QInputDialog::getText(parent, caption, label, QLineEdit::Normal, text, &accepted);
+    return accepted ? std::optional(edited) : std::nullopt;
+}
+
+std::optional<int> QtDialogs::editInteger(QWidget* parent, const QString& caption,
+                                          const QString& label, int value, int low, int high)
+{
+    bool accepted = false;
+    const int edited = QInputDialog::getInt(parent, caption, label, value, low, high, 1, &accepted);
+    return accepted ? std::optional(edited) : std::nullopt;
+}
+
+} // namespace window

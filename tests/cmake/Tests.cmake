@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
+# With GUI its main() makes a QApplication; without, only a plain one.
+function(add_layer_test name)
+    cmake_parse_arguments(arg "GUI" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    string(REPLACE "." "_" target test_${name})
+    add_executable(${target} ${arg_SOURCES})
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(
+        ${target} PRIVATE CL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CL_BINARY_DIR="${PROJECT_BINARY_DIR}"
+    )
+    target_link_libraries(${target} PRIVATE project_options ${arg_LIBRARIES} GTest::gtest)
+    if(arg_GUI)
+        set_target_properties(${target} PROPERTIES AUTOMOC ON)
+        target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/gui_main.cpp)
+        target_link_libraries(${target} PRIVATE Qt6::Widgets Qt6::Test)
+    else()
+        target_link_libraries(${target} PRIVATE GTest::gtest_main)
+    endif()
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    add_test(NAME ${name} COMMAND ${target})
+    set_tests_properties(
+        ${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+    )
+endfunction()
