@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/Application.h"
+
+#include "window/Dialogs.h"
+
+#include <QLibraryInfo>
+#include <QSettings>
+
+#include <exception>
+
+namespace shell {
+
+Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
+    : QApplication(argc, argv)
+    , m_dialogs(dialogs)
+{
+    setApplicationName(QStringLiteral("Cuadrado Latino"));
+    // Qt's file dialog would keep its last folder in a settings file; below a device no file can be
+    // made, so nothing is kept.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    if (m_spanish.load(QStringLiteral("qtbase_es"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&m_spanish);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()),
+                            applicationName());
+    }
+    return false;
+}
+
+} // namespace shell

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QApplication>
+#include <QTranslator>
+
+namespace window {
+class Dialogs;
+}
+
+namespace shell {
+
+/// The application: Qt's own texts in Spanish, nothing remembered between sessions, and an error
+/// box for every error that escapes a handler.
+class Application : public QApplication {
+    Q_OBJECT
+
+public:
+    /// `dialogs` must outlive the application.
+    Application(int& argc, char** argv, window::Dialogs& dialogs);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    window::Dialogs& m_dialogs;
+    QTranslator m_spanish;
+};
+
+} // namespace shell

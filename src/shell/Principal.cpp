@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/Principal.h"
+
+#include "analysis/Frmanalisis.h"
+#include "shell/WindowList.h"
+#include "square/Formeditor.h"
+#include "window/ChildWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace shell {
+
+TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
+    : QMainWindow(parent)
+    , m_dialogs(dialogs)
+    , m_area(new QMdiArea(this))
+{
+    setObjectName(QStringLiteral("Principal"));
+    setWindowTitle(QStringLiteral("Cuadrado Latino"));
+    resize(1024, 700);
+
+    m_area->setObjectName(QStringLiteral("Ventanas"));
+    m_area->setAccessibleName(QStringLiteral("Ventanas"));
+    // A child dragged over the edge stays within reach.
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(m_area);
+    connect(m_area, &QMdiArea::subWindowActivated, this, &TPrincipal::subWindowActivated);
+
+    createMenus();
+    createToolBar();
+    createStatusLine();
+    setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
+}
+
+void TPrincipal::NuevoArchivo1Click()
+{
+    adoptEditor(new square::TEditor(m_handOff, m_dialogs, m_area));
+}
+
+void TPrincipal::AbrirArchivo1Click()
+{
+    m_handOff.openOnCreate = true;
+    auto* editor = new square::TEditor(m_handOff, m_dialogs, m_area);
+    if (m_handOff.fileOpened)
+        adoptEditor(editor);
+    else
+        delete editor;
+}
+
+void TPrincipal::AnlisisdeDatos1Click()
+{
+    auto* analysis = new analysis::TAnalisis(m_handOff, m_dialogs, m_area);
+    if (m_handOff.fileOpened)
+        adopt(analysis, Show::Maximised);
+    else
+        delete analysis;
+}
+
+void TPrincipal::Cascada1Click()
+{
+    m_area->cascadeSubWindows();
+}
+
+void TPrincipal::Mosaico1Click()
+{
+    m_area->tileSubWindows();
+}
+
+void TPrincipal::Salir1Click()
+{
+    close();
+}
+
+void TPrincipal::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (!isActiveWindow())
+        m_leftForOwnDialog = QApplication::activeModalWidget() != nullptr;
+    else if (!m_leftForOwnDialog)
+        FormActivate();
+}
+
+void TPrincipal::closeEvent(QCloseEvent* event)
+{
+    m_area->closeAllSubWindows();
+    event->setAccepted(m_area->subWindowList().isEmpty());
+}
+
+void TPrincipal::createMenus()
+{
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&Archivo"));
+    QMenu* create = file->addMenu(QStringLiteral("&Nuevo"));
+    create->addAction(QStringLiteral("Análisis de &Datos..."), this,
+                      &TPrincipal::AnlisisdeDatos1Click);
+    create->addAction(QStringLiteral("&Cálculo de Potencia..."))->setEnabled(false);
+    QMenu* editor = file->addMenu(QStringLiteral("&Editor"));
+    editor->addAction(QStringLiteral("&Nuevo Archivo"), this, &TPrincipal::NuevoArchivo1Click)
+        ->setShortcut(Qt::CTRL | Qt::Key_N);
+    editor->addAction(QStringLiteral("&Abrir Archivo..."), this, &TPrincipal::AbrirArchivo1Click)
+        ->setShortcut(Qt::CTRL | Qt::Key_A);
+    file->addSeparator();
+    file->addAction(QStringLiteral("Salir"), this, &TPrincipal::Salir1Click)
+        ->setShortcut(Qt::ALT | Qt::Key_F4);
+
+    m_windowMenu = menuBar()->addMenu(QStringLiteral("&Ventana"));
+    m_windowMenu->addAction(QStringLiteral("&Cascada"), this, &TPrincipal::Cascada1Click)
+        ->setShortcut(Qt::SHIFT | Qt::Key_F4);
+    m_windowMenu->addAction(QStringLiteral("&Mosaico"), this, &TPrincipal::Mosaico1Click)
+        ->setShortcut(Qt::SHIFT | Qt::Key_F5);
+    new WindowList(*m_area, *m_windowMenu);
+
+    QMenu* help = menuBar()->addMenu(QStringLiteral("A&yuda"));
+    help->addAction(QStringLiteral("Acerca de..."))->setEnabled(false);
+}

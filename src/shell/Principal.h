@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "window/HandOff.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+
+namespace square {
+class TEditor;
+}
+namespace window {
+class ChildWindow;
+class Dialogs;
+} // namespace window
+
+namespace shell {
+
+/// The frame: menu bar, tool bar, status line, and the child windows inside.
+///
+/// Children are created by the handlers below and live until they are closed. The menu of the
+/// active child stands in the bar between "Archivo" and "Ventana". Each time the frame becomes the
+/// active window of the desktop it tiles its children. Closing the frame closes every child; one
+/// that does not close keeps the frame open.
+class TPrincipal : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// `dialogs` asks the user on behalf of every child and must outlive the frame.
+    explicit TPrincipal(window::Dialogs& dialogs, QWidget* parent = nullptr);
+
+public slots:
+    void NuevoArchivo1Click();
+    void AbrirArchivo1Click();
+    void AnlisisdeDatos1Click();
+    void Cascada1Click();
+    void Mosaico1Click();
+    void Salir1Click();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    enum class Show { Normal, Maximised };
+
+    void createMenus();
+    void createToolBar();
+    void createStatusLine();
+
+    /// Takes a child into the frame and shows it.
+    void adopt(window::ChildWindow* child, Show show);
+    void adoptEditor(square::TEditor* editor);
+    void FormActivate();
+    void subWindowActivated(QMdiSubWindow* subWindow);
+
+    window::Dialogs& m_dialogs;
+    window::HandOff m_handOff;
+    QMdiArea* m_area = nullptr;
+    QLabel* m_status = nullptr;
+    QMenu* m_windowMenu = nullptr;
+    QPointer<window::ChildWindow> m_activeChild;
+    bool m_leftForOwnDialog = false; ///< The frame lost the focus to one of its own dialogs.
+};
+
+} // namespace shell

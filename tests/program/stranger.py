@@ -1,0 +1,139 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Hands and eyes of a stranger at the running program.
+
+The eyes are the accessibility bus, where every control shows its role, name and place; the hands are
+real key presses and mouse clicks on the display. Meant to run below on_virtual_display.
+"""
+
+import os
+import signal
+import subprocess
+import time
+
+import pyatspi
+
+PATIENCE = 15.0  # seconds to wait for anything to appear; generous, for a loaded machine
+
+
+class NotFound(AssertionError):
+    pass
+
+
+def wait_for(what, look, patience=PATIENCE):
+    """The first true result of look(), asked again until patience ends."""
+    end = time.monotonic() + patience
+    while True:
+        result = look()
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise NotFound(f"waited in vain for {what}")
+        time.sleep(0.05)
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
+
+
+def screenshot(path):
+    """The whole display as a PNG."""
+    subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+
+class Program:
+    """The program as a process, from its start to its end."""
+
+    def __init__(self, executable, **environment):
+        self.process = subprocess.Popen(
+            [str(executable)], env={**os.environ, **environment}, start_new_session=True
+        )
+        self._application = wait_for("the program on the accessibility bus", self._find_itself)
+        wait_for("the frame", lambda: self.look("frame"))
+
+    def _find_itself(self):
+        if self.process.poll() is not None:
+            raise NotFound(f"the program ended with {self.process.returncode}")
+        desktop = pyatspi.Registry.getDesktop(0)
+        for application in desktop:
+            try:
+                if application and application.get_process_id() == self.process.pid:
+                    return application
+            except Exception:  # an application that left the bus while it was looked at
+                continue
+        return None
+
+    # Eyes
+
+    def controls(self):
+        """Every control that shows on the screen, outermost first."""
+        waiting = [self._application]
+        while waiting:
+            control = waiting.pop(0)
+            try:
+                children = [control.getChildAtIndex(i) for i in range(min(control.childCount, 400))]
+                if control is not self._application:
+                    yield control
+            except Exception:  # gone while it was looked at
+                continue
+            waiting += [child for child in children if child is not None]
+
+    def look(self, role, name=None):
+        """The controls of that role (and name) that are showing."""
+        found = []
+        for control in self.controls():
+            try:
+                if control.getRoleName() != role or (name is not None and control.name != name):
+                    continue
+                if control.getState().contains(pyatspi.STATE_SHOWING):
+                    found.append(control)
+            except Exception:
+                continue
+        return found
+
+    def find(self, role, name=None):
+        return wait_for(f"{role} «{name}»", lambda: self.look(role, name))[0]
+
+    def wait_until_gone(self, role, name=None):
+        wait_for(f"the end of {role} «{name}»", lambda: not self.look(role, name))
+
+    @staticmethod
+    def text(control):
+        return control.queryText().getText(0, -1)
+
+    # Hands
+
+    def click(self, control, times=1):
+        box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        xdotool("mousemove", "--sync", box.x + box.width // 2, box.y + box.height // 2)
+        xdotool("click", "--repeat", times, "--delay", 60, 1)
+
+    def press(self, *keys):
+        for key in keys:
+            xdotool("key", "--clearmodifiers", key)
+            time.sleep(0.05)
+
+    def type(self, text):
+        xdotool("type", "--delay", 12, text)
+
+    def choose(self, menu, entry):
+        """An entry of a menu of the bar, by mouse."""
+        self.click(self.find("menu item", menu))
+        self.click(self.find("menu item", entry))
+
+    def answer_file_dialog(self, path):
+        """Types a file name into the file dialog that is open and confirms it."""
+        self.find("file chooser") if self.look("file chooser") else self.find("dialog")
+        time.sleep(0.3)
+        self.press("ctrl+a")
+        self.type(str(path))
+        self.press("Return")
+
+    # The end
+
+    def wait_for_end(self):
+        return self.process.wait(timeout=PATIENCE)
+
+    def kill(self):
+        if self.process.poll() is None:
+            os.killpg(self.process.pid, signal.SIGKILL)
+            self.process.wait()

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/QtDialogs.h"
+
+#include "support/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+namespace {
+
+/// Does something to the dialog that opens next, from within its event loop.
+template <typename Dialog>
+void whenOpen(std::function<void(Dialog&)> act)
+{
+    QTimer::singleShot(0, qApp, [act] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            whenOpen<Dialog>(act);
+        else
+            act(*dialog);
+    });
+}
+
+void pressButton(const QMessageBox& box, const char* text)
+{
+    for (QAbstractButton* button : box.buttons()) {
+        if (button->text().remove(QLatin1Char('&')) == QString::fromUtf8(text)) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << text;
+}
+
+/// Name typed, then the dialog's own button: the completer's list would take a Return.
+void nameAndAccept(QFileDialog& dialog, const QString& name)
+{
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    ASSERT_NE(edit, nullptr);
+    edit->setText(name);
+    auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    ASSERT_NE(buttons, nullptr);
+    const bool saves = dialog.acceptMode() == QFileDialog::AcceptSave;
+    QTest::mouseClick(buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open),
+                      Qt::LeftButton);
+}
+
+class QtDialogs : public ::testing::Test {
+protected:
+    QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
+
+    void make(const char* name) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    window::QtDialogs dialogs;
+    window::FileRequest request{QStringLiteral("Guardar"), QString(), QStringLiteral("asc"),
+                                QStringLiteral("ASCII|*.asc"), true};
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(QtDialogs, ErrorBoxShowsItsTextAsItIs)
+{
+    whenOpen<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), QStringLiteral("Falta <b>algo</b>."));
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    dialogs.showError(nullptr, QStringLiteral("Falta <b>algo</b>."), QStringLiteral("Editor"));
+}
+
+TEST_F(QtDialogs, YesNoBoxAnswersByItsButtonsOnly)
+{
+    for (const bool yes : {true, false}) {
+        whenOpen<QMessageBox>([yes](QMessageBox& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+            EXPECT_TRUE(box.isVisible());
+            box.close();
+            EXPECT_TRUE(box.isVisible());
+            pressButton(box, yes ? "Sí" : "No");
+        });
+        EXPECT_EQ(dialogs.askYesNo(nullptr, QStringLiteral("Desea guardar los cambios?"),
+                                   QStringLiteral("Editor")),
+                  yes);
+    }
+}
+
+TEST_F(QtDialogs, SavedNameGetsTheSuffixItLacks)
+{
+    for (const auto& [typed, chosen] : {std::pair{"parcela", "parcela.asc"}, {"a.dat", "a.dat"}}) {
+        whenOpen<QFileDialog>([this, name = typed](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.nameFilters(), QStringList(QStringLiteral("ASCII (*.asc)")));
+            nameAndAccept(dialog, path(name));
+        });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request), path(chosen));
+    }
+}
+
+TEST_F(QtDialogs, OverwritingIsAskedForUnlessTheRequestWaivesIt)
+{
+    make("vieja.asc");
+    whenOpen<QFileDialog>([this](QFileDialog& dialog) {
+        whenOpen<QMessageBox>([&dialog](QMessageBox& box) {
+            box.button(QMessageBox::No)->click();
+            QTimer::singleShot(0, &dialog, &QDialog::reject);
+        });
+        nameAndAccept(dialog, path("vieja.asc"));
+    });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), std::nullopt);
+
+    request.confirmOverwrite = false;
+    whenOpen<QFileDialog>(
+        [this](QFileDialog& dialog) { nameAndAccept(dialog, path("vieja.asc")); });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("vieja.asc"));
+}
+
+TEST_F(QtDialogs, OfferedNameAndFilterAreTheRequests)
+{
+    request = {QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
+               QStringLiteral("Archivo de Texto (*.txt)|*.txt"), true};
+    whenOpen<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Exportar"));
+        EXPECT_EQ(dialog.nameFilters(), QStringList(QStringLiteral("Archivo de Texto (*.txt)")));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("reporte.txt"));
+        nameAndAccept(dialog, path("reporte.txt"));
+    });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("reporte.txt"));
+}
+
+TEST_F(QtDialogs, OpeningTakesOnlyWhatIsThere)
+{
+    make("datos.asc");
+    whenOpen<QFileDialog>(
+        [this](QFileDialog& dialog) { nameAndAccept(dialog, path("datos.asc")); });
+    EXPECT_EQ(dialogs.openFileName(nullptr, request), path("datos.asc"));
+
+    whenOpen<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(dialogs.openFileName(nullptr, request), std::nullopt);
+}
+
+TEST_F(QtDialogs, LineAndIntegerCanBeCancelled)
+{
+    const auto answer = [](int key) {
+        whenOpen<QDialog>([key](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key(key)); });
+    };
+    const QString caption = QStringLiteral("Título");
+    answer(Qt::Key_Return);
+    EXPECT_EQ(dialogs.editLine(nullptr, caption, caption, QStringLiteral("uno")),
+              QStringLiteral("uno"));
+    answer(Qt::Key_Escape);
+    EXPECT_EQ(dialogs.editLine(nullptr, caption, caption, QStringLiteral("uno")), std::nullopt);
+    answer(Qt::Key_Return);
+    EXPECT_EQ(dialogs.editInteger(nullptr, caption, caption, 3, -1, 8), 3);
+    answer(Qt::Key_Escape);
+    EXPECT_EQ(dialogs.editInteger(nullptr, caption, caption, 3, -1, 8), std::nullopt);
+}

@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Debian packages that the project needs, and how to install those that are missing. Sourced by
+# ./run and ./test.
+
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+
+# A virtual display with a window manager and a stranger's hands: what drives the real program.
+driver_packages=(
+    xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3 python3-pyatspi
+)
+
+test_packages=(
+    clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
+    libboost-dev libboost-math-dev locales
+)
+
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+            echo "$package"
+    done
+}
+
+# install_missing PACKAGE... : installs what is not there yet, without a question.
+install_missing() {
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "== Instalando: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# configure_and_build PRESET [TARGET...] : configures once, then builds what changed.
+configure_and_build() {
+    local preset=$1
+    shift
+    local launcher=()
+    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    cmake --preset "$preset" "${launcher[@]}" >/dev/null
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}
