@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
 
 namespace base {
@@ -198,6 +199,8 @@ bool isOrdinaryNotation(std::string_view text)
 bool isTooSmall(std::string_view text)
 {
     const auto mark = std::min(text.find_first_of("eE"), text.size());
+    // Far beyond any text's length, and far enough from the end of long to be added to one.
+    constexpr long furthest = std::numeric_limits<long>::max() / 2;
     long exponent = 0;
     if (mark < text.size()) {
         std::string_view digits = text.substr(mark + 1);
@@ -207,6 +210,7 @@ bool isTooSmall(std::string_view text)
         const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
         if (read.ec == std::errc::result_out_of_range)
             return negative;
+        exponent = std::clamp(exponent, -furthest, furthest);
     }
     const auto point = std::min(text.find('.'), mark);
     const auto firstSignificant = text.find_first_of("123456789");

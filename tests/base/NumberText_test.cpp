@@ -216,4 +216,7 @@ TEST_F(NumberText, OutOfRangeIsToldFromUnderflowByTheWholeNumber)
     EXPECT_EQ(base::readPlainNumber("0." + std::string(400, '0') + "1e+5"), 0.0);
     EXPECT_EQ(base::readPlainNumber(hugeDigits + "e-800"), 0.0);
     EXPECT_FALSE(base::readPlainNumber("0.001e400"));
+    // Exponents at the ends of 64 bits, which the digits before them push over.
+    EXPECT_FALSE(base::readPlainNumber("10e9223372036854775807"));
+    EXPECT_EQ(base::readPlainNumber("0.001e-9223372036854775808"), 0.0);
 }
