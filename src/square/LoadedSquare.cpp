@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "square/LoadSquare.h"
+#include "square/LoadedSquare.h"
 
 #include "base/SafeFile.h"
 #include "square/SquareFile.h"
