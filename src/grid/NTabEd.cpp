@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "grid/NTabEd.h"
+
+#include "grid/TableModel.h"
+
+#include <QHeaderView>
+
+namespace grid {
+
+QColor colorFromInteger(std::uint32_t blueGreenRed)
+{
+    return {static_cast<int>(blueGreenRed & 0xFFU), static_cast<int>(blueGreenRed >> 8U & 0xFFU),
+            static_cast<int>(blueGreenRed >> 16U & 0xFFU)};
+}
+
+TNTabEd::TNTabEd(window::Dialogs& dialogs, QWidget* parent)
+    : QTableView(parent)
+    , m_model(new TableModel(this))
+    , m_dialogs(dialogs)
+{
+    m_model->setColors({colorFromInteger(8192), Qt::red, Qt::blue, colorFromInteger(13369531)});
+    setModel(m_model);
+    verticalHeader()->setDefaultSectionSize(24);
+    setHeaderColumnWidth(80);
+    setDefaultColWidth(64);
+}
+
+TNTabEd::~TNTabEd() = default;
+
+int TNTabEd::NrOfColumns() const
+{
+    return m_model->table().columns();
+}
+
+int TNTabEd::NrOfRows() const
+{
+    return m_model->table().rows();
+}
+
+void TNTabEd::setNrOfColumns(int columns)
+{
+    resizeTable(columns, NrOfRows());
+}
+
+void TNTabEd::setNrOfRows(int rows)
+{
+    resizeTable(NrOfColumns(), rows);
+}
+
+void TNTabEd::resizeTable(int columns, int rows)
+{
+    m_model->resize(columns, rows);
+}
+
+void TNTabEd::resetTable(int columns, int rows)
+{
+    TableData fresh(columns, rows);
+    m_model->exchange(fresh);
+    clearHistory();
+}
+
+int TNTabEd::precision(int column) const
+{
+    return m_model->table().precision(column);
+}
+
+void TNTabEd::setPrecision(int column, int decimals)
+{
+    m_model->setPrecision(column, decimals);
+}
+
+QString TNTabEd::columnName(int column) const
+{
+    return m_model->table().columnName(column);
+}
+
+void TNTabEd::setColumnName(int column, const QString& name)
+{
+    m_model->setColumnName(column, name);
+}
+
+QString TNTabEd::rowName(int row) const
+{
+    return m_model->table().rowName(row);
+}
+
+void TNTabEd::setRowName(int row, const QString& name)
+{
+    m_model->setRowName(row, name);
+}
+
+double TNTabEd::value(int column, int row) const
+{
+    return m_model->table().value(column, row);
+}
+
+void TNTabEd::setValue(int column, int row, double value)
+{
+    m_model->setValue(column, row, value);
+}
+
+std::uint8_t TNTabEd::rowAttribute(int row) const
+{
+    return m_model->table().rowAttribute(row);
+}
+
+void TNTabEd::setRowAttribute(int row, std::uint8_t attribute)
+{
+    m_model->setRowAttribute(row, attribute);
+}
+
+QByteArray TNTabEd::Identifier() const
+{
+    return m_model->table().identifier;
+}
+
+void TNTabEd::setIdentifier(const QByteArray& identifier)
+{
+    m_model->setIdentifier(identifier);
+}
+
+void TNTabEd::clearMarks()
+{
+    m_model->clearMarks();
+}
+
+void TNTabEd::clearHistory() {}
+
+void TNTabEd::freeze()
+{
+    m_frozen = true;
+    setUpdatesEnabled(false);
+}
+
+void TNTabEd::release()
+{
+    m_frozen = false;
+    setUpdatesEnabled(true);
+}
+
+bool TNTabEd::commitEdit()
+{
+    return true;
+}
+
+bool TNTabEd::editingAllowed() const
+{
+    return m_editingAllowed;
+}
+
+void TNTabEd::setEditingAllowed(bool allowed)
+{
+    m_editingAllowed = allowed;
+    m_model->setEditable(m_editingAllowed && !m_readOnly);
+}
+
+bool TNTabEd::readOnly() const
+{
+    return m_readOnly;
+}
+
+void TNTabEd::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    m_model->setEditable(m_editingAllowed && !m_readOnly);
+}
+
+bool TNTabEd::AutoAdvance() const
+{
+    return m_autoAdvance;
+}
+
+void TNTabEd::setAutoAdvance(bool advance)
+{
+    m_autoAdvance = advance;
+}
+
+void TNTabEd::setDefaultColWidth(int width)
+{
+    horizontalHeader()->setDefaultSectionSize(width);
+}
+
+void TNTabEd::setHeaderColumnWidth(int width)
+{
+    verticalHeader()->setFixedWidth(width);
+}
+
+QColor TNTabEd::ColorNormal() const
+{
+    return m_model->colors().normal;
+}
+
+QColor TNTabEd::ColorMarkedA() const
+{
+    return m_model->colors().markedA;
+}
+
+QColor TNTabEd::ColorMarkedB() const
+{
+    return m_model->colors().markedB;
+}
+
+QColor TNTabEd::ColorMarkedBoth() const
+{
+    return m_model->colors().markedBoth;
+}
+
+void TNTabEd::setColorNormal(const QColor& color)
+{
+    MarkColors colors = m_model->colors();
+    colors.normal = color;
+    m_model->setColors(colors);
+}
+
+void TNTabEd::setColorMarkedA(const QColor& color)
+{
+    MarkColors colors = m_model->colors();
+    colors.markedA = color;
+    m_model->setColors(colors);
+}
+
+void TNTabEd::setColorMarkedB(const QColor& color)
+{
+    MarkColors colors = m_model->colors();
+    colors.markedB = color;
+    m_model->setColors(colors);
+}
+
+void TNTabEd::setColorMarkedBoth(const QColor& color)
+{
+    MarkColors colors = m_model->colors();
+    colors.markedBoth = color;
+    m_model->setColors(colors);
+}
+
+} // namespace grid
