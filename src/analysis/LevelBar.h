@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QScrollBar>
+
+namespace analysis {
+
+/// A horizontal scroll bar that can be reached with Tab and then shows that it has the focus.
+class LevelBar : public QScrollBar {
+    Q_OBJECT
+
+public:
+    explicit LevelBar(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace analysis
