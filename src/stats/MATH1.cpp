@@ -79,6 +79,8 @@ double IncompleteGammaP(double a, double x)
     const double factor = std::exp(a * std::log(x) - x - LnGamma(a));
     if (x < a + 1.0)
         return GammaSeries(a, x) * factor;
+    if (factor == 0.0) // so far out that the fraction itself can overflow
+        return 1.0;
     return 1.0 - GammaContFrac(a, x) * factor;
 }
 
