@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "stats/Estad.h"
+#include "window/ChildWindow.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QScrollBar;
+class QToolButton;
+
+namespace grid {
+class TNTabEd;
+}
+namespace window {
+class Dialogs;
+struct HandOff;
+} // namespace window
+
+namespace analysis {
+
+class RadioGroup;
+
+/// The window that analyses one square: choice of approach, test and level, the report and its
+/// export.
+///
+/// Its creation loads the square: the file that the hand-off names as pending, otherwise one that
+/// the user chooses. HandOff::fileOpened then tells whether a square was loaded; where none was the
+/// grid is an empty 3 x 3 one.
+class TAnalisis : public window::ChildWindow {
+    Q_OBJECT
+
+public:
+    /// Both references must outlive the window.
+    TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
+
+    QMenu* menu() const override { return m_menu; }
+    QSize sizeHint() const override;
+
+    /// The significance level as a fraction; 0.05 at first.
+    double Alpha() const { return m_alpha; }
+
+public slots:
+    void FormActivate() override;
+    void FormDeactivate() override;
+    void FormClose();
+    void RadioGroup1Click();
+    void ScrollBar1Change();
+    void SpeedButton1Click();
+    void Exportar1Click();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+    /// Runs the selected test on the grid's square. @return its report lines.
+    virtual QStringList runSelectedTest();
+
+private:
+    void createMenu();
+    void createLayout();
+    QWidget* createToolBar();
+    QWidget* createScrollBox();
+    QWidget* createOptions(QWidget* parent);
+    QWidget* createReport();
+
+    void openPendingFile(window::HandOff& handOff);
+    void openChosenFile(window::HandOff& handOff);
+    /// Loads the square of a file into the grid; says so and changes nothing where it holds none.
+    bool importFile(const QString& fileName);
+    void showBadFile(const QString& problem);
+
+    stats::Approach selectedApproach() const;
+    stats::TestKind selectedTest() const;
+    stats::TMatrix observations() const;
+
+    window::Dialogs& m_dialogs;
+    QMenu* m_menu = nullptr;
+    QToolButton* m_ve = nullptr;
+    grid::TNTabEd* m_datos = nullptr;
+    RadioGroup* m_approaches = nullptr;
+    RadioGroup* m_tests = nullptr;
+    QLabel* m_level = nullptr;
+    QScrollBar* m_levelBar = nullptr;
+    QPlainTextEdit* m_report = nullptr;
+
+    double m_alpha = 0.05;
+};
+
+} // namespace analysis
