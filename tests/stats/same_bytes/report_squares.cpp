@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Prints the reports of many squares. Built by several compilers at several levels of
+// optimisation, it must print the same bytes each time.
+
+#include "stats/Estad.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// A generator of its own: the standard library's distributions may differ between libraries.
+class Numbers {
+public:
+    /// Uniform in [0, 1) with 32 bits.
+    double next()
+    {
+        m_state = m_state * 6364136223846793005U + 1442695040888963407U;
+        return static_cast<double>(m_state >> 32U) / 4294967296.0;
+    }
+
+private:
+    std::uint64_t m_state = 1;
+};
+
+using Cell = std::function<double(int column, int row)>;
+
+/// Kinds of data: ordinary, with ties, two values, behind constant digits, equal, huge, tiny.
+std::vector<Cell> kindsOfCells(Numbers& numbers)
+{
+    return {
+        [&](int, int) { return std::floor(numbers.next() * 40.0) / 4.0; },
+        [&](int, int) { return numbers.next() * 100.0 - 30.0; },
+        [&](int, int) { return numbers.next() < 0.5 ? 1.0 : 2.0; },
+        [&](int, int) { return 1e9 + std::floor(numbers.next() * 10.0) / 10.0; },
+        [](int, int) { return 0.1; },
+        [](int column, int row) { return 0.1 * column + 0.7 * row; },
+        [&](int, int) { return numbers.next() * 1e300; },
+        [&](int, int) { return numbers.next() * 1e-300; },
+    };
+}
+
+stats::TMatrix squareOf(int n, const Cell& cell)
+{
+    stats::TMatrix square = stats::TMatrix::Create(n, n);
+    for (int row = 1; row <= n; ++row) {
+        for (int column = 1; column <= n; ++column)
+            square.Elem(column, row, cell(column, row));
+    }
+    return square;
+}
+
+void print(const QStringList& lines)
+{
+    for (const QString& line : lines) {
+        std::fputs(line.toUtf8().constData(), stdout);
+        std::fputc('\n', stdout);
+    }
+}
+
+} // namespace
+
+int main()
+{
+    QLocale::setDefault(QLocale::c());
+    constexpr int squaresOfAKind = 3;
+    Numbers numbers;
+    for (int n = 1; n <= 8; ++n) {
+        for (const Cell& cell : kindsOfCells(numbers)) {
+            for (int k = 0; k < squaresOfAKind; ++k) {
+                const stats::TMatrix square = squareOf(n, cell);
+                for (int position = 1; position <= 99; ++position) {
+                    const double alpha = (100 - position) / 100.0;
+                    print(stats::FTest(square, n, alpha));
+                }
+            }
+        }
+    }
+    return 0;
+}
