@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The form of the analysis window: its components, their names and where they stand.
+#include "analysis/Frmanalisis.h"
+
+#include "analysis/LevelBar.h"
+#include "analysis/RadioGroup.h"
+#include "grid/NTabEd.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStyle>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace analysis {
+
+namespace {
+
+QStringList approachCaptions()
+{
+    QStringList captions;
+    for (const stats::Approach approach : stats::approaches())
+        captions << stats::caption(approach);
+    return captions;
+}
+
+QToolButton* toolButton(const QString& name, const QString& text, QWidget* parent)
+{
+    auto* button = new QToolButton(parent);
+    button->setObjectName(name);
+    button->setText(text);
+    button->setAccessibleName(text);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumHeight(25);
+    return button;
+}
+
+} // namespace
+
+void TAnalisis::createMenu()
+{
+    m_menu = new QMenu(QStringLiteral("Aná&lisis"), this);
+    m_menu->setObjectName(QStringLiteral("Anlisis1"));
+    QAction* exportReport =
+        m_menu->addAction(QStringLiteral("&Exportar..."), this, &TAnalisis::Exportar1Click);
+    exportReport->setObjectName(QStringLiteral("Exportar1"));
+    exportReport->setShortcut(Qt::CTRL | Qt::Key_E);
+}
+
+void TAnalisis::createLayout()
+{
+    QWidget* toolBar = createToolBar();
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->setObjectName(QStringLiteral("Splitter1"));
+    splitter->setAccessibleName(QStringLiteral("División entre los datos y el reporte"));
+    splitter->setHandleWidth(8);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(createScrollBox());
+    splitter->addWidget(createReport());
+    splitter->setSizes({290, 241});
+    splitter->setStretchFactor(1, 1);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(toolBar);
+    column->addWidget(splitter, 1);
+}
+
+QWidget* TAnalisis::createToolBar()
+{
+    auto* toolBar = new QToolBar(QStringLiteral("Análisis"), this);
+    toolBar->setObjectName(QStringLiteral("ToolBar1"));
+    toolBar->setAccessibleName(QStringLiteral("Barra de análisis"));
+    toolBar->setMinimumHeight(33);
+
+    QToolButton* run = toolButton(QStringLiteral("SpeedButton1"), QStringLiteral("Analizar"), this);
+    run->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+    run->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    run->setShortcut(Qt::Key_F9);
+    run->setToolTip(QStringLiteral("Ejecuta la prueba elegida (F9)"));
+    connect(run, &QToolButton::clicked, this, &TAnalisis::SpeedButton1Click);
+
+    m_ve = toolButton(QStringLiteral("ve"), QStringLiteral("Ver exacta..."), this);
+    m_ve->setMinimumWidth(96);
+    m_ve->setEnabled(false);
+
+    toolBar->addSeparator();
+    toolBar->addWidget(run);
+    toolBar->addSeparator();
+    toolBar->addWidget(m_ve);
+    return toolBar;
+}
+
+QWidget* TAnalisis::createScrollBox()
+{
+    auto* scrollBox = new QScrollArea(this);
+    scrollBox->setObjectName(QStringLiteral("ScrollBox1"));
+    scrollBox->setAccessibleName(QStringLiteral("Datos y opciones"));
+    scrollBox->setWidgetResizable(true);
+    auto* content = new QWidget(scrollBox);
+    content->setObjectName(QStringLiteral("ScrollBox1Content"));
+    content->setAccessibleName(QStringLiteral("Datos y opciones"));
+
+    auto* caption = new QLabel(QStringLiteral("DATOS A ANALIZAR"), content);
+    caption->setObjectName(QStringLiteral("Label1"));
+    caption->setAccessibleName(caption->text());
+
+    m_datos = new grid::TNTabEd(m_dialogs, content);
+    m_datos->setObjectName(QStringLiteral("Datos"));
+    m_datos->setAccessibleName(QStringLiteral("Datos a analizar"));
+    m_datos->setDefaultColWidth(64);
+    m_datos->setHeaderColumnWidth(80);
+    m_datos->setAutoAdvance(true);
+    m_datos->setMinimumSize(200, 120);
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::statusText);
+
+    auto* layout = new QGridLayout(content);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(caption, 0, 0, 1, 2);
+    layout->addWidget(m_datos, 1, 0);
+    layout->addWidget(createOptions(content), 1, 1);
+    layout->setColumnStretch(0, 1);
+    scrollBox->setWidget(content);
+    return scrollBox;
+}
+
+QWidget* TAnalisis::createOptions(QWidget* parent)
+{
+    auto* options = new QGroupBox(QStringLiteral("Opciones"), parent);
+    options->setObjectName(QStringLiteral("GroupBox1"));
+    options->setAccessibleName(options->title());
+    options->setFixedWidth(198);
+
+    m_approaches =
+        new RadioGroup(QStringLiteral("RadioGroup1"), QStringLiteral("Enfoque"), options);
+    m_tests = new RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
+    connect(m_approaches, &RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
+    m_approaches->setItems(approachCaptions());
+    m_approaches->setItemIndex(0); // which offers its tests
+
+    m_level = new QLabel(options);
+    m_level->setObjectName(QStringLiteral("LabelConf"));
+    m_levelBar = new LevelBar(options);
+    m_levelBar->setObjectName(QStringLiteral("ScrollBar1"));
+    m_levelBar->setAccessibleName(QStringLiteral("Nivel de significancia, en porcentaje"));
+    connect(m_levelBar, &QScrollBar::valueChanged, this, &TAnalisis::ScrollBar1Change);
+    m_levelBar->setRange(1, 99);
+    m_levelBar->setValue(95); // which labels it
+
+    auto* column = new QVBoxLayout(options);
+    column->setContentsMargins(6, 4, 6, 6);
+    column->addWidget(m_approaches);
+    column->addWidget(m_tests);
+    column->addWidget(m_level);
+    column->addWidget(m_levelBar);
+    column->addStretch();
+    return options;
+}
+
+QWidget* TAnalisis::createReport()
+{
+    m_report = new QPlainTextEdit(QStringLiteral("REPORTE SIN GENERAR"), this);
+    m_report->setObjectName(QStringLiteral("Reporte"));
+    m_report->setAccessibleName(QStringLiteral("Reporte"));
+    // A report that a stray key could change would be no evidence.
+    m_report->setReadOnly(true);
+    m_report->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_report->setUndoRedoEnabled(false);
+    m_report->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_report->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_report->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    QFont font(QStringLiteral("Courier New"));
+    font.setStyleHint(QFont::Monospace); // the tables need a fixed pitch where there is no Courier
+    font.setPixelSize(12);
+    m_report->setFont(font);
+    return m_report;
+}
+
+} // namespace analysis
