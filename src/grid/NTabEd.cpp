@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/NTabEd.h"
 
+#include "grid/CellDelegate.h"
+#include "grid/ContextMenus.h"
+#include "grid/EditHistory.h"
 #include "grid/TableModel.h"
 
 #include <QHeaderView>
+
+#include <new>
 
 namespace grid {
 
@@ -14,15 +19,14 @@ QColor colorFromInteger(std::uint32_t blueGreenRed)
 }
 
 TNTabEd::TNTabEd(window::Dialogs& dialogs, QWidget* parent)
-    : QTableView(parent)
-    , m_model(new TableModel(this))
-    , m_dialogs(dialogs)
-{
-    m_model->setColors({colorFromInteger(8192), Qt::red, Qt::blue, colorFromInteger(13369531)});
-    setModel(m_model);
-    verticalHeader()->setDefaultSectionSize(24);
-    setHeaderColumnWidth(80);
-    setDefaultColWidth(64);
+try : QTableView(parent), m_dialogs(dialogs), m_model(new TableModel(this)),
+    m_history(new EditHistory(*m_model, this)),
+    m_delegate(new CellDelegate(*m_model, dialogs, this)), m_menus(new ContextMenus(this)) {
+    setUpView();
+    connectWidths();
+    connectUser();
+} catch (const std::bad_alloc&) {
+    throw GridError("NTABED: failed to initialize table editor (out of memory)");
 }
 
 TNTabEd::~TNTabEd() = default;
@@ -55,6 +59,7 @@ void TNTabEd::resizeTable(int columns, int rows)
 void TNTabEd::resetTable(int columns, int rows)
 {
     TableData fresh(columns, rows);
+    m_columnsSetByUser.clear();
     m_model->exchange(fresh);
     clearHistory();
 }
@@ -124,23 +129,33 @@ void TNTabEd::clearMarks()
     m_model->clearMarks();
 }
 
-void TNTabEd::clearHistory() {}
+void TNTabEd::clearHistory()
+{
+    m_history->forget();
+}
 
 void TNTabEd::freeze()
 {
+    if (m_frozen)
+        return;
     m_frozen = true;
+    m_model->setSilent(true);
     setUpdatesEnabled(false);
 }
 
 void TNTabEd::release()
 {
+    if (!m_frozen)
+        return;
     m_frozen = false;
+    m_model->setSilent(false);
+    fitAllColumns();
     setUpdatesEnabled(true);
 }
 
 bool TNTabEd::commitEdit()
 {
-    return true;
+    return m_delegate->accept();
 }
 
 bool TNTabEd::editingAllowed() const
@@ -151,7 +166,7 @@ bool TNTabEd::editingAllowed() const
 void TNTabEd::setEditingAllowed(bool allowed)
 {
     m_editingAllowed = allowed;
-    m_model->setEditable(m_editingAllowed && !m_readOnly);
+    applyEditability();
 }
 
 bool TNTabEd::readOnly() const
@@ -162,7 +177,7 @@ bool TNTabEd::readOnly() const
 void TNTabEd::setReadOnly(bool readOnly)
 {
     m_readOnly = readOnly;
-    m_model->setEditable(m_editingAllowed && !m_readOnly);
+    applyEditability();
 }
 
 bool TNTabEd::AutoAdvance() const
@@ -177,7 +192,8 @@ void TNTabEd::setAutoAdvance(bool advance)
 
 void TNTabEd::setDefaultColWidth(int width)
 {
-    horizontalHeader()->setDefaultSectionSize(width);
+    m_defaultColWidth = width;
+    fitAllColumns();
 }
 
 void TNTabEd::setHeaderColumnWidth(int width)
@@ -207,29 +223,28 @@ QColor TNTabEd::ColorMarkedBoth() const
 
 void TNTabEd::setColorNormal(const QColor& color)
 {
-    MarkColors colors = m_model->colors();
-    colors.normal = color;
-    m_model->setColors(colors);
+    changeColors([&](MarkColors& colors) { colors.normal = color; });
 }
 
 void TNTabEd::setColorMarkedA(const QColor& color)
 {
-    MarkColors colors = m_model->colors();
-    colors.markedA = color;
-    m_model->setColors(colors);
+    changeColors([&](MarkColors& colors) { colors.markedA = color; });
 }
 
 void TNTabEd::setColorMarkedB(const QColor& color)
 {
-    MarkColors colors = m_model->colors();
-    colors.markedB = color;
-    m_model->setColors(colors);
+    changeColors([&](MarkColors& colors) { colors.markedB = color; });
 }
 
 void TNTabEd::setColorMarkedBoth(const QColor& color)
 {
+    changeColors([&](MarkColors& colors) { colors.markedBoth = color; });
+}
+
+void TNTabEd::changeColors(const std::function<void(MarkColors&)>& change)
+{
     MarkColors colors = m_model->colors();
-    colors.markedBoth = color;
+    change(colors);
     m_model->setColors(colors);
 }
 

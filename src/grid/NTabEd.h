@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "grid/CellRange.h"
 #include "grid/GridError.h"
 #include "window/Dialogs.h"
 
@@ -10,10 +11,18 @@
 #include <QTableView>
 
 #include <cstdint>
+#include <functional>
+#include <set>
 
 namespace grid {
 
+class CellDelegate;
+class ContextMenus;
+class EditHistory;
 class TableModel;
+struct MarkColors;
+enum class CursorStep;
+enum class Scope;
 
 /// The colour of a blue-green-red integer, red in its low byte: 255 is red.
 QColor colorFromInteger(std::uint32_t blueGreenRed);
@@ -116,13 +125,66 @@ signals:
     /// A short message for a status line.
     void Notice(const QString& text);
 
+public slots:
+    /// What the keyboard does with type-ahead search elsewhere: nothing, the table may be huge.
+    void keyboardSearch(const QString& search) override;
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
-    TableModel* m_model;
+    void setUpView();
+    void connectUser();
+    void connectWidths();
+    void applyLightColors();
+    void applyRowHeight();
+    void applyEditability();
+    void changeColors(const std::function<void(MarkColors&)>& change);
+
+    void fitAllColumns();
+    void fitColumns(int first, int last);
+
+    bool canEdit() const;
+    /// Runs what changes the table and shows a lack of memory as an error.
+    void attempt(const std::function<void()>& action);
+    /// Runs a user's command, once the open cell is taken over.
+    void command(const std::function<void()>& action);
+    void tellEditingIsOff();
+    bool handleCommandKey(const QKeyEvent& key);
+    /// Whether Tab or Shift+Tab would leave the table.
+    bool isAtEdge(CursorStep step) const;
+    void moveCursorBy(CursorStep step);
+    void select(const CellRange& range);
+    CellRange selectedRange() const;
+    CellRange rangeOf(Scope scope) const;
+
+    void enterValue(int column, int row, double value);
+    void clear(const CellRange& range);
+    void copy(const CellRange& range);
+    void paste();
+    void extract();
+    void editIdentifier();
+    void changePrecision();
+    void undo();
+    void redo();
+    void openHeaderMenu(const QPoint& globalPosition, int column);
+
     window::Dialogs& m_dialogs;
+    TableModel* m_model;
+    EditHistory* m_history;
+    CellDelegate* m_delegate;
+    ContextMenus* m_menus;
     bool m_editingAllowed = true;
     bool m_readOnly = false;
     bool m_autoAdvance = true;
     bool m_frozen = false;
+    bool m_fitting = false;
+    int m_defaultColWidth = 64;
+    int m_headerMenuColumn = 1;
+    std::set<int> m_columnsSetByUser; ///< Left alone when columns are fitted.
 };
 
 } // namespace grid

@@ -108,15 +108,13 @@ void TableModel::setPrecision(int column, int decimals)
 void TableModel::setColumnName(int column, const QString& name)
 {
     m_table.setColumnName(column, name);
-    if (column >= 1 && column <= m_table.columns())
-        emit headerDataChanged(Qt::Horizontal, column - 1, column - 1);
+    announceHeader(Qt::Horizontal, column, column);
 }
 
 void TableModel::setRowName(int row, const QString& name)
 {
     m_table.setRowName(row, name);
-    if (row >= 1 && row <= m_table.rows())
-        emit headerDataChanged(Qt::Vertical, row - 1, row - 1);
+    announceHeader(Qt::Vertical, row, row);
 }
 
 void TableModel::setRowAttribute(int row, std::uint8_t attribute)
@@ -133,6 +131,16 @@ void TableModel::setColors(const MarkColors& colors)
 {
     m_colors = colors;
     announce(m_table.range());
+}
+
+void TableModel::setSilent(bool silent)
+{
+    if (m_silent == silent)
+        return;
+    m_silent = silent;
+    announce(m_table.range());
+    announceHeader(Qt::Horizontal, 1, m_table.columns());
+    announceHeader(Qt::Vertical, 1, m_table.rows());
 }
 
 void TableModel::setEditable(bool editable)
@@ -219,9 +227,17 @@ void TableModel::announce(const CellRange& range)
 {
     const int lastColumn = std::min(range.lastColumn(), m_table.columns());
     const int lastRow = std::min(range.lastRow(), m_table.rows());
-    if (range.column < 1 || range.row < 1 || lastColumn < range.column || lastRow < range.row)
+    if (m_silent || range.column < 1 || range.row < 1 || lastColumn < range.column ||
+        lastRow < range.row)
         return;
     emit dataChanged(index(range.row - 1, range.column - 1), index(lastRow - 1, lastColumn - 1));
+}
+
+void TableModel::announceHeader(Qt::Orientation orientation, int first, int last)
+{
+    const int count = orientation == Qt::Horizontal ? m_table.columns() : m_table.rows();
+    if (!m_silent && first >= 1 && last <= count)
+        emit headerDataChanged(orientation, first - 1, last - 1);
 }
 
 } // namespace grid

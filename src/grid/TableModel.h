@@ -49,6 +49,9 @@ public:
 
     const MarkColors& colors() const { return m_colors; }
     void setColors(const MarkColors& colors);
+    /// While silent the model tells no view of new values, marks and names; it makes up for it in
+    /// one go at the end.
+    void setSilent(bool silent);
     /// Whether cells call themselves editable.
     void setEditable(bool editable);
 
@@ -64,10 +67,12 @@ private:
     const QColor& colorOf(std::uint8_t marks) const;
     /// Tells the views that the shown part of a range has changed.
     void announce(const CellRange& range);
+    void announceHeader(Qt::Orientation orientation, int first, int last);
 
     TableData m_table;
     MarkColors m_colors;
     bool m_editable = true;
+    bool m_silent = false;
 };
 
 } // namespace grid

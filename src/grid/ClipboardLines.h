@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "grid/Outcome.h"
+
+#include <QStringView>
+
+#include <vector>
+
+/// Clipboard text taken apart, as spreadsheets and people write tables.
+namespace grid {
+
+/// The lines of a text, ended by LF or CRLF; the last one needs no end.
+std::vector<QStringView> linesOf(QStringView text);
+
+/// What separates the fields of a whole text: the tab where it has one, otherwise the semicolon,
+/// otherwise the blank. So a blank inside a field of a tab-separated text separates nothing.
+QChar separatorOf(QStringView text);
+
+/// The fields of a line without blanks around them. Blanks as separators count once however many
+/// there are; between two tabs or semicolons there is always a field, perhaps an empty one.
+std::vector<QStringView> fieldsOf(QStringView line, QChar separator);
+
+/// The number in a field, or a reason that names the line and the field, both counted from 1.
+Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber);
+
+/// A text for a message: cut where it is too long to be read there.
+QString shortened(QStringView text);
+
+} // namespace grid

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "grid/ClipboardLines.h"
+#include "grid/LatinSquare.h"
+
+namespace grid {
+
+namespace {
+
+using Result = Outcome<LatinSquare>;
+
+/// A square read in one way.
+Result readSquare(const FieldLines& lines, SquareLabels labels)
+{
+    const Outcome<Experiment> cells = readExperimentSquare(lines, labels);
+    return cells.value ? latinSquareOf(*cells.value) : Result::refused(cells.reason);
+}
+
+/// A square read in the first way that gives a Latin square; the fault of the likeliest where none
+/// does.
+Result readSquare(const FieldLines& lines)
+{
+    const std::vector<SquareLabels> ways = possibleSquareLabels(lines);
+    if (ways.empty()) {
+        return Result::refused(QStringLiteral(
+            "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
+            "tratamiento y observación, o un cuadrado de celdas como «A 24», con los campos "
+            "separados por tabuladores o por punto y coma."));
+    }
+    const Result likeliest = readSquare(lines, ways.front());
+    for (std::size_t i = 1; i < ways.size() && !likeliest.value; ++i) {
+        Result other = readSquare(lines, ways[i]);
+        if (other.value)
+            return other;
+    }
+    return likeliest;
+}
+
+Result readLatinSquare(const FieldLines& lines)
+{
+    if (!isExperimentList(lines))
+        return readSquare(lines);
+    const Outcome<Experiment> experiment = readExperimentList(lines);
+    return experiment.value ? latinSquareOf(*experiment.value) : Result::refused(experiment.reason);
+}
+
+} // namespace
+
+Outcome<LatinSquare> readCyclicSquare(QStringView text)
+{
+    const QChar separator = separatorOf(text);
+    FieldLines lines;
+    for (const QStringView line : linesOf(text)) {
+        if (line.trimmed().isEmpty())
+            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lines.size() + 1));
+        lines.push_back(fieldsOf(line, separator));
+    }
+    if (lines.empty())
+        return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+
+    const Result square = readLatinSquare(lines);
+    if (!square.value)
+        return square;
+    std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);
+    if (!cyclic) {
+        return Result::refused(QStringLiteral(
+            "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
+            "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa "
+            "analiza."));
+    }
+    return Result::of(*std::move(cyclic));
+}
+
+} // namespace grid
