@@ -2,6 +2,7 @@
 #include "stats/LatinSquareAnova.h"
 
 #include "stats/CyclicLayout.h"
+#include "stats/DegreesOfFreedom.h"
 #include "stats/DoubleDouble.h"
 #include "stats/STATIS.h"
 
@@ -123,12 +124,6 @@ double meanSquare(double sumOfSquares, std::int64_t degrees)
                        : std::numeric_limits<double>::quiet_NaN();
 }
 
-int asInt(std::int64_t degrees)
-{
-    constexpr std::int64_t largest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::min(degrees, largest));
-}
-
 } // namespace
 
 LatinSquareAnova latinSquareAnova(const TMatrix& observations, int n, double alpha)
@@ -139,7 +134,7 @@ LatinSquareAnova latinSquareAnova(const TMatrix& observations, int n, double alp
     result.errorDegrees = (order - 1) * (order - 2);
     result.totalDegrees = order * order - 1;
     result.criticalValue =
-        FQuantile(1.0 - alpha, asInt(result.sourceDegrees), asInt(result.errorDegrees));
+        FQuantile(1.0 - alpha, asDegrees(result.sourceDegrees), asDegrees(result.errorDegrees));
 
     const int exponent = commonExponent(observations, n);
     const Deviations deviation(observations, exponent);

@@ -9,7 +9,6 @@
 #include <limits>
 
 using stats::bisected;
-using stats::Bracket;
 using stats::SearchEnd;
 using stats::widened;
 

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "stats/Bennett.h"
+
+#include "stats/CyclicLayout.h"
+#include "stats/ObservationPairs.h"
+#include "stats/WholeNumbers.h"
+#include "stats/WorkingMemory.h"
+
+#include <span>
+
+namespace stats {
+
+namespace {
+
+/// Adds to each treatment's sum the ranks of its observations. A group of ties has the rank of its
+/// last member.
+void addRanks(std::span<const ObservationPair> sorted, std::span<std::int64_t> sums)
+{
+    for (std::size_t first = 0; first < sorted.size();) {
+        std::size_t end = first + 1;
+        while (end < sorted.size() && sorted[end].value == sorted[first].value)
+            ++end;
+        for (; first < end; ++first)
+            sums[static_cast<std::size_t>(sorted[first].label - 1)] +=
+                static_cast<std::int64_t>(end);
+    }
+}
+
+} // namespace
+
+std::int64_t OverallRank(const TMatrix& observations, int column, int row, int n)
+{
+    const double value = observations.Elem(column, row);
+    std::int64_t rank = 0;
+    for (int otherRow = 1; otherRow <= n; ++otherRow) {
+        for (int otherColumn = 1; otherColumn <= n; ++otherColumn)
+            rank += observations.Elem(otherColumn, otherRow) <= value ? 1 : 0;
+    }
+    return rank;
+}
+
+std::int64_t TreatmentRankSum(const TMatrix& observations, int treatment, int n)
+{
+    std::int64_t sum = 0;
+    for (int row = 1; row <= n; ++row) {
+        for (int column = 1; column <= n; ++column) {
+            if (treatmentOf(column, row, n) == treatment)
+                sum += OverallRank(observations, column, row, n);
+        }
+    }
+    return sum;
+}
+
+double BennettStatistic(const TMatrix& observations, int n)
+{
+    WorkingMemory memory;
+    std::pmr::vector<std::int64_t> rankSums(static_cast<std::size_t>(n), memory.resource());
+    addRanks(sortedPairs(observations, n, memory.resource()), rankSums);
+
+    WideInteger sumOfSquares = 0;
+    for (const std::int64_t rankSum : rankSums)
+        sumOfSquares += squaredInteger(rankSum);
+    const WideInteger cells = squaredInteger(n);
+    return ratio(12 * sumOfSquares - 3 * n * cells * squaredInteger(cells + 1),
+                 n * cells * (cells + 1));
+}
+
+} // namespace stats

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "stats/SequenceTests.h"
+
+#include "stats/DegreesOfFreedom.h"
+#include "stats/STATIS.h"
+#include "stats/Sequences.h"
+
+#include <cmath>
+#include <vector>
+
+namespace stats {
+
+SimulatedC simulateC(int n, RandomIntegers& integers)
+{
+    constexpr double scale = 5.0; // any would do: only the order of the observations counts
+    TMatrix square = TMatrix::Create(n, n);
+    std::vector<double> values(SimulatedC::squares);
+    double sum = 0.0;
+    for (double& value : values) {
+        for (int row = 1; row <= n; ++row) {
+            for (int column = 1; column <= n; ++column)
+                square.Elem(column, row, integers.next() * scale);
+        }
+        value = SequenceC(square, n);
+        sum += value;
+    }
+
+    SimulatedC result;
+    result.mean = sum / SimulatedC::squares;
+    double squaredDeviations = 0.0;
+    for (const double value : values)
+        squaredDeviations += (value - result.mean) * (value - result.mean);
+    result.variance = squaredDeviations / (SimulatedC::squares - 1);
+    result.deviation = std::sqrt(result.variance);
+    return result;
+}
+
+TestCResult testC(const TMatrix& observations, int n, double alpha, RandomIntegers& integers)
+{
+    TestCResult result;
+    result.statistic = SequenceC(observations, n);
+    if (n <= largestExactOrder) {
+        result.exact = exactDistributionOfC(n);
+        result.cumulative = result.exact->cumulative(result.statistic);
+    } else {
+        result.simulated = simulateC(n, integers);
+        result.normalised =
+            (result.statistic - result.simulated->mean) / result.simulated->variance;
+        result.cumulative = NormalCdf(result.normalised);
+    }
+    result.rejected = result.cumulative > 1.0 - alpha;
+    return result;
+}
+
+TestMResult testM(const TMatrix& observations, int n, double alpha)
+{
+    TestMResult result;
+    result.statistic = SequenceM(observations, n);
+    if (n <= largestExactOrder) {
+        result.exact = exactDistributionOfM(n);
+        result.cumulative = result.exact->cumulative(result.statistic);
+        result.rejected = result.cumulative > 1.0 - alpha;
+    } else {
+        const RankDegrees degrees(n);
+        result.criticalValue = FQuantile(1.0 - alpha, degrees.numerator, degrees.denominator);
+        result.rejected = result.statistic >= result.criticalValue;
+    }
+    return result;
+}
+
+} // namespace stats
