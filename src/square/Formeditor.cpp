@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "square/Formeditor.h"
+
+#include "grid/NTabEd.h"
+#include "square/Freeze.h"
+#include "square/GridFile.h"
+#include "square/LoadedSquare.h"
+#include "square/ShowSquare.h"
+#include "square/UpDown.h"
+#include "window/Dialogs.h"
+#include "window/HandOff.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QPointer>
+
+#include <utility>
+
+namespace square {
+
+namespace {
+
+constexpr int observationDecimals = 3;
+constexpr int treatmentDecimals = 0;
+
+QString editorCaption()
+{
+    return QStringLiteral("Editor");
+}
+
+QString invitation()
+{
+    return QStringLiteral("Puede manejar archivos de datos para el análisis aquí. Para analizar "
+                          "los datos actuales use la opción 'Guardar y Analizar'");
+}
+
+QString roundedNotice()
+{
+    return QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
+}
+
+window::FileRequest squareFileRequest(const QString& title)
+{
+    window::FileRequest request;
+    request.title = title;
+    request.suffix = QStringLiteral("asc");
+    request.filter = QStringLiteral("ASCII|*.asc");
+    return request;
+}
+
+QString numbered(const QString& prefix, int number)
+{
+    return QStringLiteral("%1 %2").arg(prefix, QString::number(number));
+}
+
+} // namespace
+
+TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
+    : ChildWindow(parent)
+    , m_handOff(handOff)
+    , m_dialogs(dialogs)
+{
+    setObjectName(QStringLiteral("Editor"));
+    setWindowTitle(editorCaption());
+    setAccessibleName(editorCaption());
+    setAttribute(Qt::WA_DeleteOnClose);
+    createControls();
+    createMenu();
+    connectControls();
+
+    const bool openOnCreate = std::exchange(m_handOff.openOnCreate, false);
+    FormCreate(openOnCreate);
+}
+
+void TEditor::FormCreate(bool openFile)
+{
+    if (openFile) {
+        m_saved = true; // unless a file is loaded there is nothing here to ask about
+        load();
+        return;
+    }
+    m_handOff.fileOpened = true;
+    setOrder(m_numTratamientos->Position());
+}
+
+void TEditor::FormActivate()
+{
+    emit statusText(invitation());
+}
+
+void TEditor::FormDeactivate()
+{
+    emit statusText(QStringLiteral("Listo."));
+}
+
+void TEditor::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(FormClose());
+}
+
+/// @return whether the editor may go.
+bool TEditor::FormClose()
+{
+    // The analysis window has the square and the status line now.
+    if (m_handedOver && m_saved)
+        return true;
+    if (!m_datos->commitEdit())
+        return false;
+    if (!m_saved) {
+        const bool wanted =
+            m_dialogs.askYesNo(this, QStringLiteral("Desea guardar los cambios?"), editorCaption());
+        if (wanted && !save())
+            return false;
+    }
+    emit statusText(QStringLiteral("Listo"));
+    return true;
+}
+
+void TEditor::Cargar1Click()
+{
+    if (m_datos->commitEdit())
+        load();
+}
+
+void TEditor::Guardar1Click()
+{
+    if (m_datos->commitEdit())
+        save();
+}
+
+void TEditor::GuardaryAnalizar1Click()
+{
+    if (!m_datos->commitEdit() || !save())
+        return;
+    m_handOff.pendingFileName = m_fileName;
+    m_handedOver = true;
+    const QPointer<TEditor> self(this); // whoever answers may delete the editor
+    emit analysisRequested();
+    if (self)
+        emit closeRequested();
+}
+
+void TEditor::NumTratamientosClick()
+{
+    if (m_datos->commitEdit())
+        setOrder(m_numTratamientos->Position());
+    else
+        m_numTratamientos->setPosition(m_refTratamientos->NrOfColumns());
+}
+
+void TEditor::NFilasChange()
+{
+    // A character that the edit refuses comes here too, without a change.
+    if (m_nFilas->text() == m_rowPrefix)
+        return;
+    m_rowPrefix = m_nFilas->text();
+    m_saved = false;
+    nameRows(*m_refTratamientos);
+    nameRows(*m_datos);
+}
+
+void TEditor::NColumnasChange()
+{
+    if (m_nColumnas->text() == m_columnPrefix)
+        return;
+    m_columnPrefix = m_nColumnas->text();
+    m_saved = false;
+    nameColumns(*m_refTratamientos);
+    nameColumns(*m_datos);
+}
+
+void TEditor::DatosChange()
+{
+    m_saved = false;
+}
+
+void TEditor::aleatorizar()
+{
+    const Freeze freeze(*m_refTratamientos);
+    const int n = m_refTratamientos->NrOfColumns();
+    for (int row = 1; row <= n; ++row) {
+        int treatment = row;
+        for (int column = 1; column <= n; ++column) {
+            m_refTratamientos->setValue(column, row, treatment);
+            treatment = treatment < n ? treatment + 1 : 1;
+        }
+    }
+}
+
+/// Asks for a file and shows it. @return whether it is there; otherwise nothing has changed
+bool TEditor::load()
+{
+    const std::optional<QString> fileName =
+        m_dialogs.openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
+    m_handOff.fileOpened = fileName.has_value();
+    if (!fileName)
+        return false;
+    const LoadedSquare loaded = loadSquare(*fileName);
+    QString problem = loaded.problem;
+    if (loaded.data)
+        problem = showLoaded(*loaded.data);
+    if (!problem.isEmpty()) {
+        m_handOff.fileOpened = false;
+        m_dialogs.showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
+        return false;
+    }
+    rememberFile(*fileName);
+    return true;
+}
+
+/// Shows a square that was read, with its treatments beside it, all or nothing.
+/// @return what stood in the way
+QString TEditor::showLoaded(const SquareData& square)
+{
+    const int order = square.NrOfColumns();
+    const int previousOrder = m_refTratamientos->NrOfColumns();
+    try {
+        m_refTratamientos->resizeTable(order, order);
+        showSquare(square, *m_datos);
+    } catch (const grid::GridError& error) {
+        m_refTratamientos->resizeTable(previousOrder, previousOrder);
+        return QString::fromUtf8(error.what());
+    }
+    m_numTratamientos->setPosition(order);
+    setPrecisions();
+    aleatorizar();
+    return {};
+}
+
+/// Writes the square to its file, or to the one that the user is asked for.
+/// @return whether it was written; otherwise the user knows why
+bool TEditor::save()
+{
+    std::optional<QString> fileName = m_fileName;
+    if (m_fileName.isEmpty())
+        fileName =
+            m_dialogs.saveFileName(this, squareFileRequest(QStringLiteral("Guardar Archivo")));
+    if (!fileName)
+        return false;
+    if (const auto reason = Export(*m_datos, *fileName)) {
+        m_dialogs.showError(
+            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(*fileName, *reason),
+            editorCaption());
+        return false;
+    }
+    rememberFile(*fileName);
+    emit statusText(encodingChangesValues(squareOf(*m_datos)) ? roundedNotice() : invitation());
+    return true;
+}
+
+void TEditor::rememberFile(const QString& fileName)
+{
+    m_fileName = fileName;
+    setWindowTitle(QStringLiteral("%1 - %2").arg(editorCaption(), fileName));
+    m_saved = true;
+}
+
+/// A new order for both grids, with the headers named after the prefixes.
+void TEditor::setOrder(int order)
+{
+    m_refTratamientos->resizeTable(order, order);
+    m_datos->resizeTable(order, order);
+    m_saved = false;
+    setPrecisions();
+    for (grid::TNTabEd* const table : {m_refTratamientos, m_datos}) {
+        nameColumns(*table);
+        nameRows(*table);
+    }
+    aleatorizar();
+}
+
+/// The user brought a whole experiment into the grid: everything around it follows.
+void TEditor::DatosResized(int columns)
+{
+    m_refTratamientos->resizeTable(columns, columns);
+    m_numTratamientos->setPosition(columns);
+    setPrecisions();
+    nameColumns(*m_refTratamientos);
+    nameRows(*m_refTratamientos);
+    aleatorizar();
+}
+
+void TEditor::setPrecisions()
+{
+    for (int column = 1; column <= m_refTratamientos->NrOfColumns(); ++column) {
+        m_refTratamientos->setPrecision(column, treatmentDecimals);
+        m_datos->setPrecision(column, observationDecimals);
+    }
+}
+
+void TEditor::nameColumns(grid::TNTabEd& table) const
+{
+    const Freeze freeze(table);
+    for (int column = 1; column <= table.NrOfColumns(); ++column)
+        table.setColumnName(column, numbered(m_columnPrefix, column));
+}
+
+void TEditor::nameRows(grid::TNTabEd& table) const
+{
+    const Freeze freeze(table);
+    for (int row = 1; row <= table.NrOfRows(); ++row)
+        table.setRowName(row, numbered(m_rowPrefix, row));
+}
+
+/// While the editor is being created its dialogs stand over what will hold it.
+QWidget* TEditor::dialogParent()
+{
+    return isVisible() ? this : parentWidget();
+}
+
+} // namespace square

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "window/ChildWindow.h"
+
+class QLineEdit;
+
+namespace grid {
+class TNTabEd;
+}
+namespace window {
+class Dialogs;
+struct HandOff;
+} // namespace window
+
+namespace square {
+
+class SquareData;
+class UpDown;
+
+/// The data editor: the observations of one square, next to them the treatment of each cell, and
+/// the file that they are saved in and loaded from.
+///
+/// Every command first takes over the cell that is being edited, and does nothing when its text is
+/// refused. A save that fails tells the user why and leaves file, caption and Saved() as they were;
+/// so does a file that cannot be loaded.
+class TEditor : public window::ChildWindow {
+    Q_OBJECT
+
+public:
+    /// An empty square of order 3, unsaved; or, where the hand-off asks for it, the file that the
+    /// user is asked for. When that comes to nothing, `handOff.fileOpened` is false and the editor
+    /// closes unasked. `handOff` and `dialogs` outlive the editor.
+    TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
+
+    QMenu* menu() const override { return m_menu; }
+    void FormActivate() override;
+    void FormDeactivate() override;
+
+    /// Whether the grids hold nothing unsaved. False for a new square, though nothing was typed.
+    bool Saved() const { return m_saved; }
+    /// The file last loaded or saved; empty for a new square.
+    const QString& FileName() const { return m_fileName; }
+
+    QSize sizeHint() const override;
+
+public slots:
+    void Cargar1Click();
+    void Guardar1Click();
+    /// Saves, leaves the file name in the hand-off, asks for an analysis window and then for its
+    /// own close, which then neither asks nor writes to the status line.
+    void GuardaryAnalizar1Click();
+    void NumTratamientosClick();
+    void NFilasChange();
+    void NColumnasChange();
+    void DatosChange();
+
+    /// Writes the cyclic square into the reference grid: cell (column, row) gets treatment
+    /// ((column + row - 2) mod n) + 1. Nothing is drawn at random, in spite of the name.
+    void aleatorizar();
+
+signals:
+    /// The file named in the hand-off is ready to be analysed. closeRequested() follows.
+    void analysisRequested();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void createControls();
+    QWidget* createOptions();
+    QWidget* createPanes();
+    void createMenu();
+    void connectControls();
+
+    void FormCreate(bool openFile);
+    bool FormClose();
+
+    bool load();
+    bool save();
+    QString showLoaded(const SquareData& square);
+    void rememberFile(const QString& fileName);
+    void setOrder(int order);
+    void DatosResized(int columns);
+    void nameColumns(grid::TNTabEd& table) const;
+    void nameRows(grid::TNTabEd& table) const;
+    void setPrecisions();
+    QWidget* dialogParent();
+
+    window::HandOff& m_handOff;
+    window::Dialogs& m_dialogs;
+    QMenu* m_menu = nullptr;
+    UpDown* m_numTratamientos = nullptr;
+    QLineEdit* m_nFilas = nullptr;
+    QLineEdit* m_nColumnas = nullptr;
+    grid::TNTabEd* m_datos = nullptr;
+    grid::TNTabEd* m_refTratamientos = nullptr;
+    QString m_rowPrefix;    ///< Of the names that the rows have now.
+    QString m_columnPrefix; ///< Of the names that the columns have now.
+    QString m_fileName;
+    bool m_saved = false;
+    bool m_handedOver = false; ///< "Guardar y Analizar" has left the file to an analysis window.
+};
+
+} // namespace square

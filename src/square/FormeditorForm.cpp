@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the data editor looks like: its controls, its menu, and what they call.
+#include "square/Formeditor.h"
+
+#include "grid/NTabEd.h"
+#include "square/PrefixValidator.h"
+#include "square/SquareData.h"
+#include "square/UpDown.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace square {
+
+namespace {
+
+constexpr int lowestOrder = 3;
+constexpr int highestOrder = 6;
+
+/// A prefix leaves room for a blank and a number of three digits in the name made of it.
+constexpr int longestPrefix = longestName - 4;
+
+constexpr int observationWidth = 64; // pixels
+constexpr int treatmentWidth = 32;
+constexpr int headerWidth = 80;
+
+QLabel* labelOf(QWidget* control, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setBuddy(control);
+    return label;
+}
+
+QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& accessibleName)
+{
+    auto* edit = new QLineEdit(text);
+    edit->setObjectName(name);
+    edit->setAccessibleName(accessibleName);
+    edit->setMaxLength(longestPrefix);
+    edit->setValidator(new PrefixValidator(edit));
+    edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
+    edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 30);
+    return edit;
+}
+
+grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName,
+                       int columnWidth)
+{
+    auto* table = new grid::TNTabEd(dialogs);
+    table->setObjectName(name);
+    table->setAccessibleName(accessibleName);
+    table->setColorNormal(grid::colorFromInteger(8192));
+    table->setColorMarkedA(Qt::red);
+    table->setColorMarkedB(Qt::blue);
+    table->setColorMarkedBoth(grid::colorFromInteger(13369531));
+    table->setDefaultColWidth(columnWidth);
+    table->setHeaderColumnWidth(headerWidth);
+    return table;
+}
+
+QWidget* paneOf(grid::TNTabEd* table, const QString& title)
+{
+    auto* pane = new QWidget;
+    auto* layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(labelOf(table, title));
+    layout->addWidget(table, 1);
+    return pane;
+}
+
+} // namespace
+
+QSize TEditor::sizeHint() const
+{
+    return {640, 400};
+}
+
+void TEditor::createControls()
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(createOptions());
+    layout->addWidget(createPanes(), 1);
+    setTabOrder(m_numTratamientos, m_nFilas);
+    setTabOrder(m_nFilas, m_nColumnas);
+    setTabOrder(m_nColumnas, m_datos);
+    setTabOrder(m_datos, m_refTratamientos);
+    m_datos->setFocus();
+}
+
+QWidget* TEditor::createOptions()
+{
+    m_numTratamientos = new UpDown(lowestOrder, highestOrder);
+    m_numTratamientos->setObjectName(QStringLiteral("NumTratamientos"));
+    m_numTratamientos->setAccessibleName(QStringLiteral("Número de tratamientos"));
+    m_numTratamientos->edit()->setObjectName(QStringLiteral("Edit1"));
+    m_numTratamientos->edit()->setAccessibleName(m_numTratamientos->accessibleName());
+    m_rowPrefix = QStringLiteral("Fila");
+    m_columnPrefix = QStringLiteral("Col");
+    m_nFilas = prefixEdit(QStringLiteral("NFilas"), m_rowPrefix, QStringLiteral("Nombre de filas"));
+    m_nColumnas = prefixEdit(QStringLiteral("NColumnas"), m_columnPrefix,
+                             QStringLiteral("Nombre de columnas"));
+
+    auto* group = new QGroupBox(QStringLiteral("Opciones de Datos"));
+    group->setObjectName(QStringLiteral("OpcionesDeDatos"));
+    group->setAccessibleName(group->title());
+    auto* layout = new QHBoxLayout(group);
+    layout->addWidget(labelOf(m_numTratamientos, QStringLiteral("Num. Tratamientos")));
+    layout->addWidget(m_numTratamientos);
+    layout->addSpacing(12);
+    layout->addWidget(labelOf(m_nFilas, QStringLiteral("Nombre Filas")));
+    layout->addWidget(m_nFilas, 1);
+    layout->addSpacing(12);
+    layout->addWidget(labelOf(m_nColumnas, QStringLiteral("Nombre Columnas")));
+    layout->addWidget(m_nColumnas, 1);
+    layout->addStretch();
+    return group;
+}
+
+QWidget* TEditor::createPanes()
+{
+    m_datos =
+        tableOf(m_dialogs, QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
+    m_datos->setAutoAdvance(true);
+    m_refTratamientos = tableOf(m_dialogs, QStringLiteral("RefTratamientos"),
+                                QStringLiteral("Referencia: tratamientos"), treatmentWidth);
+    m_refTratamientos->setAutoAdvance(false);
+    m_refTratamientos->setReadOnly(true);
+
+    auto* splitter = new QSplitter(Qt::Horizontal);
+    splitter->setObjectName(QStringLiteral("Splitter1"));
+    splitter->setAccessibleName(QStringLiteral("Datos y tratamientos"));
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(paneOf(m_datos, QStringLiteral("DATOS")));
+    splitter->addWidget(paneOf(m_refTratamientos, QStringLiteral("REFERENCIA: TRATAMIENTOS")));
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 2);
+    return splitter;
+}
+
+void TEditor::createMenu()
+{
+    const auto add = [this](const QString& name, const QString& text, auto handler) {
+        QAction* action = m_menu->addAction(text, this, handler);
+        action->setObjectName(name);
+        return action;
+    };
+    m_menu = new QMenu(QStringLiteral("E&ditor"), this);
+    m_menu->setObjectName(QStringLiteral("Editor1"));
+    add(QStringLiteral("Cargar1"), QStringLiteral("&Cargar..."), &TEditor::Cargar1Click)
+        ->setShortcut(Qt::Key_F3);
+    add(QStringLiteral("Guardar1"), QStringLiteral("&Guardar..."), &TEditor::Guardar1Click)
+        ->setShortcut(Qt::Key_F2);
+    add(QStringLiteral("GuardaryAnalizar1"), QStringLiteral("Guardar y &Analizar..."),
+        &TEditor::GuardaryAnalizar1Click);
+}
+
+void TEditor::connectControls()
+{
+    connect(m_numTratamientos, &UpDown::Click, this, &TEditor::NumTratamientosClick);
+    connect(m_nFilas, &QLineEdit::textChanged, this, &TEditor::NFilasChange);
+    connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
+    connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);
+    connect(m_datos, &grid::TNTabEd::TableResized, this, &TEditor::DatosResized);
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+    connect(m_refTratamientos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+}
+
+} // namespace square
