@@ -129,10 +129,11 @@ void TAnalisis::SpeedButton1Click()
         return;
     emit statusText(QStringLiteral("Analizando, Espere..."));
     m_report->clear();
+    // Until a test has handed over a whole distribution there is none to see.
+    m_ve->setEnabled(false);
     try {
         m_report->setPlainText(runSelectedTest().join(QLatin1Char('\n')));
     } catch (const std::exception& failure) {
-        m_ve->setEnabled(false);
         emit statusText(invitation());
         m_dialogs.showError(this, failureText(failure), windowCaption());
         return;
@@ -155,7 +156,7 @@ void TAnalisis::Exportar1Click()
         text += line + QStringLiteral("\r\n");
     if (const auto reason = base::writeFile(*fileName, text.toUtf8()))
         m_dialogs.showError(
-            this, QStringLiteral("No se pudo guardar el archivo %1.\n%2").arg(*fileName, *reason),
+            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(*fileName, *reason),
             windowCaption());
 }
 
@@ -167,10 +168,31 @@ void TAnalisis::closeEvent(QCloseEvent* event)
 
 QStringList TAnalisis::runSelectedTest()
 {
-    if (selectedTest() != stats::TestKind::F)
-        return {};
-    m_ve->setEnabled(false);
-    return stats::FTest(observations(), m_datos->NrOfColumns(), m_alpha);
+    const stats::TMatrix square = observations();
+    const int n = m_datos->NrOfColumns();
+    switch (selectedTest()) {
+    case stats::TestKind::F:
+        return stats::FTest(square, n, m_alpha);
+    case stats::TestKind::Zimmerman:
+        return stats::ZimmermanTest(square, n, m_alpha);
+    case stats::TestKind::Bennett:
+        return stats::BennettTest(square, n, m_alpha);
+    case stats::TestKind::C:
+        return runSequenceTest(stats::TestC, QStringLiteral("c"), square);
+    case stats::TestKind::M:
+        return runSequenceTest(stats::TestM, QStringLiteral("m"), square);
+    }
+    return {};
+}
+
+QStringList TAnalisis::runSequenceTest(SequenceTest* test, const QString& statistic,
+                                       const stats::TMatrix& square)
+{
+    const QStringList lines = test(square, m_datos->NrOfColumns(), m_alpha, m_exactValues,
+                                   m_exactAvailable, m_exactCount, m_exactTitle);
+    m_exactName = statistic;
+    m_ve->setEnabled(m_exactAvailable);
+    return lines;
 }
 
 void TAnalisis::openPendingFile(window::HandOff& handOff)

@@ -40,6 +40,16 @@ public:
     /// The significance level as a fraction; 0.05 at first.
     double Alpha() const { return m_alpha; }
 
+    /// The exact distribution that the last test C or M of order 3 handed over: ExactCount() values
+    /// of the statistic, ascending, then as many probabilities.
+    const stats::ExactValues& ExactValues() const { return m_exactValues; }
+    int ExactCount() const { return m_exactCount; }
+    /// Whether the last test C or M had an exact distribution.
+    bool ExactAvailable() const { return m_exactAvailable; }
+    const QString& ExactTitle() const { return m_exactTitle; }
+    /// "c" or "m" after a test C or M; empty before the first.
+    const QString& ExactName() const { return m_exactName; }
+
 public slots:
     void FormActivate() override;
     void FormDeactivate() override;
@@ -56,6 +66,9 @@ protected:
     virtual QStringList runSelectedTest();
 
 private:
+    using SequenceTest = QStringList(const stats::TMatrix&, int, double, stats::ExactValues&, bool&,
+                                     int&, QString&);
+
     void createMenu();
     void createLayout();
     QWidget* createToolBar();
@@ -72,6 +85,8 @@ private:
     stats::Approach selectedApproach() const;
     stats::TestKind selectedTest() const;
     stats::TMatrix observations() const;
+    QStringList runSequenceTest(SequenceTest* test, const QString& statistic,
+                                const stats::TMatrix& square);
 
     window::Dialogs& m_dialogs;
     QMenu* m_menu = nullptr;
@@ -84,6 +99,11 @@ private:
     QPlainTextEdit* m_report = nullptr;
 
     double m_alpha = 0.05;
+    stats::ExactValues m_exactValues{};
+    int m_exactCount = 0;
+    bool m_exactAvailable = false;
+    QString m_exactTitle;
+    QString m_exactName;
 };
 
 } // namespace analysis

@@ -79,6 +79,7 @@ QWidget* TAnalisis::createToolBar()
     toolBar->setObjectName(QStringLiteral("ToolBar1"));
     toolBar->setAccessibleName(QStringLiteral("Barra de análisis"));
     toolBar->setMinimumHeight(33);
+    toolBar->setIconSize({16, 16});
 
     QToolButton* run = toolButton(QStringLiteral("SpeedButton1"), QStringLiteral("Analizar"), this);
     run->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
@@ -136,7 +137,9 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     auto* options = new QGroupBox(QStringLiteral("Opciones"), parent);
     options->setObjectName(QStringLiteral("GroupBox1"));
     options->setAccessibleName(options->title());
-    options->setFixedWidth(198);
+    // Wider only where the font makes a caption wider.
+    options->setMinimumWidth(198);
+    options->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 
     m_approaches =
         new RadioGroup(QStringLiteral("RadioGroup1"), QStringLiteral("Enfoque"), options);
@@ -155,7 +158,7 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     m_levelBar->setValue(95); // which labels it
 
     auto* column = new QVBoxLayout(options);
-    column->setContentsMargins(6, 4, 6, 6);
+    column->setContentsMargins(2, 2, 2, 2);
     column->addWidget(m_approaches);
     column->addWidget(m_tests);
     column->addWidget(m_level);

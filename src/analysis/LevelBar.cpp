@@ -11,6 +11,7 @@ LevelBar::LevelBar(QWidget* parent)
     : QScrollBar(Qt::Horizontal, parent)
 {
     setFocusPolicy(Qt::StrongFocus);
+    setInvertedControls(false); // the keys that point right raise the level
 }
 
 void LevelBar::paintEvent(QPaintEvent* event)

@@ -5,7 +5,8 @@
 
 namespace analysis {
 
-/// A horizontal scroll bar that can be reached with Tab and then shows that it has the focus.
+/// A horizontal scroll bar that can be reached with Tab, moves with the arrow keys and shows that
+/// it has the focus.
 class LevelBar : public QScrollBar {
     Q_OBJECT
 

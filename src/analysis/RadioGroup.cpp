@@ -16,7 +16,7 @@ RadioGroup::RadioGroup(const QString& name, const QString& caption, QWidget* par
 {
     setObjectName(name);
     setAccessibleName(caption);
-    m_column->setContentsMargins(4, 2, 4, 2);
+    m_column->setContentsMargins(2, 2, 2, 2);
     m_column->setSpacing(2);
     connect(m_buttons, &QButtonGroup::idToggled, this, [this](int index, bool checked) {
         if (!checked)
@@ -78,7 +78,7 @@ void RadioGroup::appendButton()
     auto* button = new QRadioButton(this);
     button->setObjectName(QStringLiteral("%1Item%2").arg(objectName()).arg(index));
     m_buttons->addButton(button, index);
-    m_column->addWidget(button);
+    m_column->addWidget(button, 0, Qt::AlignLeft);
     if (!before.isEmpty())
         setTabOrder(before.constLast(), button);
 }

@@ -1,0 +1,405 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/AnalysisFixture.h"
+
+#include "base/NumberText.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <new>
+#include <numeric>
+
+namespace {
+
+const QString analysing = QStringLiteral("Analizando, Espere...");
+const QString complete =
+    QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
+
+class AnalysisRunning : public AnalysisFixture {
+protected:
+    /// A statistic of the report against its published text, to the last digit.
+    void expectNumber(const QString& label, const char* text) const
+    {
+        EXPECT_EQ(afterLabel(label), QString::fromUtf8(text));
+    }
+
+    /// `count` ascending values from 0 to `largest`, then as many probabilities that add up to 1.
+    void expectExactDistribution(int count, double largest) const
+    {
+        constexpr double roundingOfTheSum = 1e-14;
+        ASSERT_EQ(window->ExactCount(), count);
+        const auto values = window->ExactValues().begin();
+        const auto probabilities = values + count;
+        EXPECT_EQ(values[0], 0.0);
+        EXPECT_EQ(values[count - 1], largest);
+        EXPECT_TRUE(std::is_sorted(values, probabilities));
+        EXPECT_NEAR(std::accumulate(probabilities, probabilities + count, 0.0), 1.0,
+                    roundingOfTheSum);
+    }
+};
+
+/// A window whose tests fail on the way.
+template <typename Failure>
+class FailingAnalysis : public analysis::TAnalisis {
+public:
+    FailingAnalysis(window::HandOff& handOff, window::Dialogs& dialogs, const Failure& failure)
+        : TAnalisis(handOff, dialogs)
+        , m_failure(failure)
+    {
+    }
+
+protected:
+    QStringList runSelectedTest() override { throw m_failure; }
+
+private:
+    Failure m_failure;
+};
+
+} // namespace
+
+TEST_F(AnalysisRunning, EachApproachOffersItsTests)
+{
+    openSquare(orderThree);
+    choose(approaches(), ranks);
+    EXPECT_EQ(tests().title(), QStringLiteral("Prueba"));
+    EXPECT_EQ(tests().items(),
+              QStringList({QStringLiteral("Zimmerman (F)"), QStringLiteral("Bennett (Chi-2)")}));
+    EXPECT_EQ(tests().itemIndex(), 1) << "Bennett is preselected";
+    choose(approaches(), sequences);
+    EXPECT_EQ(tests().items(), QStringList({QStringLiteral("Prueba C (Exacta -> Normal)"),
+                                            QStringLiteral("Prueba M (Exacta -> F)")}));
+    EXPECT_EQ(tests().itemIndex(), 0);
+    choose(approaches(), classical);
+    EXPECT_EQ(tests().items(), QStringList(QStringLiteral("Prueba F")));
+    EXPECT_EQ(tests().itemIndex(), 0);
+    EXPECT_EQ(report().toPlainText(), QStringLiteral("REPORTE SIN GENERAR"));
+    EXPECT_TRUE(statusTexts.isEmpty());
+}
+
+TEST_F(AnalysisRunning, TheOffersOfAllApproachesFitTheirBox)
+{
+    openSquare(orderThree);
+    show();
+    for (const int approach : {classical, ranks, sequences}) {
+        choose(approaches(), approach);
+        EXPECT_TRUE(tests().isVisible());
+        for (const auto* button : tests().findChildren<QRadioButton*>())
+            EXPECT_TRUE(QTest::qWaitFor([&] {
+                return button->width() >= button->sizeHint().width() &&
+                       tests().rect().contains(button->geometry());
+            })) << button->text().toStdString();
+    }
+}
+
+TEST_F(AnalysisRunning, AnApproachChosenTwiceKeepsTheTest)
+{
+    openSquare(orderThree);
+    choose(approaches(), ranks);
+    choose(tests(), 0);
+    choose(approaches(), ranks);
+    EXPECT_EQ(tests().itemIndex(), 0);
+}
+
+TEST_F(AnalysisRunning, TheBarSetsTheLevelExactly)
+{
+    openSquare(orderThree);
+    const auto* label = find<QLabel>("LabelConf");
+    for (int percent = 99; percent >= 1; --percent) {
+        level().setValue(percent);
+        EXPECT_EQ(window->Alpha(), (100 - percent) / 100.0);
+        EXPECT_EQ(label->text(), QStringLiteral("Nivel de Significancia: %1%").arg(percent));
+        EXPECT_EQ(label->accessibleName(), label->text());
+    }
+    EXPECT_EQ(window->Alpha(), 0.99);
+    EXPECT_EQ(report().toPlainText(), QStringLiteral("REPORTE SIN GENERAR"));
+}
+
+TEST_F(AnalysisRunning, TheReportNamesTheLevelAlikeBeforeAndAfterTheBarMoved)
+{
+    openSquare(propellant);
+    run();
+    const QString before = report().toPlainText();
+    EXPECT_TRUE(before.contains(QStringLiteral("F(0.05)")));
+    level().setValue(1);
+    run();
+    EXPECT_TRUE(report().toPlainText().contains(QStringLiteral("F(0.99)")));
+    level().setValue(95);
+    run();
+    EXPECT_EQ(report().toPlainText(), before);
+}
+
+TEST_F(AnalysisRunning, ReplacesTheReportByTheLinesOfTheTest)
+{
+    openSquare(propellant);
+    run();
+    EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
+    const QStringList lines = reportLines();
+    ASSERT_EQ(lines.size(), 13);
+    EXPECT_EQ(lines[0], QStringLiteral("                 Análisis de Covarianza (Enfoque Clásico)"
+                                       "                 "));
+    EXPECT_EQ(lines[1], QStringLiteral(" "));
+    EXPECT_EQ(lines[11], QString());
+    EXPECT_FALSE(report().toPlainText().contains(QStringLiteral("REPORTE SIN GENERAR")));
+    // Published sums of squares.
+    const auto sumOfSquares = [this](const char* label) {
+        return afterLabel(QString::fromLatin1(label)).simplified().section(QLatin1Char(' '), 1, 1);
+    };
+    EXPECT_EQ(sumOfSquares("Filas "), QStringLiteral("68"));
+    EXPECT_EQ(sumOfSquares("Columnas "), QStringLiteral("150"));
+    EXPECT_EQ(sumOfSquares("Tratamientos "), QStringLiteral("330"));
+    EXPECT_EQ(sumOfSquares("Error "), QStringLiteral("128"));
+    EXPECT_EQ(sumOfSquares(" TOTAL "), QStringLiteral("676"));
+
+    run();
+    EXPECT_EQ(reportLines(), lines) << "a second run replaces the first";
+}
+
+TEST_F(AnalysisRunning, TheReportStartsAtItsFirstLine)
+{
+    openSquare(propellant);
+    show();
+    run();
+    EXPECT_EQ(report().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(report().horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(AnalysisRunning, TheReportHasTheDecimalSignOfTheLocale)
+{
+    const struct {
+        QLocale locale;
+        char sign;
+    } cases[] = {
+        {QLocale::c(), '.'},
+        {QLocale(QLocale::Spanish, QLocale::Spain), ','},
+        {QLocale(QLocale::Spanish, QLocale::Mexico), '.'},
+        {QLocale(QLocale::German, QLocale::Germany), ','},
+    };
+    for (const auto& [locale, sign] : cases) {
+        QLocale::setDefault(locale);
+        openSquare(propellant);
+        EXPECT_EQ(datos().value(2, 1), 20.0);
+        run();
+        const auto written = [point = sign](const char* number) {
+            return QString::fromLatin1(number).replace(QLatin1Char('.'), QLatin1Char(point));
+        };
+        EXPECT_TRUE(reportLines()[3].endsWith(written("F(0.05)")))
+            << reportLines()[3].toStdString();
+        EXPECT_TRUE(afterLabel(QStringLiteral("Tratamientos ")).contains(written("7.73")));
+    }
+}
+
+TEST_F(AnalysisRunning, ACellBeingEditedCounts)
+{
+    openSquare(propellant);
+    show();
+    run();
+    const QString before = report().toPlainText();
+    typeIntoCell(3, 2, QStringLiteral("99"));
+    run();
+    EXPECT_EQ(datos().value(3, 2), 99.0);
+    const QString after = report().toPlainText();
+    EXPECT_NE(after, before);
+    Rows changed = propellant;
+    changed[1][2] = 99;
+    openSquare(changed);
+    run();
+    EXPECT_EQ(report().toPlainText(), after);
+}
+
+TEST_F(AnalysisRunning, ARefusedCellStopsTheRun)
+{
+    openSquare(propellant);
+    show();
+    typeIntoCell(1, 1, QStringLiteral("1.234,5"));
+    run();
+    EXPECT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_EQ(report().toPlainText(), QStringLiteral("REPORTE SIN GENERAR"));
+    EXPECT_FALSE(statusTexts.contains(analysing));
+    EXPECT_EQ(datos().value(1, 1), 24.0);
+}
+
+TEST_F(AnalysisRunning, AnswersForEveryShapeThatAFileBrings)
+{
+    for (const auto& [columns, rows] : {std::pair{1, 1},
+                                        {2, 2},
+                                        {7, 7},
+                                        {8, 8},
+                                        {20, 20},
+                                        {4, 3},
+                                        {3, 4},
+                                        {1, 5},
+                                        {5, 1},
+                                        {20, 2}}) {
+        Rows square(static_cast<std::size_t>(rows),
+                    std::vector<double>(static_cast<std::size_t>(columns)));
+        double value = 0.5;
+        for (auto& row : square)
+            for (double& cell : row)
+                cell = value = 1000 - value * 1.37;
+        openSquare(square);
+        const std::vector<int> testCounts{1, 2, 2};
+        for (const int approach : {classical, ranks, sequences}) {
+            for (int test = 0; test < testCounts[static_cast<std::size_t>(approach)]; ++test) {
+                statusTexts.clear();
+                run(approach, test);
+                EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
+                EXPECT_GE(reportLines().size(), 3) << columns << " x " << rows;
+                EXPECT_TRUE(dialogs.errors.empty());
+            }
+        }
+    }
+}
+
+TEST_F(AnalysisRunning, AFailingTestIsReportedAndLeavesNoWaitingText)
+{
+    writeBytes(QStringLiteral("datos.asc"), squareFile(orderThree));
+    dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
+    take(new FailingAnalysis(handOff, dialogs,
+                             std::runtime_error("array dimensions zero or negative")));
+    ve().setEnabled(true);
+    run();
+    ASSERT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_TRUE(
+        dialogs.errors[0].text.contains(QStringLiteral("array dimensions zero or negative")));
+    EXPECT_EQ(dialogs.errors[0].caption, QStringLiteral("Análisis"));
+    ASSERT_EQ(statusTexts.size(), 2);
+    EXPECT_EQ(statusTexts[0], analysing);
+    EXPECT_EQ(statusTexts[1],
+              QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'"));
+    EXPECT_EQ(report().toPlainText(), QString());
+    EXPECT_FALSE(ve().isEnabled());
+}
+
+TEST_F(AnalysisRunning, RunningOutOfMemoryIsSaidInSpanish)
+{
+    writeBytes(QStringLiteral("datos.asc"), squareFile(orderThree));
+    dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
+    take(new FailingAnalysis(handOff, dialogs, std::bad_alloc()));
+    run();
+    ASSERT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_TRUE(dialogs.errors[0].text.contains(QStringLiteral("no hay memoria suficiente")));
+}
+
+TEST_F(AnalysisRunning, TheKeyboardReachesEverything)
+{
+    openSquare(propellant);
+    show();
+    auto* analyse = find<QToolButton>("SpeedButton1");
+    analyse->setFocus();
+    QTest::keyClick(analyse, Qt::Key_Space);
+    EXPECT_EQ(reportLines().size(), 13);
+
+    QWidgetList reached;
+    // Tab visits every cell of the grid before it goes on.
+    for (int i = 0; i < 50 && QApplication::focusWidget(); ++i) {
+        reached << QApplication::focusWidget();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_TRUE(reached.contains(&datos()));
+    EXPECT_TRUE(reached.contains(&level()));
+    EXPECT_TRUE(reached.contains(find<QRadioButton>("RadioGroup1Item0")));
+    EXPECT_TRUE(reached.contains(find<QRadioButton>("RadioGroup2Item0")));
+    EXPECT_TRUE(reached.contains(&report()));
+
+    level().setFocus();
+    QTest::keyClick(&level(), Qt::Key_Right);
+    EXPECT_EQ(level().value(), 96);
+    EXPECT_EQ(window->Alpha(), 0.04);
+    QTest::keyClick(&level(), Qt::Key_Left);
+    QTest::keyClick(&level(), Qt::Key_Left);
+    EXPECT_EQ(level().value(), 94);
+    QTest::keyClick(&level(), Qt::Key_Home);
+    EXPECT_EQ(window->Alpha(), 0.99);
+    QTest::keyClick(&level(), Qt::Key_End);
+    EXPECT_EQ(window->Alpha(), 0.01);
+
+    QTest::keyClick(&level(), Qt::Key_F9);
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return report().toPlainText().contains(QStringLiteral("F(0.01)"));
+    })) << "the button springs back a moment after its shortcut";
+}
+
+TEST_F(AnalysisRunning, ThePropellantSquareByEveryTest)
+{
+    openSquare(propellant);
+    run(ranks, 1);
+    expectNumber(QStringLiteral("Estadística de prueba B= "), "21.1495384615385");
+    expectNumber(QStringLiteral("Según el valor de B, se "), "rechaza H0");
+    run(ranks, 0);
+    expectNumber(QStringLiteral("Estadística Z = "), "0.613322502030869");
+    expectNumber(QStringLiteral("Según el valor de Z, se "), "acepta H0");
+    run(sequences, 0);
+    expectNumber(QStringLiteral("C = "), "0.242786561264822");
+    EXPECT_TRUE(report().toPlainText().contains(QStringLiteral("5000 cuadrados latinos")));
+    EXPECT_FALSE(ve().isEnabled()) << "no exact distribution beyond order 3";
+    run(sequences, 1);
+    expectNumber(QStringLiteral("M = "), "0.601234142418722");
+    const auto critical =
+        base::readTypedNumber(afterLabel(QStringLiteral("El valor crítico es = ")));
+    ASSERT_TRUE(critical.value.has_value());
+    // The 0.95 point of F(4, 20) as the quantile search leaves it, which stops at 1e-8.
+    EXPECT_NEAR(*critical.value, 2.86608148776, 1e-10);
+    expectNumber(QStringLiteral("Para alpha = 0.05 se "), "acepta la hipótesis.");
+    EXPECT_FALSE(ve().isEnabled());
+    EXPECT_EQ(window->ExactName(), QStringLiteral("m"));
+    EXPECT_EQ(window->ExactTitle(),
+              QStringLiteral("Distribución exacta de M para cuadrados de 5x5"));
+    EXPECT_EQ(window->ExactCount(), 0);
+}
+
+TEST_F(AnalysisRunning, ASquareOfOrderThreeBringsItsExactDistributions)
+{
+    openSquare(orderThree);
+    EXPECT_EQ(window->ExactName(), QString());
+    run(sequences, 0);
+    expectNumber(QStringLiteral("C = "), "0.151851851851852");
+    expectNumber(QStringLiteral("El valor de la distribución acumulada para C es "),
+                 "0.942857142857143");
+    expectNumber(QStringLiteral("Para alpha = 0.05 se "), "acepta la hipótesis.");
+    EXPECT_TRUE(window->ExactAvailable());
+    EXPECT_EQ(window->ExactName(), QStringLiteral("c"));
+    EXPECT_EQ(window->ExactTitle(),
+              QStringLiteral("Distribución exacta de C para cuadrados de 3x3"));
+    expectExactDistribution(86, 53.0 / 270);
+
+    run(sequences, 1);
+    expectNumber(QStringLiteral("M = "), "0.919354838709677");
+    expectNumber(QStringLiteral("El valor de la distribución acumulada para M es "),
+                 "0.964285714285714");
+    expectNumber(QStringLiteral("Para alpha = 0.05 se "), "rechaza la hipótesis.");
+    EXPECT_EQ(window->ExactName(), QStringLiteral("m"));
+    EXPECT_EQ(window->ExactTitle(),
+              QStringLiteral("Distribución exacta de M para cuadrados de 3x3"));
+    expectExactDistribution(112, 1.5);
+}
+
+TEST_F(AnalysisRunning, OnlyARunChangesWhetherAnExactDistributionCanBeSeen)
+{
+    openSquare(orderThree);
+    const std::vector<std::pair<int, int>> withoutOne{{classical, 0}, {ranks, 0}, {ranks, 1}};
+    for (const auto& [approach, test] : withoutOne) {
+        for (const int sequenceTest : {0, 1}) {
+            run(sequences, sequenceTest);
+            EXPECT_TRUE(ve().isEnabled());
+            choose(approaches(), approach);
+            choose(tests(), test);
+            level().setValue(50);
+            EXPECT_TRUE(ve().isEnabled()) << "choosing leaves it";
+            run();
+            EXPECT_FALSE(ve().isEnabled()) << approach << ' ' << test;
+        }
+    }
+}
+
+TEST_F(AnalysisRunning, TheGridIsTakenColumnByRow)
+{
+    // Only the transposed square has its rows' sums in its columns.
+    Rows transposed(propellant.size(), std::vector<double>(propellant.size()));
+    for (std::size_t row = 0; row < propellant.size(); ++row)
+        for (std::size_t column = 0; column < propellant.size(); ++column)
+            transposed[column][row] = propellant[row][column];
+    openSquare(transposed);
+    run();
+    EXPECT_TRUE(afterLabel(QStringLiteral("Filas ")).contains(QStringLiteral(" 150 ")));
+    EXPECT_TRUE(afterLabel(QStringLiteral("Columnas ")).contains(QStringLiteral(" 68 ")));
+}
