@@ -9,6 +9,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPalette>
 
 #include <algorithm>
 #include <optional>
@@ -17,7 +18,7 @@ namespace grid {
 
 namespace {
 
-constexpr int editorMargin = 3; // pixels, as far as the style keeps a cell's text off its border
+constexpr int editorMargin = 12; // pixels left and right of the text, together
 
 /// The step by which a key leaves an open cell; nothing for keys that edit it.
 std::optional<CursorStep> stepOf(const QKeyEvent& key)
@@ -49,7 +50,7 @@ bool isPassing(const QFocusEvent& event)
 /// Makes an editor as wide as its text, at least as its cell and at most up to the table's edge.
 void widen(QLineEdit& editor)
 {
-    const int needed = editor.fontMetrics().horizontalAdvance(editor.text()) + 6 * editorMargin;
+    const int needed = editor.fontMetrics().horizontalAdvance(editor.text()) + editorMargin;
     const int room = editor.parentWidget()->width() - editor.x();
     editor.resize(std::max(editor.minimumWidth(), std::min(needed, room)), editor.height());
 }
@@ -92,10 +93,13 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     editor->setAccessibleName(QStringLiteral("Dato de la fila %1, columna %2")
                                   .arg(m_model.table().rowName(index.row() + 1),
                                        m_model.table().columnName(index.column() + 1)));
-    editor->setFrame(false);
     editor->setAutoFillBackground(true);
     editor->setAlignment(Qt::AlignRight);
-    editor->setTextMargins(editorMargin, 0, editorMargin, 0);
+    // Selected text stands out more than selected cells.
+    QPalette colors = editor->palette();
+    colors.setColor(QPalette::Highlight, colors.color(QPalette::Link));
+    colors.setColor(QPalette::HighlightedText, Qt::white);
+    editor->setPalette(colors);
     connect(editor, &QLineEdit::textChanged, editor, [editor] { widen(*editor); });
     m_editor = editor;
     m_index = index;

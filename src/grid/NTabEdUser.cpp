@@ -118,6 +118,8 @@ void TNTabEd::applyEditability()
     setEditTriggers(canEdit() ? DoubleClicked | EditKeyPressed | AnyKeyPressed : NoEditTriggers);
     // In a table to look at, Tab goes on to the next control; the cursor keys still move.
     setTabKeyNavigation(!m_readOnly);
+    if (m_readOnly)
+        setCurrentIndex({});
 }
 
 bool TNTabEd::canEdit() const

@@ -3,6 +3,7 @@
 #include "grid/NTabEd.h"
 
 #include "grid/ColumnWidth.h"
+#include "grid/NameHeader.h"
 #include "grid/TableModel.h"
 
 #include <QAbstractButton>
@@ -31,6 +32,8 @@ void TNTabEd::setUpView()
     setObjectName(QStringLiteral("NTabEd"));
     setAccessibleName(QStringLiteral("Tabla de números"));
     m_model->setColors({colorFromInteger(8192), Qt::red, Qt::blue, colorFromInteger(13369531)});
+    setHorizontalHeader(new NameHeader(Qt::Horizontal, this));
+    setVerticalHeader(new NameHeader(Qt::Vertical, this));
     setModel(m_model);
     setSelectionMode(ContiguousSelection);
     setWordWrap(false);
@@ -44,8 +47,6 @@ void TNTabEd::setUpView()
     verticalHeader()->setAccessibleName(QStringLiteral("Nombres de las filas"));
     verticalHeader()->setMinimumSectionSize(narrowestColumn);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
-        header->setTextElideMode(Qt::ElideRight);
     if (auto* corner = findChild<QAbstractButton*>()) {
         corner->setObjectName(QStringLiteral("Corner"));
         corner->setAccessibleName(QStringLiteral("Seleccionar toda la tabla"));
@@ -99,8 +100,9 @@ void TNTabEd::applyLightColors()
 
 void TNTabEd::applyRowHeight()
 {
-    verticalHeader()->setDefaultSectionSize(
-        std::max(usualRowHeight, fontMetrics().height() + textMargin));
+    const int height = std::max(usualRowHeight, fontMetrics().height() + textMargin);
+    verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setFixedHeight(height);
 }
 
 void TNTabEd::changeEvent(QEvent* event)

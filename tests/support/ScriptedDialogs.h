@@ -70,8 +70,8 @@ private:
             ADD_FAILURE() << "the script has no answer for a dialog: " << dialog;
             return fallback;
         }
-        Answer answer = answers.front();
+        std::swap(fallback, answers.front());
         answers.pop_front();
-        return answer;
+        return fallback;
     }
 };
