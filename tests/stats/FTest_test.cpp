@@ -95,23 +95,6 @@ TEST_F(FTest, OrdersThatOnlyAFileCanBring)
     }
 }
 
-TEST_F(FTest, EveryLevelGivesATableForAnySquare)
-{
-    for (int position = 1; position <= 99; ++position) {
-        for (int n = 1; n <= 8; ++n) {
-            const double alpha = (100 - position) / 100.0;
-            EXPECT_EQ(stats::FTest(squareFrom(n,
-                                              [](int column, int row) {
-                                                  return 1e300 * (column * row % 5) - row * 3e299;
-                                              }),
-                                   n, alpha)
-                          .size(),
-                      13)
-                << position << ' ' << n;
-        }
-    }
-}
-
 TEST(TestKind, TestsAreGroupedByApproachWithTheirCaptions)
 {
     using namespace stats;

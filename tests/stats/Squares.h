@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "stats/CyclicLayout.h"
 #include "stats/MATRIX.h"
 
+#include <utility>
 #include <vector>
 
 /// Squares for the tests.
@@ -32,6 +34,34 @@ stats::TMatrix squareFrom(int n, Cell cell)
             square.Elem(column, row, cell(column, row));
     }
     return square;
+}
+
+/// A square of order n of the observations 1, 2, ..., n^2, whose treatments in ascending order of
+/// the observations are the given labels.
+inline stats::TMatrix squareWithLabels(const std::vector<int>& labels, int n)
+{
+    using Cell = std::pair<int, int>;
+    std::vector<std::vector<Cell>> free(static_cast<std::size_t>(n)); // of each treatment
+    for (int column = 1; column <= n; ++column) {
+        for (int row = 1; row <= n; ++row)
+            free[static_cast<std::size_t>(stats::treatmentOf(column, row, n) - 1)].push_back(
+                {column, row});
+    }
+    stats::TMatrix square = stats::TMatrix::Create(n, n);
+    double value = 0.0;
+    for (const int label : labels) {
+        std::vector<Cell>& ofTreatment = free.at(static_cast<std::size_t>(label - 1));
+        square.Elem(ofTreatment.back().first, ofTreatment.back().second, ++value);
+        ofTreatment.pop_back();
+    }
+    return square;
+}
+
+/// The treatments of four in ascending order of the observations, there and back twice: equal sums
+/// of ranks and of run indices, so that B and M are exactly 0.
+inline stats::TMatrix balancedSquare()
+{
+    return squareWithLabels({1, 2, 3, 4, 4, 3, 2, 1, 1, 2, 3, 4, 4, 3, 2, 1}, 4);
 }
 
 /// Burning rates of a rocket propellant: batches in rows, operators in columns, formulations in

@@ -65,22 +65,43 @@ void print(const QStringList& lines)
     }
 }
 
+constexpr int squaresOfAKind = 3;
+
+void printSequenceTests(const stats::TMatrix& square, int n, double alpha)
+{
+    stats::ExactValues values{};
+    bool available = false;
+    int count = 0;
+    QString title;
+    print(stats::TestC(square, n, alpha, values, available, count, title));
+    print(stats::TestM(square, n, alpha, values, available, count, title));
+    print({title});
+}
+
+/// Every level for the tests that are quick; a few for the sequence tests, which enumerate or
+/// simulate each time.
+void printReports(const stats::TMatrix& square, int n)
+{
+    for (int position = 1; position <= 99; ++position) {
+        const double alpha = (100 - position) / 100.0;
+        print(stats::FTest(square, n, alpha));
+        print(stats::ZimmermanTest(square, n, alpha));
+        print(stats::BennettTest(square, n, alpha));
+        if (position == 50 || position == 95)
+            printSequenceTests(square, n, alpha);
+    }
+}
+
 } // namespace
 
 int main()
 {
     QLocale::setDefault(QLocale::c());
-    constexpr int squaresOfAKind = 3;
     Numbers numbers;
     for (int n = 1; n <= 8; ++n) {
         for (const Cell& cell : kindsOfCells(numbers)) {
-            for (int k = 0; k < squaresOfAKind; ++k) {
-                const stats::TMatrix square = squareOf(n, cell);
-                for (int position = 1; position <= 99; ++position) {
-                    const double alpha = (100 - position) / 100.0;
-                    print(stats::FTest(square, n, alpha));
-                }
-            }
+            for (int k = 0; k < squaresOfAKind; ++k)
+                printReports(squareOf(n, cell), n);
         }
     }
     return 0;
