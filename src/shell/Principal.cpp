@@ -41,6 +41,11 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
 }
 
+TPrincipal::~TPrincipal()
+{
+    m_area->disconnect(this); // children that are still there leave it without a frame to tell
+}
+
 void TPrincipal::NuevoArchivo1Click()
 {
     adoptEditor(new square::TEditor(m_handOff, m_dialogs, m_area));
@@ -123,3 +128,83 @@ void TPrincipal::createMenus()
     QMenu* help = menuBar()->addMenu(QStringLiteral("A&yuda"));
     help->addAction(QStringLiteral("Acerca de..."))->setEnabled(false);
 }
+
+void TPrincipal::createToolBar()
+{
+    QToolBar* bar = addToolBar(QStringLiteral("Barra de herramientas"));
+    bar->setObjectName(QStringLiteral("BarraHerramientas"));
+    bar->setMovable(false);
+
+    const auto addButton = [bar](const QString& name, const QString& text) {
+        auto* button = new QToolButton(bar);
+        button->setObjectName(name);
+        button->setText(text);
+        button->setFocusPolicy(Qt::TabFocus);
+        bar->addWidget(button);
+        return button;
+    };
+    const auto* newEditor =
+        addButton(QStringLiteral("SpeedButton1"), QStringLiteral("Nuevo Editor"));
+    bar->addSeparator();
+    const auto* newAnalysis =
+        addButton(QStringLiteral("SpeedButton2"), QStringLiteral("Nuevo Análisis"));
+    bar->addSeparator();
+    addButton(QStringLiteral("SpeedButton3"), QStringLiteral("Nueva Potencia"))->setEnabled(false);
+    connect(newEditor, &QToolButton::clicked, this, &TPrincipal::NuevoArchivo1Click);
+    connect(newAnalysis, &QToolButton::clicked, this, &TPrincipal::AnlisisdeDatos1Click);
+}
+
+void TPrincipal::createStatusLine()
+{
+    // A lasting text: what showMessage() shows is wiped whenever a menu opens.
+    m_status = new QLabel(QStringLiteral("Listo."), this);
+    m_status->setObjectName(QStringLiteral("Status"));
+    m_status->setTextFormat(Qt::PlainText);
+    // A long text is cut at the frame's edge, it does not widen the frame.
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addPermanentWidget(m_status, 1);
+}
+
+void TPrincipal::adoptEditor(square::TEditor* editor)
+{
+    // The editor has left the name of its saved file in the hand-off; it closes itself afterwards.
+    connect(editor, &square::TEditor::analysisRequested, this, &TPrincipal::AnlisisdeDatos1Click);
+    adopt(editor, Show::Normal);
+}
+
+void TPrincipal::adopt(window::ChildWindow* child, Show show)
+{
+    connect(child, &window::ChildWindow::statusText, m_status, &QLabel::setText);
+    QMdiSubWindow* subWindow = m_area->addSubWindow(child); // deleted once it is closed
+    connect(child, &window::ChildWindow::closeRequested, subWindow, &QMdiSubWindow::close);
+    if (show == Show::Maximised)
+        subWindow->showMaximized();
+    else
+        subWindow->show();
+}
+
+void TPrincipal::FormActivate()
+{
+    m_area->tileSubWindows();
+}
+
+void TPrincipal::subWindowActivated(QMdiSubWindow* subWindow)
+{
+    auto* child =
+        subWindow == nullptr ? nullptr : qobject_cast<window::ChildWindow*>(subWindow->widget());
+    if (child == m_activeChild)
+        return;
+    if (m_activeChild != nullptr) {
+        menuBar()->removeAction(m_activeChild->menu()->menuAction());
+        // A child on its way out is hidden by now and has written its last status text.
+        if (!m_activeChild->isHidden())
+            m_activeChild->FormDeactivate();
+    }
+    m_activeChild = child;
+    if (child != nullptr) {
+        menuBar()->insertAction(m_windowMenu->menuAction(), child->menu()->menuAction());
+        child->FormActivate();
+    }
+}
+
+} // namespace shell

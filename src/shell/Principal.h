@@ -32,6 +32,7 @@ class TPrincipal : public QMainWindow {
 public:
     /// `dialogs` asks the user on behalf of every child and must outlive the frame.
     explicit TPrincipal(window::Dialogs& dialogs, QWidget* parent = nullptr);
+    ~TPrincipal() override;
 
 public slots:
     void NuevoArchivo1Click();

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/Principal.h"
+
+#include "support/ScriptedDialogs.h"
+#include "support/Text.h"
+#include "window/ChildWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+
+const QString editorStatus = QStringLiteral("Puede manejar archivos de datos para el análisis "
+                                            "aquí. Para analizar los datos actuales use la "
+                                            "opción 'Guardar y Analizar'");
+const QString analysisStatus =
+    QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
+
+class Principal : public ::testing::Test {
+protected:
+    Principal()
+    {
+        frame.show();
+        QApplication::setActiveWindow(&frame);
+        QApplication::processEvents();
+    }
+
+    QMdiArea& area() { return *frame.findChild<QMdiArea*>(); }
+    QList<QMdiSubWindow*> children() { return area().subWindowList(); }
+    QString status() { return frame.findChild<QLabel*>(QStringLiteral("Status"))->text(); }
+    QString sample(const char* name) const
+    {
+        return QStringLiteral(CL_SOURCE_DIR "/ejemplos/") + QString::fromUtf8(name);
+    }
+
+    QStringList bar()
+    {
+        QStringList titles;
+        for (const QAction* action : frame.menuBar()->actions())
+            titles << action->text();
+        return titles;
+    }
+
+    /// The entry at the end of a path of menus, such as {"&Archivo", "&Nuevo", "..."}.
+    QAction* entry(const QStringList& path)
+    {
+        QList<QAction*> level = frame.menuBar()->actions();
+        QAction* found = nullptr;
+        for (const QString& text : path) {
+            found = nullptr;
+            for (QAction* action : level) {
+                if (action->text() == text)
+                    found = action;
+            }
+            if (found == nullptr)
+                return nullptr;
+            if (found->menu() != nullptr)
+                level = found->menu()->actions();
+        }
+        return found;
+    }
+
+    void closeUnsaved(QMdiSubWindow* child)
+    {
+        dialogs.yesNoAnswers.push_back(false);
+        child->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void openSample(const char* name)
+    {
+        dialogs.openAnswers.push_back(sample(name));
+        frame.AbrirArchivo1Click();
+    }
+
+    QTemporaryDir folder;
+    ScriptedDialogs dialogs;
+    shell::TPrincipal frame{dialogs};
+};
+
+} // namespace
+
+TEST_F(Principal, BarHasItsMenusEntriesAndShortcuts)
+{
+    EXPECT_EQ(frame.windowTitle(), QStringLiteral("Cuadrado Latino"));
+    EXPECT_EQ(bar(), QStringList({QStringLiteral("&Archivo"), QStringLiteral("&Ventana"),
+                                  QStringLiteral("A&yuda")}));
+    const std::pair<QStringList, QKeySequence> entries[] = {
+        {{QStringLiteral("&Archivo"), QStringLiteral("&Nuevo"),
+          QStringLiteral("Análisis de &Datos...")},
+         {}},
+        {{QStringLiteral("&Archivo"), QStringLiteral("&Nuevo"),
+          QStringLiteral("&Cálculo de Potencia...")},
+         {}},
+        {{QStringLiteral("&Archivo"), QStringLiteral("&Editor"), QStringLiteral("&Nuevo Archivo")},
+         Qt::CTRL | Qt::Key_N},
+        {{QStringLiteral("&Archivo"), QStringLiteral("&Editor"),
+          QStringLiteral("&Abrir Archivo...")},
+         Qt::CTRL | Qt::Key_A},
+        {{QStringLiteral("&Archivo"), QStringLiteral("Salir")}, Qt::ALT | Qt::Key_F4},
+        {{QStringLiteral("&Ventana"), QStringLiteral("&Cascada")}, Qt::SHIFT | Qt::Key_F4},
+        {{QStringLiteral("&Ventana"), QStringLiteral("&Mosaico")}, Qt::SHIFT | Qt::Key_F5},
+        {{QStringLiteral("A&yuda"), QStringLiteral("Acerca de...")}, {}},
+    };
+    for (const auto& [path, shortcut] : entries) {
+        const QAction* action = entry(path);
+        ASSERT_NE(action, nullptr) << path.join(QLatin1Char('>')).toStdString();
+        EXPECT_EQ(action->shortcut(), shortcut) << action->text().toStdString();
+    }
+    EXPECT_EQ(status(), QStringLiteral("Listo."));
+}
+
+TEST_F(Principal, ToolBarButtonsDoWhatTheMenusDo)
+{
+    const auto* button = frame.findChild<QToolButton*>(QStringLiteral("SpeedButton1"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(), QStringLiteral("Nuevo Editor"));
+    QTest::mouseClick(const_cast<QToolButton*>(button), Qt::LeftButton);
+    EXPECT_EQ(children().size(), 1);
+
+    auto* analysis = frame.findChild<QToolButton*>(QStringLiteral("SpeedButton2"));
+    EXPECT_EQ(analysis->text(), QStringLiteral("Nuevo Análisis"));
+    dialogs.openAnswers.push_back(sample("orden3.asc"));
+    QTest::mouseClick(analysis, Qt::LeftButton);
+    ASSERT_EQ(children().size(), 2);
+    EXPECT_TRUE(area().activeSubWindow()->isMaximized());
+
+    const auto* power = frame.findChild<QToolButton*>(QStringLiteral("SpeedButton3"));
+    EXPECT_EQ(power->text(), QStringLiteral("Nueva Potencia"));
+    EXPECT_FALSE(power->isEnabled());
+}
+
+TEST_F(Principal, ChildMenuStandsBetweenArchivoAndVentanaWhileTheChildIsActive)
+{
+    frame.NuevoArchivo1Click();
+    EXPECT_EQ(bar(), QStringList({QStringLiteral("&Archivo"), QStringLiteral("E&ditor"),
+                                  QStringLiteral("&Ventana"), QStringLiteral("A&yuda")}));
+    EXPECT_EQ(status(), editorStatus);
+
+    dialogs.openAnswers.push_back(sample("propelente.asc"));
+    frame.AnlisisdeDatos1Click();
+    EXPECT_EQ(bar(), QStringList({QStringLiteral("&Archivo"), QStringLiteral("Aná&lisis"),
+                                  QStringLiteral("&Ventana"), QStringLiteral("A&yuda")}));
+    EXPECT_EQ(status(), analysisStatus);
+
+    area().activeSubWindow()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(bar().at(1), QStringLiteral("E&ditor"));
+    EXPECT_EQ(status(), editorStatus);
+
+    closeUnsaved(children().constFirst());
+    EXPECT_EQ(bar().size(), 3);
+    EXPECT_EQ(status(), QStringLiteral("Listo")); // the editor's last word has no full stop
+}
+
+TEST_F(Principal, CancelledOrBadFilesLeaveNoWindow)
+{
+    dialogs.openAnswers = {std::nullopt, sample("LEEME.md"), std::nullopt, sample("LEEME.md")};
+    frame.AbrirArchivo1Click();
+    frame.AbrirArchivo1Click();
+    frame.AnlisisdeDatos1Click();
+    frame.AnlisisdeDatos1Click();
+    EXPECT_TRUE(children().isEmpty());
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_EQ(dialogs.errors.size(), 2U);
+
+    frame.NuevoArchivo1Click(); // the request to open a file was cleared
+    EXPECT_EQ(children().size(), 1);
+    EXPECT_EQ(dialogs.openRequests.size(), 4U);
+}
+
+TEST_F(Principal, SaveAndAnalyseReplacesTheEditorByAnAnalysis)
+{
+    const QString copy = folder.filePath(QStringLiteral("p.asc"));
+    ASSERT_TRUE(QFile::copy(sample("propelente.asc"), copy));
+    dialogs.openAnswers.push_back(copy);
+    frame.AbrirArchivo1Click();
+    EXPECT_EQ(children().constFirst()->widget()->windowTitle(), QStringLiteral("Editor - ") + copy);
+
+    entry({QStringLiteral("E&ditor"), QStringLiteral("Guardar y &Analizar...")})->trigger();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(children().size(), 1);
+    EXPECT_EQ(children().constFirst()->widget()->windowTitle(), QStringLiteral("Análisis"));
+    EXPECT_TRUE(children().constFirst()->isMaximized());
+    EXPECT_TRUE(dialogs.questions.empty());
+    EXPECT_EQ(status(), analysisStatus);
+}
+
+TEST_F(Principal, ClosingAsksEveryUnsavedEditorAndOneThatStaysKeepsTheFrame)
+{
+    frame.NuevoArchivo1Click();
+    openSample("orden3.asc");
+    frame.NuevoArchivo1Click();
+
+    dialogs.yesNoAnswers = {false, true};
+    dialogs.saveAnswers = {std::nullopt}; // asked for a name, the user thinks again
+    EXPECT_FALSE(frame.close());
+    EXPECT_TRUE(frame.isVisible());
+    EXPECT_EQ(dialogs.questions.size(), 2U);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(children().size(), 1);
+
+    dialogs.yesNoAnswers = {false};
+    EXPECT_TRUE(frame.close());
+    EXPECT_FALSE(frame.isVisible());
+}
+
+TEST_F(Principal, WindowMenuListsTheChildrenAndActivatesTheChosenOne)
+{
+    frame.NuevoArchivo1Click();
+    openSample("orden3.asc");
+    QMenu* menu = entry({QStringLiteral("&Ventana")})->menu();
+    emit menu->aboutToShow();
+    QList<QAction*> entries = menu->actions();
+    ASSERT_EQ(entries.size(), 5);
+    EXPECT_TRUE(entries.at(2)->isSeparator());
+    EXPECT_EQ(entries.at(3)->text(), QStringLiteral("&1 Editor"));
+    EXPECT_EQ(entries.at(4)->text(), QStringLiteral("&2 Editor - ") + sample("orden3.asc"));
+    EXPECT_FALSE(entries.at(3)->isChecked());
+    EXPECT_TRUE(entries.at(4)->isChecked());
+
+    entries.at(3)->trigger();
+    EXPECT_EQ(area().activeSubWindow(), children().at(0));
+    emit menu->aboutToShow();
+    EXPECT_EQ(menu->actions().size(), 5);
+    EXPECT_TRUE(menu->actions().at(3)->isChecked());
+
+    closeUnsaved(children().at(0));
+    area().closeAllSubWindows();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    emit menu->aboutToShow();
+    EXPECT_EQ(menu->actions().size(), 2);
+}
+
+TEST_F(Principal, CascadeAndTileLayOutTheChildren)
+{
+    frame.NuevoArchivo1Click();
+    frame.NuevoArchivo1Click();
+    entry({QStringLiteral("&Ventana"), QStringLiteral("&Mosaico")})->trigger();
+    const QRect first = children().at(0)->geometry();
+    const QRect second = children().at(1)->geometry();
+    EXPECT_FALSE(first.intersects(second));
+    entry({QStringLiteral("&Ventana"), QStringLiteral("&Cascada")})->trigger();
+    EXPECT_TRUE(children().at(0)->geometry().intersects(children().at(1)->geometry()));
+}
+
+TEST_F(Principal, ActivatingTheFrameTilesItsChildren)
+{
+    frame.NuevoArchivo1Click();
+    frame.NuevoArchivo1Click();
+    frame.Cascada1Click();
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(&frame);
+    EXPECT_FALSE(children().at(0)->geometry().intersects(children().at(1)->geometry()));
+}
+
+TEST_F(Principal, ReturningFromItsOwnDialogDoesNotTile)
+{
+    frame.NuevoArchivo1Click();
+    frame.NuevoArchivo1Click();
+    frame.Cascada1Click();
+    const QRect before = children().at(0)->geometry();
+    QDialog dialog(&frame);
+    dialog.setModal(true);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    dialog.close();
+    QApplication::setActiveWindow(&frame);
+    EXPECT_EQ(children().at(0)->geometry(), before);
+}
