@@ -152,7 +152,8 @@ void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 
 bool CellDelegate::eventFilter(QObject* object, QEvent* event)
 {
-    if (object != m_editor)
+    // A line edit that is being destroyed sends events when it is none any more.
+    if (qobject_cast<QLineEdit*>(object) == nullptr || object != m_editor)
         return QStyledItemDelegate::eventFilter(object, event);
     if (event->type() == QEvent::KeyPress) {
         if (const auto step = stepOf(*static_cast<QKeyEvent*>(event))) {

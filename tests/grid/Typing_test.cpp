@@ -313,3 +313,18 @@ TEST_F(Typing, ALongNumberGetsAWiderEditor)
     type("1");
     EXPECT_EQ(editor()->width(), table.columnWidth(0) - 1);
 }
+
+TEST_F(Typing, AGridThatGoesTakesItsOpenCellAlong)
+{
+    auto* passing = new grid::TNTabEd(dialogs);
+    passing->show();
+    QApplication::setActiveWindow(passing);
+    passing->setFocus();
+    passing->setCurrentIndex(passing->model()->index(0, 0));
+    type("7");
+    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
+    const QPointer<QWidget> cell = QApplication::focusWidget();
+    delete passing;
+    EXPECT_TRUE(cell.isNull());
+    EXPECT_TRUE(dialogs.errors.empty());
+}
