@@ -11,6 +11,7 @@ namespace square {
 UpDown::UpDown(int low, int high, QWidget* parent)
     : QSpinBox(parent)
 {
+    setLocale(QLocale::c()); // the same digits as everywhere else in the program
     setRange(low, high);
     lineEdit()->setReadOnly(true);
     connect(this, &QSpinBox::valueChanged, this, &UpDown::Click);

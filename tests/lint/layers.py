@@ -25,7 +25,17 @@ LAYERS = {
 # Halves without a window: file stems that see no Qt at all, and that see Qt Core only.
 QT_CORE = {"base"}
 QT_FREE_EXCEPT = {"stats": ("Estad",)}  # the report half words results with Qt Core
-CORE_ONLY_STEMS = {"square": ("SquareData", "SquareFile", "NameScanner", "LoadedSquare")}
+CORE_ONLY_STEMS = {
+    "square": (
+        "SquareData",
+        "SquareFileReading",
+        "SquareFileWriting",
+        "SquareFile",
+        "NameScanner",
+        "TextReader",
+        "LoadedSquare",
+    )
+}
 FORBIDDEN = {("analysis", "square/Formeditor.h"): "the analysis window does not know the editor"}
 
 WIDGET_CLASSES = re.compile(
