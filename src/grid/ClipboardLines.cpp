@@ -58,6 +58,12 @@ Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fiel
         QStringLiteral("Línea %1, campo %2: %3").arg(lineNumber).arg(fieldNumber).arg(reason));
 }
 
+QString counted(qsizetype count, const QString& singular)
+{
+    return QStringLiteral("%1 %2%3").arg(QString::number(count), singular,
+                                         count == 1 ? QString() : QStringLiteral("s"));
+}
+
 QString shortened(QStringView text)
 {
     if (text.size() <= longestQuote)

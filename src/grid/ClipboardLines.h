@@ -24,6 +24,9 @@ std::vector<QStringView> fieldsOf(QStringView line, QChar separator);
 /// The number in a field, or a reason that names the line and the field, both counted from 1.
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber);
 
+/// "1 campo", "2 campos": a number of things whose plural ends in "s".
+QString counted(qsizetype count, const QString& singular);
+
 /// A text for a message: cut where it is too long to be read there.
 QString shortened(QStringView text);
 

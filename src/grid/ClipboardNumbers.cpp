@@ -39,11 +39,12 @@ Outcome<NumberBlock> readNumberBlock(QStringView text)
         if (lineNumber == 1)
             block.columns = count;
         if (count != block.columns) {
-            return Result::refused(QStringLiteral("La línea %1 tiene %2 campos y la primera, %3: "
-                                                  "los datos no forman un rectángulo.")
-                                       .arg(lineNumber)
-                                       .arg(count)
-                                       .arg(block.columns));
+            return Result::refused(
+                QStringLiteral("La línea %1 tiene %2 y la primera, %3: los datos "
+                               "no forman un rectángulo.")
+                    .arg(lineNumber)
+                    .arg(counted(count, QStringLiteral("campo")))
+                    .arg(block.columns));
         }
         for (int i = 0; i < count; ++i) {
             const auto number = numberIn(fields[static_cast<std::size_t>(i)], lineNumber, i + 1);

@@ -5,6 +5,8 @@
 #include "grid/ClipboardLines.h"
 
 #include <algorithm>
+#include <optional>
+#include <set>
 
 namespace grid {
 
@@ -92,6 +94,23 @@ std::optional<Cell> readCell(QStringView field)
     return text.contains(blank) ? cellOfParts(text) : cellOfLettersAndNumber(text);
 }
 
+/// Whether a treatment of the first line comes again below it. Names may look like cells ("Fila
+/// 1"), but the treatments in a line of cells are those of the others.
+bool firstLineSharesTreatments(const FieldLines& lines)
+{
+    std::set<QString> below;
+    for (std::size_t line = 1; line < lines.size(); ++line) {
+        for (std::size_t field = 1; field < lines[line].size(); ++field) {
+            if (const std::optional<Cell> cell = readCell(lines[line][field]))
+                below.insert(cell->treatment);
+        }
+    }
+    return std::any_of(lines.front().begin() + 1, lines.front().end(), [&](QStringView field) {
+        const std::optional<Cell> cell = readCell(field);
+        return cell && below.count(cell->treatment) != 0;
+    });
+}
+
 /// A name, or "R-1" and the like where there is none.
 QString labelOr(QStringView label, QLatin1Char letter, std::size_t number)
 {
@@ -113,15 +132,17 @@ std::vector<SquareLabels> possibleSquareLabels(const FieldLines& lines)
                         [width](const auto& fields) { return fields.size() == width; });
         return onlyTheFirstShorter ? std::vector{SquareLabels::Both} : std::vector<SquareLabels>{};
     }
+    if (height < 2)
+        return {};
     if (height == width + 1)
         return {SquareLabels::Columns};
     if (height + 1 == width)
         return {SquareLabels::Rows};
-    if (height != width || height == 0)
+    if (height != width)
         return {};
     if (lines.front().front().isEmpty())
         return {SquareLabels::Both};
-    if (readCell(lines.front().front()))
+    if (height == 2 || firstLineSharesTreatments(lines))
         return {SquareLabels::None, SquareLabels::Both};
     return {SquareLabels::Both, SquareLabels::None};
 }

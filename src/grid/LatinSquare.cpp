@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/LatinSquare.h"
 
+#include "grid/ClipboardLines.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -66,16 +68,16 @@ QString repeatedCell(const Experiment& experiment, const Indexed& index)
         if (!isNew) {
             return QStringLiteral("La fila «%1» y la columna «%2» tienen dos observaciones (líneas "
                                   "%3 y %4).")
-                .arg(experiment[i].row, experiment[i].column)
-                .arg(line->second)
-                .arg(experiment[i].line);
+                .arg(experiment[i].row, experiment[i].column, QString::number(line->second),
+                     QString::number(experiment[i].line));
         }
     }
     return {};
 }
 
-/// Counts of rows, columns and treatments that differ, with the label that appears least among the
-/// most numerous kind, likely the one in excess; empty where the counts agree.
+/// Counts of rows, columns and treatments that differ, with a label of the kind that stands out:
+/// the rarest where there are too many of them, the commonest where there are too few. Empty where
+/// the counts agree.
 QString unequalCounts(const Indexed& index)
 {
     struct Kind {
@@ -85,22 +87,25 @@ QString unequalCounts(const Indexed& index)
     const std::array<Kind, 3> kinds = {Kind{index.rows, QStringLiteral("la fila")},
                                        Kind{index.columns, QStringLiteral("la columna")},
                                        Kind{index.treatments, QStringLiteral("el tratamiento")}};
-    const auto [fewest, most] =
-        std::minmax_element(kinds.begin(), kinds.end(), [](const Kind& a, const Kind& b) {
-            return a.labels.size() < b.labels.size();
-        });
-    if (fewest->labels.size() == most->labels.size())
+    std::array<qsizetype, 3> sizes{};
+    std::transform(kinds.begin(), kinds.end(), sizes.begin(),
+                   [](const Kind& kind) { return kind.labels.size(); });
+    std::sort(sizes.begin(), sizes.end());
+    if (sizes.front() == sizes.back())
         return {};
-    const std::vector<int>& counts = most->labels.counts;
-    const auto rarest = std::min_element(counts.begin(), counts.end());
-    return QStringLiteral("No es un cuadrado latino: hay %1 filas, %2 columnas y %3 tratamientos; "
-                          "%4 «%5» aparece %6.")
-        .arg(index.rows.size())
-        .arg(index.columns.size())
-        .arg(index.treatments.size())
-        .arg(most->article, most->labels.names[rarest - counts.begin()],
-             *rarest == 1 ? QStringLiteral("una sola vez")
-                          : QStringLiteral("%1 veces").arg(*rarest));
+    const qsizetype usual = sizes[1];
+    const auto odd = std::find_if(kinds.begin(), kinds.end(), [usual](const Kind& kind) {
+        return kind.labels.size() != usual;
+    });
+    const std::vector<int>& counts = odd->labels.counts;
+    const auto label = odd->labels.size() > usual ? std::min_element(counts.begin(), counts.end())
+                                                  : std::max_element(counts.begin(), counts.end());
+    return QStringLiteral("No es un cuadrado latino: hay %1, %2 y %3; %4 «%5» aparece %6.")
+        .arg(counted(index.rows.size(), QStringLiteral("fila")),
+             counted(index.columns.size(), QStringLiteral("columna")),
+             counted(index.treatments.size(), QStringLiteral("tratamiento")), odd->article,
+             odd->labels.names[label - counts.begin()],
+             *label == 1 ? QStringLiteral("una sola vez") : QStringLiteral("%1 veces").arg(*label));
 }
 
 /// A cell without observation; empty where there is none.

@@ -181,7 +181,6 @@ private:
     bool m_readOnly = false;
     bool m_autoAdvance = true;
     bool m_frozen = false;
-    bool m_fitting = false;
     int m_defaultColWidth = 64;
     int m_headerMenuColumn = 1;
     std::set<int> m_columnsSetByUser; ///< Left alone when columns are fitted.

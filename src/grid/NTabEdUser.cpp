@@ -4,6 +4,7 @@
 
 #include "base/FileText.h"
 #include "grid/CellDelegate.h"
+#include "grid/ClipboardLines.h"
 #include "grid/ClipboardNumbers.h"
 #include "grid/ContextMenus.h"
 #include "grid/EditHistory.h"
@@ -35,6 +36,13 @@ bool isOwnShortcut(const QKeyEvent& key)
 bool isEnter(const QKeyEvent& key)
 {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+/// "1 columna y 3 filas".
+QString sizeText(int columns, int rows)
+{
+    return QStringLiteral("%1 y %2").arg(counted(columns, QStringLiteral("columna")),
+                                         counted(rows, QStringLiteral("fila")));
 }
 
 /// The extracted square as a table: numbers, names, and the precisions of the table before.
@@ -338,14 +346,10 @@ void TNTabEd::paste()
     if (read.value->columns > roomForColumns || read.value->rows > roomForRows) {
         m_dialogs.showError(
             this,
-            QStringLiteral(
-                "Los datos del portapapeles ocupan %1 columnas y %2 filas. Desde la fila "
-                "«%3», columna «%4» solo quedan %5 columnas y %6 filas.")
-                .arg(read.value->columns)
-                .arg(read.value->rows)
-                .arg(rowName(place.row), columnName(place.column))
-                .arg(roomForColumns)
-                .arg(roomForRows),
+            QStringLiteral("Los datos del portapapeles ocupan %1. Desde la fila «%2», columna «%3» "
+                           "solo hay sitio para %4.")
+                .arg(sizeText(read.value->columns, read.value->rows), rowName(place.row),
+                     columnName(place.column), sizeText(roomForColumns, roomForRows)),
             caption);
         return;
     }

@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QPalette>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <limits>
@@ -76,8 +77,8 @@ void TNTabEd::connectWidths()
         setCurrentIndex(m_readOnly ? QModelIndex() : m_model->index(0, 0));
     });
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
-        if (!m_fitting)
-            m_columnsSetByUser.insert(section + 1);
+        // Reached by the mouse alone: fitColumns() keeps the header quiet.
+        m_columnsSetByUser.insert(section + 1);
     });
 }
 
@@ -117,14 +118,12 @@ void TNTabEd::changeEvent(QEvent* event)
 void TNTabEd::fitAllColumns()
 {
     // All columns together must stay within the pixels that the toolkit can count.
-    const int width =
-        std::clamp(m_defaultColWidth, narrowestColumn,
-                   std::max(narrowestColumn, std::numeric_limits<int>::max() / NrOfColumns()));
+    const int widest = std::max(narrowestColumn, std::numeric_limits<int>::max() / NrOfColumns());
+    const int width = std::clamp(m_defaultColWidth, narrowestColumn, widest);
     if (width != horizontalHeader()->defaultSectionSize()) {
-        m_fitting = true;
+        const QSignalBlocker quiet(horizontalHeader());
         m_columnsSetByUser.clear();
         horizontalHeader()->setDefaultSectionSize(width);
-        m_fitting = false;
     }
     fitColumns(1, NrOfColumns());
 }
@@ -133,17 +132,18 @@ void TNTabEd::fitColumns(int first, int last)
 {
     if (m_frozen)
         return;
-    m_fitting = true;
+    // The view takes new widths one by one, each with a repaint of its own, and to the listener
+    // above they would look like the user's; so it hears of them once and all together.
+    const QSignalBlocker quiet(horizontalHeader());
     for (int column = first; column <= std::min(last, first + columnsFitted - 1); ++column) {
         if (m_columnsSetByUser.count(column) != 0)
             continue;
         const int needed =
             neededColumnWidth(*m_model, column, fontMetrics(), horizontalHeader()->fontMetrics());
-        const int width = std::max(horizontalHeader()->defaultSectionSize(), needed);
-        if (width != columnWidth(column - 1))
-            setColumnWidth(column - 1, width);
+        setColumnWidth(column - 1, std::max(horizontalHeader()->defaultSectionSize(), needed));
     }
-    m_fitting = false;
+    updateGeometries();
+    viewport()->update();
 }
 
 } // namespace grid

@@ -98,7 +98,7 @@ TEST_F(ClipboardNumbers, RefusesEmptyAndRaggedTexts)
     EXPECT_EQ(refusalOf("1\n\n2"), "La línea 2 está vacía.");
     EXPECT_EQ(refusalOf("1\n2\n\n"), "La línea 3 está vacía.");
     EXPECT_EQ(refusalOf("1\t2\n3\n"),
-              "La línea 2 tiene 1 campos y la primera, 2: los datos no forman un rectángulo.");
+              "La línea 2 tiene 1 campo y la primera, 2: los datos no forman un rectángulo.");
     EXPECT_EQ(refusalOf("1 2\n3 4 5"),
               "La línea 2 tiene 3 campos y la primera, 2: los datos no forman un rectángulo.");
 }

@@ -279,13 +279,12 @@ TEST_F(Commands, PasteRefusesWhatDoesNotFitOrIsNoNumber)
     } cases[] = {
         {"1\t2\t3\n4\t5\t6",
          "Los datos del portapapeles ocupan 3 columnas y 2 filas. Desde la fila «R-2», columna "
-         "«C-2» solo quedan 2 columnas y 2 filas."},
+         "«C-2» solo hay sitio para 2 columnas y 2 filas."},
         {"1\n2\n3",
-         "Los datos del portapapeles ocupan 1 columnas y 3 filas. Desde la fila «R-2», columna "
-         "«C-2» solo quedan 2 columnas y 2 filas."},
+         "Los datos del portapapeles ocupan 1 columna y 3 filas. Desde la fila «R-2», columna "
+         "«C-2» solo hay sitio para 2 columnas y 2 filas."},
         {"1\t2\n3\tcuatro", "Línea 2, campo 2: «cuatro» no es un número."},
-        {"1\t2\n3",
-         "La línea 2 tiene 1 campos y la primera, 2: los datos no forman un rectángulo."},
+        {"1\t2\n3", "La línea 2 tiene 1 campo y la primera, 2: los datos no forman un rectángulo."},
         {"", "El portapapeles no contiene ningún texto."}};
     for (const auto& [text, reason] : cases) {
         dialogs.errors.clear();
