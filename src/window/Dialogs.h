@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 class QWidget;
@@ -16,6 +17,10 @@ struct FileRequest {
     QString suffix;   ///< Added to a name typed without one: "asc", without a dot.
     QString filter;   ///< As shown: "ASCII|*.asc" means text "ASCII", pattern "*.asc".
     bool confirmOverwrite = true;
+
+    /// The name that a chosen one will be written under, where it is another one: overwriting is
+    /// asked about that one. The answer is still the chosen name.
+    std::function<QString(const QString& chosen)> writtenName = {};
 };
 
 /// Every question that a window puts to its user. The program passes QtDialogs, a test an object

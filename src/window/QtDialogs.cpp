@@ -2,6 +2,7 @@
 #include "window/QtDialogs.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -61,11 +62,32 @@ std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileReques
 
 std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileRequest& request)
 {
+    if (request.confirmOverwrite && request.writtenName)
+        return saveUnderWrittenName(parent, request);
     QFileDialog dialog(parent, request.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
     return runDialog(dialog, request);
+}
+
+/// The file dialog would ask about the name as it was chosen, so the question is put after it; on
+/// No the dialog comes back with that name.
+std::optional<QString> QtDialogs::saveUnderWrittenName(QWidget* parent, const FileRequest& request)
+{
+    FileRequest unasked = request;
+    unasked.confirmOverwrite = false;
+    while (const std::optional<QString> chosen = saveFileName(parent, unasked)) {
+        const QFileInfo target(request.writtenName(*chosen));
+        if (!target.exists() ||
+            askYesNo(parent,
+                     QStringLiteral("El archivo «%1» ya existe.\n¿Desea reemplazarlo?")
+                         .arg(target.fileName()),
+                     request.title))
+            return chosen;
+        unasked.fileName = *chosen;
+    }
+    return std::nullopt;
 }
 
 std::optional<QString> QtDialogs::editLine(QWidget* parent, const QString& caption,

@@ -17,6 +17,9 @@ public:
                                     const QString& text) override;
     std::optional<int> editInteger(QWidget* parent, const QString& caption, const QString& label,
                                    int value, int low, int high) override;
+
+private:
+    std::optional<QString> saveUnderWrittenName(QWidget* parent, const FileRequest& request);
 };
 
 } // namespace window

@@ -133,6 +133,36 @@ TEST_F(QtDialogs, OverwritingIsAskedForUnlessTheRequestWaivesIt)
     EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("vieja.asc"));
 }
 
+TEST_F(QtDialogs, OverwritingIsAskedAboutTheNameThatIsWritten)
+{
+    make("a.dat");
+    make("b.asc");
+    request.writtenName = [](const QString& chosen) {
+        return QString(chosen).replace(QStringLiteral(".dat"), QStringLiteral(".asc"));
+    };
+    // The chosen file is there but not the one that would be written: no question.
+    whenOpen<QFileDialog>([this](QFileDialog& dialog) { nameAndAccept(dialog, path("a.dat")); });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("a.dat"));
+
+    // The chosen file is not there but the other one is: No brings the dialog back, Yes ends it.
+    for (const bool yes : {false, true}) {
+        whenOpen<QFileDialog>([this, yes](QFileDialog& dialog) {
+            whenOpen<QMessageBox>([yes](QMessageBox& box) {
+                EXPECT_TRUE(box.text().contains(QStringLiteral("b.asc")))
+                    << box.text().toStdString();
+                if (!yes) {
+                    whenOpen<QFileDialog>(
+                        [](QFileDialog& again) { QTest::keyClick(&again, Qt::Key_Escape); });
+                }
+                pressButton(box, yes ? "Sí" : "No");
+            });
+            nameAndAccept(dialog, path("b.dat"));
+        });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request),
+                  yes ? std::optional(path("b.dat")) : std::nullopt);
+    }
+}
+
 TEST_F(QtDialogs, OfferedNameAndFilterAreTheRequests)
 {
     request = {QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
