@@ -65,8 +65,6 @@ void print(const QStringList& lines)
     }
 }
 
-constexpr int squaresOfAKind = 3;
-
 void printSequenceTests(const stats::TMatrix& square, int n, double alpha)
 {
     stats::ExactValues values{};
@@ -78,7 +76,7 @@ void printSequenceTests(const stats::TMatrix& square, int n, double alpha)
     print({title});
 }
 
-/// Every level for the tests that are quick; a few for the sequence tests, which enumerate or
+/// Every level for the tests that are quick, one for the sequence tests, which enumerate or
 /// simulate each time.
 void printReports(const stats::TMatrix& square, int n)
 {
@@ -87,9 +85,17 @@ void printReports(const stats::TMatrix& square, int n)
         print(stats::FTest(square, n, alpha));
         print(stats::ZimmermanTest(square, n, alpha));
         print(stats::BennettTest(square, n, alpha));
-        if (position == 50 || position == 95)
-            printSequenceTests(square, n, alpha);
     }
+    printSequenceTests(square, n, 0.05);
+}
+
+/// One level for the tests that do not simulate.
+void printQuickReports(const stats::TMatrix& square, int n)
+{
+    constexpr double alpha = 0.05;
+    print(stats::FTest(square, n, alpha));
+    print(stats::ZimmermanTest(square, n, alpha));
+    print(stats::BennettTest(square, n, alpha));
 }
 
 } // namespace
@@ -100,8 +106,9 @@ int main()
     Numbers numbers;
     for (int n = 1; n <= 8; ++n) {
         for (const Cell& cell : kindsOfCells(numbers)) {
-            for (int k = 0; k < squaresOfAKind; ++k)
-                printReports(squareOf(n, cell), n);
+            printReports(squareOf(n, cell), n);
+            for (int more = 0; more < 50; ++more)
+                printQuickReports(squareOf(n, cell), n);
         }
     }
     return 0;
