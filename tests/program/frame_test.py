@@ -1,0 +1,98 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The frame of the real program under a window manager: activation, tiling, unsaved data.
+
+frame_test.py EXECUTABLE, below on_virtual_display.
+"""
+
+import pathlib
+import sys
+import unittest
+
+import pyatspi
+
+from stranger import Program, wait_for
+
+LOCALE = {"LC_ALL": "es_ES.UTF-8"}
+
+
+def place(control):
+    box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return (box.x, box.y, box.width, box.height)
+
+
+def overlap(a, b):
+    return a[0] < b[0] + b[2] and b[0] < a[0] + a[2] and a[1] < b[1] + b[3] and b[1] < a[1] + a[3]
+
+
+class Frame(unittest.TestCase):
+    executable = None
+
+    def start(self):
+        program = Program(self.executable, **LOCALE)
+        self.addCleanup(program.kill)
+        program.find("frame", "Editor")
+        return program
+
+    def editors(self, program, count):
+        return wait_for(
+            f"{count} editors",
+            lambda: len(program.look("frame", "Editor")) == count and program.look("frame", "Editor"),
+        )
+
+    def are_tiled(self, program):
+        first, second = map(place, self.editors(program, 2))
+        return not overlap(first, second)
+
+    def two_cascaded_editors(self):
+        program = self.start()
+        program.press("ctrl+n")
+        self.editors(program, 2)
+        program.press("shift+F4")
+        wait_for("the cascade", lambda: not self.are_tiled(program))
+        return program
+
+    def test_an_own_dialog_that_closes_does_not_tile(self):
+        program = self.two_cascaded_editors()
+        before = [place(editor) for editor in self.editors(program, 2)]
+        program.press("F3")
+        program.find("push button", "Cancelar")
+        program.press("Escape")
+        program.wait_until_gone("push button", "Cancelar")
+        program.press("Right")  # the frame has the focus again and works
+        self.assertEqual([place(editor) for editor in self.editors(program, 2)], before)
+
+    def test_coming_back_from_another_program_tiles(self):
+        program = self.two_cascaded_editors()
+        other = self.start()
+        wait_for("the other's focus", lambda: other.look("frame", "Cuadrado Latino"))
+        self.assertFalse(self.are_tiled(program))
+        program.press("alt+Tab")
+        wait_for("the tiles", lambda: self.are_tiled(program))
+
+    def test_unsaved_data_keep_the_frame_open_until_they_are_answered_for(self):
+        program = self.start()
+        program.type("7,5")
+        program.press("Return", "alt+F4")
+        self.assertTrue(program.find("label", "Desea guardar los cambios?"))
+        program.press("Escape")  # no way past the question
+        program.click(program.find("push button", "Sí"))
+        program.find("push button", "Cancelar")
+        program.press("Escape")  # a cancelled dialog changes nothing
+        program.wait_until_gone("push button", "Cancelar")
+        program.find("table cell", "7,500")
+        program.press("alt+F4")
+        program.click(program.find("push button", "No"))
+        self.assertEqual(program.wait_for_end(), 0)
+
+    def test_dialogs_speak_spanish(self):
+        program = self.start()
+        program.press("F3")
+        for name in ("Abrir", "Cancelar"):
+            program.find("push button", name)
+        program.press("Escape")
+
+
+if __name__ == "__main__":
+    Frame.executable = pathlib.Path(sys.argv.pop(1)).resolve()
+    unittest.main(verbosity=2, warnings="ignore")
