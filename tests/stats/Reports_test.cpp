@@ -15,15 +15,17 @@
 
 #include <QLocale>
 
-#include <limits>
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
 
 using base::generalText;
 using stats::TestKind;
 using stats::TMatrix;
 
 namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// What a sequence test hands back besides its lines.
 struct Exact {
