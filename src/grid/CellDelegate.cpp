@@ -5,6 +5,7 @@
 #include "grid/ClipboardLines.h"
 #include "grid/TableModel.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -40,11 +41,15 @@ std::optional<CursorStep> stepOf(const QKeyEvent& key)
     }
 }
 
-/// Whether the user is still at the open cell although it lost the focus.
-bool isPassing(const QFocusEvent& event)
+/// Whether the user is still at the open cell although it lost the focus: to another window of the
+/// desktop (not to another child of the same frame) or to a menu.
+bool isPassing(const QFocusEvent& event, const QWidget& editor)
 {
-    return event.reason() == Qt::ActiveWindowFocusReason ||
-           event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+    if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason)
+        return true;
+    const QWidget* focus = QApplication::focusWidget();
+    return event.reason() == Qt::ActiveWindowFocusReason &&
+           (focus == nullptr || focus == &editor || focus->window() != editor.window());
 }
 
 /// Makes an editor as wide as its text, at least as its cell and at most up to the table's edge.
@@ -162,7 +167,7 @@ bool CellDelegate::eventFilter(QObject* object, QEvent* event)
         }
     }
     if (event->type() == QEvent::FocusOut &&
-        (m_telling || isPassing(*static_cast<QFocusEvent*>(event))))
+        (m_telling || isPassing(*static_cast<QFocusEvent*>(event), *m_editor)))
         return false;
     return QStyledItemDelegate::eventFilter(object, event);
 }

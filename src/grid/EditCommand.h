@@ -18,8 +18,8 @@ class EditCommand : public QUndoCommand {
 public:
     /// Whether it changes what the table holds rather than how it is shown.
     virtual bool changesContents() const { return true; }
-    /// The cells to be shown to the user once it was undone or redone.
-    virtual CellRange place() const { return {1, 1, 1, 1}; }
+    /// The cells to be shown to the user once it was undone or redone; none for what is no cell's.
+    virtual CellRange place() const { return {}; }
 };
 
 /// New values in a rectangle.

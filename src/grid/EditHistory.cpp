@@ -76,7 +76,8 @@ void EditHistory::undo()
     if (const EditCommand* command = commandAt(m_stack.index() - 1)) {
         const CellRange place = command->place();
         take(command->changesContents(), [this] { m_stack.undo(); });
-        emit stepped(place);
+        if (place.cells() > 0)
+            emit stepped(place);
     }
 }
 
@@ -85,7 +86,8 @@ void EditHistory::redo()
     if (const EditCommand* command = commandAt(m_stack.index())) {
         const CellRange place = command->place();
         take(command->changesContents(), [this] { m_stack.redo(); });
-        emit stepped(place);
+        if (place.cells() > 0)
+            emit stepped(place);
     }
 }
 

@@ -147,8 +147,8 @@ void TNTabEd::release()
 {
     if (!m_frozen)
         return;
-    m_frozen = false;
     m_model->setSilent(false);
+    m_frozen = false;
     fitAllColumns();
     setUpdatesEnabled(true);
 }

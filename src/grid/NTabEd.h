@@ -170,6 +170,9 @@ private:
     void changePrecision();
     void undo();
     void redo();
+    /// The menu key and Shift+F10; with Control for the menu of the names.
+    void openMenuByKey(Qt::KeyboardModifiers modifiers);
+    /// `column` is 0 where none was clicked: then it is the cursor's.
     void openHeaderMenu(const QPoint& globalPosition, int column);
 
     window::Dialogs& m_dialogs;

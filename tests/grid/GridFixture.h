@@ -17,6 +17,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <vector>
+
 /// A grid in an active window, driven by keys and clicks as a user does.
 class GridFixture : public ::testing::Test {
 protected:
@@ -161,6 +163,17 @@ protected:
             for (int column = 1; column <= table.NrOfColumns(); ++column)
                 table.setValue(column, row, 10 * row + column);
         }
+    }
+
+    /// All numbers, row by row.
+    std::vector<double> values() const
+    {
+        std::vector<double> all;
+        for (int row = 1; row <= table.NrOfRows(); ++row) {
+            for (int column = 1; column <= table.NrOfColumns(); ++column)
+                all.push_back(table.value(column, row));
+        }
+        return all;
     }
 
     ScriptedDialogs dialogs;

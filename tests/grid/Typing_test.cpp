@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/GridFixture.h"
 
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
 namespace {
 
 class Typing : public GridFixture {};
@@ -220,6 +223,30 @@ TEST_F(Typing, AnotherWindowAndAMenuLeaveTheCellOpen)
     }
     press(Qt::Key_Return);
     EXPECT_EQ(table.value(1, 1), 12.0);
+}
+
+TEST_F(Typing, AnotherChildOfTheFrameTakesTheTextOver)
+{
+    QMdiArea frame;
+    auto* inner = new grid::TNTabEd(dialogs);
+    QMdiSubWindow* first = frame.addSubWindow(inner);
+    QMdiSubWindow* second = frame.addSubWindow(new QLineEdit);
+    frame.show();
+    QApplication::setActiveWindow(&frame);
+    frame.setActiveSubWindow(first);
+    inner->setFocus();
+    type("12");
+    frame.setActiveSubWindow(second);
+    EXPECT_EQ(inner->value(1, 1), 12.0);
+
+    frame.setActiveSubWindow(first);
+    inner->setFocus();
+    inner->setCurrentIndex(inner->model()->index(0, 0));
+    type("x");
+    frame.setActiveSubWindow(second);
+    QApplication::processEvents();
+    EXPECT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_EQ(inner->value(1, 1), 12.0);
 }
 
 TEST_F(Typing, CommitEditTakesOverRefusesAndDoesNothing)

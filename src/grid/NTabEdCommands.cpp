@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user does with the grid: keys, menus and the commands behind them.
+// The user's commands.
 #include "grid/NTabEd.h"
 
 #include "base/FileText.h"
@@ -13,10 +13,8 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QKeyEvent>
 
 #include <algorithm>
 #include <new>
@@ -24,19 +22,6 @@
 namespace grid {
 
 namespace {
-
-/// The keys that belong to the table even where a menu has the same shortcut.
-bool isOwnShortcut(const QKeyEvent& key)
-{
-    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) ||
-           key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
-           key.matches(QKeySequence::Delete);
-}
-
-bool isEnter(const QKeyEvent& key)
-{
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
 
 /// "1 columna y 3 filas".
 QString sizeText(int columns, int rows)
@@ -157,161 +142,6 @@ void TNTabEd::tellEditingIsOff()
 {
     if (!m_readOnly)
         emit Notice(QStringLiteral("La edición de la tabla está desactivada."));
-}
-
-bool TNTabEd::event(QEvent* event)
-{
-    if (event->type() == QEvent::ShortcutOverride && state() != EditingState &&
-        isOwnShortcut(*static_cast<QKeyEvent*>(event))) {
-        event->accept();
-        return true;
-    }
-    return QTableView::event(event);
-}
-
-void TNTabEd::keyPressEvent(QKeyEvent* event)
-{
-    // What an open cell leaves over is not for the table behind it; Ctrl+A opens files.
-    if (state() == EditingState || event->matches(QKeySequence::SelectAll)) {
-        event->ignore();
-        return;
-    }
-    if (handleCommandKey(*event)) {
-        event->accept();
-        return;
-    }
-    if (isEnter(*event)) {
-        event->setAccepted(m_autoAdvance);
-        moveCursorBy(CursorStep::Next);
-        return;
-    }
-    const bool tab = event->key() == Qt::Key_Tab;
-    if (tabKeyNavigation() && (tab || event->key() == Qt::Key_Backtab)) {
-        const CursorStep step = tab ? CursorStep::Right : CursorStep::Left;
-        event->setAccepted(!isAtEdge(step));
-        moveCursorBy(step);
-        return;
-    }
-    QTableView::keyPressEvent(event);
-}
-
-bool TNTabEd::handleCommandKey(const QKeyEvent& key)
-{
-    if (key.matches(QKeySequence::Undo))
-        command([this] { undo(); });
-    else if (key.matches(QKeySequence::Redo))
-        command([this] { redo(); });
-    else if (key.matches(QKeySequence::Copy))
-        command([this] { copy(selectedRange()); });
-    else if (key.matches(QKeySequence::Paste))
-        command([this] { paste(); });
-    else if (key.matches(QKeySequence::Delete))
-        command([this] { clear(selectedRange()); });
-    else
-        return false;
-    return true;
-}
-
-void TNTabEd::keyboardSearch(const QString&)
-{
-    // Reached by typing where editing is off.
-    tellEditingIsOff();
-}
-
-void TNTabEd::contextMenuEvent(QContextMenuEvent* event)
-{
-    QModelIndex index = indexAt(event->pos());
-    QPoint position = event->globalPos();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        index = currentIndex();
-        position = viewport()->mapToGlobal(visualRect(index).center());
-        if (event->modifiers().testFlag(Qt::ControlModifier)) {
-            openHeaderMenu(position, 0);
-            return;
-        }
-    }
-    if (index.isValid() && index != currentIndex()) {
-        selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index)
-                                                     ? QItemSelectionModel::NoUpdate
-                                                     : QItemSelectionModel::ClearAndSelect);
-    }
-    m_menus->openCellMenu(position, {m_editingAllowed, m_readOnly});
-}
-
-void TNTabEd::openHeaderMenu(const QPoint& globalPosition, int column)
-{
-    m_headerMenuColumn = column >= 1 ? column : std::max(1, currentIndex().column() + 1);
-    m_menus->openHeaderMenu(globalPosition, {m_editingAllowed, m_readOnly});
-}
-
-bool TNTabEd::isAtEdge(CursorStep step) const
-{
-    const QModelIndex edge = step == CursorStep::Left
-                                 ? m_model->index(0, 0)
-                                 : m_model->index(NrOfRows() - 1, NrOfColumns() - 1);
-    return !currentIndex().isValid() || currentIndex() == edge;
-}
-
-void TNTabEd::moveCursorBy(CursorStep step)
-{
-    const QModelIndex current = currentIndex();
-    if (!current.isValid() || step == CursorStep::Stay ||
-        (step == CursorStep::Next && !m_autoAdvance))
-        return;
-    int column = current.column();
-    int row = current.row();
-    switch (step) {
-    case CursorStep::Up:
-        --row;
-        break;
-    case CursorStep::Down:
-        ++row;
-        break;
-    case CursorStep::Left:
-        row -= column == 0 ? 1 : 0;
-        column = column == 0 ? NrOfColumns() - 1 : column - 1;
-        break;
-    default:
-        row += column == NrOfColumns() - 1 ? 1 : 0;
-        column = column == NrOfColumns() - 1 ? 0 : column + 1;
-    }
-    if (row >= 0 && row < NrOfRows())
-        setCurrentIndex(m_model->index(row, column));
-}
-
-void TNTabEd::select(const CellRange& range)
-{
-    const QModelIndex first = m_model->index(std::min(range.row, NrOfRows()) - 1,
-                                             std::min(range.column, NrOfColumns()) - 1);
-    const QModelIndex last = m_model->index(std::min(range.lastRow(), NrOfRows()) - 1,
-                                            std::min(range.lastColumn(), NrOfColumns()) - 1);
-    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
-    scrollTo(first);
-}
-
-CellRange TNTabEd::selectedRange() const
-{
-    // The selection is one rectangle, and empty only before the cursor has been anywhere.
-    const QItemSelection selection = selectionModel()->selection();
-    if (selection.isEmpty())
-        return {currentIndex().column() + 1, currentIndex().row() + 1, 1, 1};
-    const QItemSelectionRange& range = selection.first();
-    return {range.left() + 1, range.top() + 1, range.width(), range.height()};
-}
-
-CellRange TNTabEd::rangeOf(Scope scope) const
-{
-    switch (scope) {
-    case Scope::Column:
-        return {currentIndex().column() + 1, 1, 1, NrOfRows()};
-    case Scope::Row:
-        return {1, currentIndex().row() + 1, NrOfColumns(), 1};
-    case Scope::All:
-        return m_model->table().range();
-    default:
-        return selectedRange();
-    }
 }
 
 void TNTabEd::enterValue(int column, int row, double value)
