@@ -3,6 +3,7 @@
 
 #include "analysis/RadioGroup.h"
 #include "base/SafeFile.h"
+#include "grid/GridError.h"
 #include "grid/NTabEd.h"
 #include "square/LoadedSquare.h"
 #include "square/ShowSquare.h"
@@ -17,6 +18,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 namespace analysis {
 
@@ -168,27 +170,27 @@ void TAnalisis::closeEvent(QCloseEvent* event)
 
 QStringList TAnalisis::runSelectedTest()
 {
-    const stats::TMatrix square = observations();
+    const stats::TMatrix matrix = observations();
     const int n = m_datos->NrOfColumns();
     switch (selectedTest()) {
     case stats::TestKind::F:
-        return stats::FTest(square, n, m_alpha);
+        return stats::FTest(matrix, n, m_alpha);
     case stats::TestKind::Zimmerman:
-        return stats::ZimmermanTest(square, n, m_alpha);
+        return stats::ZimmermanTest(matrix, n, m_alpha);
     case stats::TestKind::Bennett:
-        return stats::BennettTest(square, n, m_alpha);
+        return stats::BennettTest(matrix, n, m_alpha);
     case stats::TestKind::C:
-        return runSequenceTest(stats::TestC, QStringLiteral("c"), square);
+        return runSequenceTest(stats::TestC, QStringLiteral("c"), matrix);
     case stats::TestKind::M:
-        return runSequenceTest(stats::TestM, QStringLiteral("m"), square);
+        return runSequenceTest(stats::TestM, QStringLiteral("m"), matrix);
     }
     return {};
 }
 
 QStringList TAnalisis::runSequenceTest(SequenceTest* test, const QString& statistic,
-                                       const stats::TMatrix& square)
+                                       const stats::TMatrix& matrix)
 {
-    const QStringList lines = test(square, m_datos->NrOfColumns(), m_alpha, m_exactValues,
+    const QStringList lines = test(matrix, m_datos->NrOfColumns(), m_alpha, m_exactValues,
                                    m_exactAvailable, m_exactCount, m_exactTitle);
     m_exactName = statistic;
     m_ve->setEnabled(m_exactAvailable);
@@ -197,7 +199,7 @@ QStringList TAnalisis::runSequenceTest(SequenceTest* test, const QString& statis
 
 void TAnalisis::openPendingFile(window::HandOff& handOff)
 {
-    handOff.fileOpened = true;
+    // Cleared before the file is read, so that no failure can leave it to the next window.
     const QString fileName = std::exchange(handOff.pendingFileName, QString());
     handOff.fileOpened = importFile(fileName);
 }
@@ -250,11 +252,11 @@ stats::TMatrix TAnalisis::observations() const
 {
     const int columns = m_datos->NrOfColumns();
     const int rows = m_datos->NrOfRows();
-    stats::TMatrix square = stats::TMatrix::Create(columns, rows);
+    stats::TMatrix matrix = stats::TMatrix::Create(columns, rows);
     for (int row = 1; row <= rows; ++row)
         for (int column = 1; column <= columns; ++column)
-            square.Elem(column, row, m_datos->value(column, row));
-    return square;
+            matrix.Elem(column, row, m_datos->value(column, row));
+    return matrix;
 }
 
 } // namespace analysis

@@ -86,7 +86,7 @@ private:
     stats::TestKind selectedTest() const;
     stats::TMatrix observations() const;
     QStringList runSequenceTest(SequenceTest* test, const QString& statistic,
-                                const stats::TMatrix& square);
+                                const stats::TMatrix& matrix);
 
     window::Dialogs& m_dialogs;
     QMenu* m_menu = nullptr;

@@ -172,8 +172,7 @@ QWidget* TAnalisis::createReport()
     m_report = new QPlainTextEdit(QStringLiteral("REPORTE SIN GENERAR"), this);
     m_report->setObjectName(QStringLiteral("Reporte"));
     m_report->setAccessibleName(QStringLiteral("Reporte"));
-    // A report that a stray key could change would be no evidence.
-    m_report->setReadOnly(true);
+    // To be selected and copied but not changed: what a stray key could alter is no evidence.
     m_report->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_report->setUndoRedoEnabled(false);
     m_report->setLineWrapMode(QPlainTextEdit::NoWrap);

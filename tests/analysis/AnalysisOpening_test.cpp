@@ -102,6 +102,7 @@ TEST_F(AnalysisOpening, TheReportIsAReadOnlyAreaOfFixedPitch)
     EXPECT_TRUE(report().horizontalScrollBar()->isVisible());
     EXPECT_TRUE(report().verticalScrollBar()->isVisible());
 
+    EXPECT_TRUE(report().isReadOnly());
     QTest::keyClicks(&report(), QStringLiteral("x"));
     QTest::keyClick(&report(), Qt::Key_Delete);
     EXPECT_EQ(report().toPlainText(), QStringLiteral("REPORTE SIN GENERAR"));

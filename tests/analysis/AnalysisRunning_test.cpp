@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 
 #include <QApplication>
+#include <QDir>
 
 #include <algorithm>
 #include <new>
@@ -21,6 +22,19 @@ protected:
     void expectNumber(const QString& label, const char* text) const
     {
         EXPECT_EQ(afterLabel(label), QString::fromUtf8(text));
+    }
+
+    /// Each test ends with a report and without a box.
+    void expectEveryTestAnswers()
+    {
+        for (const auto& [approach, test] :
+             {std::pair{classical, 0}, {ranks, 0}, {ranks, 1}, {sequences, 0}, {sequences, 1}}) {
+            statusTexts.clear();
+            run(approach, test);
+            EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
+            EXPECT_GE(reportLines().size(), 3);
+            EXPECT_TRUE(dialogs.errors.empty());
+        }
     }
 
     /// `count` ascending values from 0 to `largest`, then as many probabilities that add up to 1.
@@ -237,16 +251,22 @@ TEST_F(AnalysisRunning, AnswersForEveryShapeThatAFileBrings)
             for (double& cell : row)
                 cell = value = 1000 - value * 1.37;
         openSquare(square);
-        const std::vector<int> testCounts{1, 2, 2};
-        for (const int approach : {classical, ranks, sequences}) {
-            for (int test = 0; test < testCounts[static_cast<std::size_t>(approach)]; ++test) {
-                statusTexts.clear();
-                run(approach, test);
-                EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
-                EXPECT_GE(reportLines().size(), 3) << columns << " x " << rows;
-                EXPECT_TRUE(dialogs.errors.empty());
-            }
-        }
+        SCOPED_TRACE(::testing::Message() << columns << " x " << rows);
+        expectEveryTestAnswers();
+    }
+}
+
+TEST_F(AnalysisRunning, AnswersForEverySample)
+{
+    const QDir samples(QStringLiteral(CL_SOURCE_DIR "/ejemplos"));
+    const QStringList names = samples.entryList({QStringLiteral("*.asc")});
+    EXPECT_GE(names.size(), 4);
+    for (const QString& name : names) {
+        openFile(samples.filePath(name));
+        ASSERT_TRUE(handOff.fileOpened);
+        SCOPED_TRACE(name.toStdString());
+        expectEveryTestAnswers();
+        EXPECT_EQ(ve().isEnabled(), datos().NrOfColumns() == 3) << "after test M";
     }
 }
 
