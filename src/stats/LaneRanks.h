@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "stats/LaneRuns.h"
+
+/// The rank statistics of the squares of a batch, side by side.
+namespace stats {
+
+/// Cells by code: the row in the upper bits, the treatment in the lower ones, both from 0. Rows and
+/// columns may be exchanged, as in treatmentOf().
+constexpr int rowStep = treatmentMask + 1;
+
+/// The code of a cell; row, column from 0.
+constexpr int cellCode(int row, int column, int n)
+{
+    return row * rowStep + (row + column) % n;
+}
+
+/// The rank sums of the squares as Bennett's and Zimmerman's statistics need them, for squares
+/// without ties. Up to order 6 each fits into a byte: six of the ranks 1 to 36 make at most 201,
+/// six sums of two ranks in lines of six at most 72.
+template <int n>
+struct RankLanes {
+    std::array<Lanes<std::uint8_t>, n> overall{}; ///< of the treatments
+    std::array<Lanes<std::uint8_t>, n> inLines{}; ///< of the treatments: row plus column
+    Lanes<std::uint16_t> squaresInLines{};        ///< over the cells, of row plus column
+};
+
+namespace detail {
+
+/// Small numbers of the cells, by code.
+template <int n>
+using CellLanes = std::array<Lanes<std::int8_t>, static_cast<std::size_t>(n) * rowStep>;
+
+/// For each cell its overall rank, from 1, in every square. The only step that goes lane by lane:
+/// it undoes what the sorting did to each square.
+template <int n>
+CellLanes<n> ranksOfCells(const CodeLanes<n>& codes)
+{
+    CellLanes<n> ranks{};
+    for (std::size_t place = 0; place < codes.size(); ++place) {
+        for (std::size_t lane = 0; lane < laneCount; ++lane)
+            ranks[codes[place][lane]][lane] = static_cast<std::int8_t>(place + 1);
+    }
+    return ranks;
+}
+
+template <int n>
+using Line = std::array<std::size_t, n>;
+
+/// The codes of the cells of every row and every column.
+template <int n>
+constexpr std::array<Line<n>, 2 * n> allLines()
+{
+    std::array<Line<n>, 2 * n> lines{};
+    for (int i = 0; i < n; ++i) {
+        for (int j = 0; j < n; ++j) {
+            lines[i][j] = cellCode(i, j, n);
+            lines[n + i][j] = cellCode(j, i, n);
+        }
+    }
+    return lines;
+}
+
+/// Adds to each cell of a line its rank there; the observations are in the order of their overall
+/// ranks. Each cell starts as the largest of those up to it; then of each pair the earlier cell
+/// rises or the later one keeps its place.
+template <int n, typename Bytes>
+void addLineRanks(const CellLanes<n>& overallRanks, const Line<n>& line,
+                  std::array<Bytes, n * rowStep>& lineRanks)
+{
+    const Bytes one = 1;
+    std::array<Bytes, n> overall;
+    std::array<Bytes, n> ranks;
+    Bytes rank{};
+    for (std::size_t i = 0; i < n; ++i) {
+        overall[i] = Bytes(overallRanks[line[i]].data(), simd::element_aligned);
+        rank += one;
+        ranks[i] = rank;
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+        for (std::size_t j = i + 1; j < n; ++j) {
+            const Bytes earlierIsLarger = onlyWhere(overall[j] < overall[i], one);
+            ranks[i] += earlierIsLarger;
+            ranks[j] -= earlierIsLarger;
+        }
+    }
+    for (std::size_t i = 0; i < n; ++i)
+        lineRanks[line[i]] += ranks[i];
+}
+
+} // namespace detail
+
+/// codes: cellCode() of the cells in ascending order of the observations.
+template <int n>
+RankLanes<n> rankLanes(const CodeLanes<n>& codes)
+{
+    using Bytes = LaneVector<std::int8_t>;
+    using UnsignedBytes = LaneVector<std::uint8_t>;
+    using Words = simd::rebind_simd_t<std::uint16_t, Bytes>;
+    static constexpr auto lines = detail::allLines<n>();
+
+    const detail::CellLanes<n> overallRanks = detail::ranksOfCells<n>(codes);
+    std::array<Bytes, n * rowStep> lineRanks{};
+    for (const auto& line : lines)
+        detail::addLineRanks<n>(overallRanks, line, lineRanks);
+
+    RankLanes<n> sums;
+    Words squares = 0;
+    for (std::size_t treatment = 0; treatment < n; ++treatment) {
+        UnsignedBytes overall{};
+        Bytes inLines{};
+        for (std::size_t cell = treatment; cell < n * rowStep; cell += rowStep) {
+            overall += UnsignedBytes(overallRanks[cell].data(), simd::element_aligned);
+            inLines += lineRanks[cell];
+            const Words wide = simd::static_simd_cast<Words>(lineRanks[cell]);
+            squares += wide * wide;
+        }
+        overall.copy_to(sums.overall[treatment].data(), simd::element_aligned);
+        inLines.copy_to(sums.inLines[treatment].data(), simd::element_aligned);
+    }
+    squares.copy_to(sums.squaresInLines.data(), simd::element_aligned);
+    return sums;
+}
+
+/// BennettStatistic() of one square.
+template <int n>
+double laneBennett(const RankLanes<n>& sums, std::size_t lane)
+{
+    std::int32_t sumOfSquares = 0;
+    for (const auto& rankSum : sums.overall)
+        sumOfSquares += rankSum[lane] * rankSum[lane];
+    constexpr std::int32_t cells = n * n;
+    return detail::laneRatio(12 * sumOfSquares - 3 * n * cells * (cells + 1) * (cells + 1),
+                             n * cells * (cells + 1));
+}
+
+/// ZimmermanStatistic() of one square.
+template <int n>
+double laneZimmerman(const RankLanes<n>& sums, std::size_t lane)
+{
+    const auto spread = detail::laneSpread<n>(sums.inLines, sums.squaresInLines[lane], lane);
+    return detail::laneRatio((n - 1) * n * spread.between,
+                             (n + 1) * (spread.total - spread.between));
+}
+
+} // namespace stats
