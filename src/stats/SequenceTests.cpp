@@ -4,6 +4,7 @@
 #include "stats/DegreesOfFreedom.h"
 #include "stats/STATIS.h"
 #include "stats/Sequences.h"
+#include "stats/SquareDraws.h"
 
 #include <cmath>
 #include <vector>
@@ -12,18 +13,10 @@ namespace stats {
 
 SimulatedC simulateC(int n, RandomIntegers& integers)
 {
-    constexpr double scale = 5.0; // any would do: only the order of the observations counts
-    TMatrix square = TMatrix::Create(n, n);
-    std::vector<double> values(SimulatedC::squares);
+    const std::vector<double> values = sequenceCOfRandomSquares(n, SimulatedC::squares, integers);
     double sum = 0.0;
-    for (double& value : values) {
-        for (int row = 1; row <= n; ++row) {
-            for (int column = 1; column <= n; ++column)
-                square.Elem(column, row, integers.next() * scale);
-        }
-        value = SequenceC(square, n);
+    for (const double value : values)
         sum += value;
-    }
 
     SimulatedC result;
     result.mean = sum / SimulatedC::squares;
