@@ -110,7 +110,7 @@ TEST_P(BennettOfOrder, PropertiesOnRandomSquares)
 {
     const int n = GetParam();
     RandomSquares squares(n);
-    for (int k = 0; k < 100000; ++k) {
+    for (int k = 0; k < propertySquares; ++k) {
         const TMatrix square = squares.next();
         const double b = stats::BennettStatistic(square, n);
         ASSERT_GE(b, 0.0);

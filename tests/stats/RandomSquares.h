@@ -2,8 +2,12 @@
 #pragma once
 
 #include "stats/MATRIX.h"
+#include "support/Sanitizers.h"
 
 #include <random>
+
+/// Squares of each order on which a property is tested.
+constexpr int propertySquares = isSanitized ? 5000 : 100000;
 
 /// Random squares for property tests, from no ties at all to hardly two different values.
 class RandomSquares {

@@ -211,7 +211,7 @@ TEST_P(SequencesOfOrder, PropertiesOnRandomSquares)
 {
     const int n = GetParam();
     RandomSquares squares(n);
-    for (int k = 0; k < 100000; ++k) {
+    for (int k = 0; k < propertySquares; ++k) {
         const TMatrix square = squares.next();
         const double c = stats::SequenceC(square, n);
         const double m = stats::SequenceM(square, n);
