@@ -57,9 +57,10 @@ void AxisRange::setLogarithmic(bool on)
         return;
     const long double positive = std::max(m_low, m_high);
     const long double other = positive / 1000;
-    if (hasLogarithm(other)) {
+    if (hasLogarithm(other))
         setBounds(m_low < m_high ? other : positive, m_low < m_high ? positive : other);
-    } else {
+    // So great a minimum range that it leaves no room above 0 is no better than bounds below it.
+    if (!hasLogarithm(m_low) || !hasLogarithm(m_high)) {
         m_low = 1.0L;
         m_high = std::clamp(1.0L + leastWidthAt(1.0L), 10.0L, limit);
     }

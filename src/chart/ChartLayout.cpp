@@ -84,14 +84,14 @@ Rims rimsFor(const LayoutRequest& request, const Beside& across, const Beside& d
             request.fixed.bottom.value_or(bottomRim(request, down))};
 }
 
+bool touch(const PlacedLabel& one, const PlacedLabel& next)
+{
+    return one.place.adjusted(-gap, 0, gap, 0).intersects(next.place);
+}
+
 bool overlap(const std::vector<PlacedLabel>& labels)
 {
-    for (std::size_t i = 1; i < labels.size(); ++i) {
-        const QRect& previous = labels[i - 1].place;
-        if (previous.adjusted(-gap, 0, gap, 0).intersects(labels[i].place))
-            return true;
-    }
-    return false;
+    return std::adjacent_find(labels.begin(), labels.end(), touch) != labels.end();
 }
 
 bool isMultiple(long double index, int stride)
@@ -110,6 +110,9 @@ std::vector<PlacedLabel> thinnedOut(const LabelledTicks& ticks, Place place)
             if (!ticks.texts[i].isEmpty() && isMultiple(ticks.indices[i], stride))
                 labels.push_back({i, place(ticks.pixels[i], ticks.texts[i])});
         }
+        // The last one is pushed back from the rim and may touch the one before.
+        if (labels.size() > 2 && touch(labels[labels.size() - 2], labels.back()))
+            labels.pop_back();
         if (!overlap(labels))
             return labels;
     }
@@ -125,8 +128,11 @@ void placeCaptions(ChartLayout& layout, const LayoutRequest& request, const Besi
     const QSize& size = request.size;
     const int line = request.text.lineHeight;
     if (down.caption) {
-        const QRect place(margin, margin, size.width() - 2 * margin,
-                          request.captionText.lineHeight);
+        // Over the plot where it fits there, otherwise over everything.
+        const bool fits = request.captionText.width(request.caption) <= plot.width();
+        const int height = request.captionText.lineHeight;
+        const QRect place = fits ? QRect(plot.left(), margin, plot.width(), height)
+                                 : QRect(margin, margin, size.width() - 2 * margin, height);
         if (place.bottom() < plot.top() - line / 2)
             layout.caption = place;
     }
