@@ -180,10 +180,12 @@ TEST(AxisRange, SwitchingLogarithmicOnReplacesBoundsWithoutALogarithm)
     range.setLogarithmic(true);
     expectBounds(range, 2.0, 3.0);
 
-    range = rangeOf(-1e308, 1e308, 1.7e308);
-    range.setLogarithmic(true);
-    EXPECT_TRUE(chart::hasLogarithm(range.low()) && chart::hasLogarithm(range.high()));
-    EXPECT_NE(range.low(), range.high());
+    for (const double minRange : {1.7e308, chart::largestBound}) {
+        range = rangeOf(-1e308, 1e308, minRange);
+        range.setLogarithmic(true);
+        EXPECT_TRUE(chart::hasLogarithm(range.low()) && chart::hasLogarithm(range.high()));
+        EXPECT_NE(range.low(), range.high());
+    }
 }
 
 TEST(AxisRange, MinimumRangeOnALogarithmicAxisKeepsItsLogarithms)
