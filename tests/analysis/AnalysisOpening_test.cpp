@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QGroupBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QScrollArea>
 #include <QSplitter>
@@ -262,6 +264,20 @@ TEST_F(AnalysisOpening, ClosingAsksNothingAndEndsTheWindow)
     EXPECT_TRUE(dialogs.questions.empty());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(AnalysisOpening, ClosingItsPlaceInTheFrameEndsTheWindow)
+{
+    openSquare(orderThree);
+    QMdiArea area;
+    QMdiSubWindow* place = area.addSubWindow(window);
+    EXPECT_EQ(place->windowTitle(), window->windowTitle());
+    area.show();
+    EXPECT_TRUE(place->close());
+    EXPECT_EQ(statusTexts, QStringList(QStringLiteral("Listo.")));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+    EXPECT_TRUE(area.subWindowList().isEmpty());
 }
 
 TEST_F(AnalysisOpening, SeveralWindowsLiveSideBySide)
