@@ -2,10 +2,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Fails on an include that runs against the layers of docs/architecture.md, and on circles.
 
-A folder under src/ is a layer. Its files may include their own layer, the layers named for it
-below, and the Qt modules named for it. A test folder may include what its layer may.
+A folder under src/ is a layer. Its files may include their own layer and the layers named for it
+below; a test folder may include what its layer may. The targets named below are the halves without a
+window: their files, and what these include of their own layer, see less.
 """
 
+import glob
+import os
 import pathlib
 import re
 import sys
@@ -22,100 +25,130 @@ LAYERS = {
     "shell": {"base", "stats", "grid", "square", "chart", "power", "analysis", "window"},
 }
 
-# Halves without a window: file stems that see no Qt at all, and that see Qt Core only.
-QT_CORE = {"base"}
-QT_FREE_EXCEPT = {"stats": ("Estad",)}  # the report half words results with Qt Core
-CORE_ONLY_STEMS = {
-    "square": (
-        "SquareData",
-        "SquareFileReading",
-        "SquareFileWriting",
-        "SquareFile",
-        "NameScanner",
-        "TextReader",
-        "LoadedSquare",
-    )
+# (layer, target): what its files may include beside their own layer.
+NOTHING, QT_CORE = "the C++ library", "Qt Core"
+HALVES = {
+    ("base", "base"): (QT_CORE, set()),
+    ("stats", "stats"): (NOTHING, set()),
+    ("stats", "estad"): (QT_CORE, {"base"}),
+    ("square", "squarefile"): (QT_CORE, {"base"}),
+    ("power", "powerstudy"): (QT_CORE, {"base", "stats"}),
 }
-FORBIDDEN = {("analysis", "square/Formeditor.h"): "the analysis window does not know the editor"}
 
-WIDGET_CLASSES = re.compile(
-    r"^Q(Widget|Application|Action|Menu|Dialog|MessageBox|FileDialog|InputDialog|Label|Painter|"
-    r"TableView|MainWindow|Mdi\w+|Clipboard|GuiApplication|Push\w+|Tool\w+|Spin\w+|Line\w+|Undo\w+)$"
-)
+EDITOR = "square/Formeditor.h"  # known to the shell alone
+
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]', re.MULTILINE)
+CORE_HEADERS = {
+    os.path.basename(path) for path in glob.glob("/usr/include/*/qt6/QtCore/*")
+}
 
 
-def complaints(layer: str, name: str, text: str, is_test: bool = False):
-    """What is wrong with the includes of one file of a layer."""
-    stem = pathlib.PurePath(name).stem
-    allowed = LAYERS[layer] | {layer}
-    for kind, target in INCLUDE.findall(text):
+def includes(text, kind):
+    return [target for found, target in INCLUDE.findall(text) if found == kind]
+
+
+def is_qt(header):
+    return re.match(r"^Q([A-Z]|t[A-Z])", header) is not None
+
+
+def against_the_layers(layer, name, text):
+    """The includes of one file that run upwards."""
+    for target in includes(text, '"'):
         head = target.split("/")[0]
-        if kind == '"' and head in LAYERS:
-            if head not in allowed:
-                yield f"{name}: layer {layer} may not include {target}"
-            elif (layer, target) in FORBIDDEN and not is_test:
-                yield f"{name}: {FORBIDDEN[layer, target]}"
-        if kind == "<" and re.match(r"^Q[A-Z]", head) and not is_test:
-            if layer == "stats" and not stem.startswith(QT_FREE_EXCEPT["stats"]):
-                yield f"{name}: the numeric half of stats sees no Qt ({target})"
-            core_only = (
-                layer in QT_CORE or layer == "stats" or stem in CORE_ONLY_STEMS.get(layer, ())
-            )
-            if core_only and WIDGET_CLASSES.match(head):
-                yield f"{name}: only Qt Core is seen here ({target})"
-        if kind == '"' and layer == "stats" and head == "base" and not is_test:
-            if not stem.startswith(QT_FREE_EXCEPT["stats"]):
-                yield f"{name}: the numeric half of stats knows no other layer ({target})"
+        if head in LAYERS and head != layer and head not in LAYERS[layer]:
+            yield f"{name}: layer {layer} may not include {target}"
+        elif target == EDITOR and layer not in ("square", "shell"):
+            yield f"{name}: only the shell knows the editor"
 
 
-def circles(includes):
-    """The circles among units (a header and its source) that include each other's headers."""
+def against_the_half(layer, target, name, text):
+    """The includes of one file of a half that it may not see."""
+    qt, layers = HALVES[layer, target]
+    for header in includes(text, "<"):
+        if is_qt(header) and (qt == NOTHING or header not in CORE_HEADERS):
+            yield f"{name}: {target} sees {qt} only, not {header}"
+    for header in includes(text, '"'):
+        head = header.split("/")[0]
+        if head in LAYERS and head != layer and head not in layers:
+            yield f"{name}: {target} may not include {header}"
+
+
+def files(folder):
+    return sorted(path for path in folder.rglob("*") if path.suffix in (".h", ".cpp"))
+
+
+def sources_of(cmake, target):
+    """The sources that a layer's CMakeLists.txt lists for a target."""
+    found = re.search(rf"add_(?:qt_)?layer\(\s*{target}\s+([^)]*)\)", cmake)
+    return found.group(1).split() if found else []
+
+
+def files_of_half(source, layer, target):
+    """The sources of a half and all headers of the layer that they reach."""
+    cmake = (source / layer / "CMakeLists.txt").read_text()
+    waiting = [source / layer / name for name in sources_of(cmake, target)]
+    reached = set()
+    while waiting:
+        path = waiting.pop()
+        if path not in reached and path.is_file():
+            reached.add(path)
+            waiting += [
+                source / header
+                for header in includes(path.read_text(), '"')
+                if header.startswith(layer + "/")
+            ]
+    return sorted(reached)
+
+
+def circles(graph):
+    """The circles among units (a header and its sources) that include each other's headers."""
     found, done = [], set()
 
     def walk(unit, trail):
         if unit in trail:
             found.append(" -> ".join(trail[trail.index(unit) :] + [unit]))
         elif unit not in done:
-            for other in sorted(includes.get(unit, ())):
+            for other in sorted(graph.get(unit, ())):
                 walk(other, trail + [unit])
             done.add(unit)
 
-    for unit in sorted(includes):
+    for unit in sorted(graph):
         walk(unit, [])
     return found
 
 
-def units(source: pathlib.Path):
-    """For each unit under src/, the other units of the project that it includes."""
-    result = {}
-    for path in files(source):
-        unit = str(path.relative_to(source).with_suffix(""))
-        for kind, target in INCLUDE.findall(path.read_text()):
-            other = target.removesuffix(".h")
-            if kind == '"' and other != unit:
-                result.setdefault(unit, set()).add(other)
-    return result
+def headers_graph(source):
+    """For each header under src/, the headers of the project that it includes."""
+    return {
+        str(path.relative_to(source)): set(includes(path.read_text(), '"'))
+        for path in files(source)
+        if path.suffix == ".h"
+    }
 
 
-def files(folder: pathlib.Path):
-    return sorted(path for path in folder.rglob("*") if path.suffix in (".h", ".cpp"))
-
-
-def main(root: pathlib.Path) -> int:
-    found = []
-    for folder in sorted((root / "src").iterdir()):
-        if not folder.is_dir():
+def complaints(root):
+    source = root / "src"
+    for folder in sorted(path for path in source.iterdir() if path.is_dir()):
+        layer = folder.name
+        if layer not in LAYERS:
+            yield f"src/{layer}: a folder that is no layer"
             continue
-        if folder.name not in LAYERS:
-            found.append(f"src/{folder.name}: a folder that is no layer")
-            continue
-        for tests in (False, True):
-            top = root / ("tests" if tests else "src") / folder.name
+        for top in (folder, root / "tests" / layer):
             for path in files(top) if top.is_dir() else []:
-                name = str(path.relative_to(root))
-                found += complaints(folder.name, name, path.read_text(), tests)
-    found += [f"a circle: {circle}" for circle in circles(units(root / "src"))]
+                yield from against_the_layers(
+                    layer, str(path.relative_to(root)), path.read_text()
+                )
+    for layer, target in HALVES:
+        for path in files_of_half(source, layer, target):
+            yield from against_the_half(
+                layer, target, str(path.relative_to(root)), path.read_text()
+            )
+    for circle in circles(headers_graph(source)):
+        yield f"a circle: {circle}"
+
+
+def main(root):
+    found = list(complaints(root))
     print("\n".join(found) or "every include runs down the layers")
     return 1 if found else 0
 
