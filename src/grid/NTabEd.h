@@ -158,6 +158,7 @@ private:
     bool isAtEdge(CursorStep step) const;
     void moveCursorBy(CursorStep step);
     void select(const CellRange& range);
+    /// The selection, or the cursor's cell; no cells before the cursor has been anywhere.
     CellRange selectedRange() const;
     CellRange rangeOf(Scope scope) const;
 

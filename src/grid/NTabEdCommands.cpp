@@ -157,7 +157,8 @@ void TNTabEd::clear(const CellRange& range)
 
 void TNTabEd::copy(const CellRange& range)
 {
-    QGuiApplication::clipboard()->setText(copiedText(m_model->table(), range));
+    if (range.cells() > 0)
+        QGuiApplication::clipboard()->setText(copiedText(m_model->table(), range));
 }
 
 void TNTabEd::paste()
@@ -171,6 +172,8 @@ void TNTabEd::paste()
         return;
     }
     const CellRange place = selectedRange();
+    if (place.cells() == 0)
+        return;
     const int roomForColumns = NrOfColumns() - place.column + 1;
     const int roomForRows = NrOfRows() - place.row + 1;
     if (read.value->columns > roomForColumns || read.value->rows > roomForRows) {

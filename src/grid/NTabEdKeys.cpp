@@ -173,26 +173,25 @@ void TNTabEd::select(const CellRange& range)
 
 CellRange TNTabEd::selectedRange() const
 {
-    // The selection is one rectangle, and empty only before the cursor has been anywhere.
-    const QItemSelection selection = selectionModel()->selection();
-    if (selection.isEmpty())
-        return {currentIndex().column() + 1, currentIndex().row() + 1, 1, 1};
+    const QItemSelection selection = selectionModel()->selection(); // at most one rectangle
+    if (selection.isEmpty()) {
+        const int cursor = currentIndex().isValid() ? 1 : 0;
+        return {currentIndex().column() + 1, currentIndex().row() + 1, cursor, cursor};
+    }
     const QItemSelectionRange& range = selection.first();
     return {range.left() + 1, range.top() + 1, range.width(), range.height()};
 }
 
 CellRange TNTabEd::rangeOf(Scope scope) const
 {
-    switch (scope) {
-    case Scope::Column:
-        return {currentIndex().column() + 1, 1, 1, NrOfRows()};
-    case Scope::Row:
-        return {1, currentIndex().row() + 1, NrOfColumns(), 1};
-    case Scope::All:
+    const QModelIndex cursor = currentIndex();
+    if (scope == Scope::All)
         return m_model->table().range();
-    default:
+    if (scope == Scope::Range || !cursor.isValid())
         return selectedRange();
-    }
+    if (scope == Scope::Column)
+        return {cursor.column() + 1, 1, 1, NrOfRows()};
+    return {1, cursor.row() + 1, NrOfColumns(), 1};
 }
 
 } // namespace grid

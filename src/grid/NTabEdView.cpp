@@ -72,6 +72,10 @@ void TNTabEd::connectWidths()
                     fitColumns(first + 1, last + 1);
             });
     connect(m_model, &TableModel::columnsInserted, this, &TNTabEd::fitAllColumns);
+    connect(m_model, &TableModel::columnsRemoved, this, [this] {
+        m_columnsSetByUser.erase(m_columnsSetByUser.upper_bound(NrOfColumns()),
+                                 m_columnsSetByUser.end());
+    });
     connect(m_model, &TableModel::modelReset, this, [this] {
         fitAllColumns();
         setCurrentIndex(m_readOnly ? QModelIndex() : m_model->index(0, 0));

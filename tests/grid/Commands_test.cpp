@@ -224,6 +224,9 @@ TEST_F(Commands, AReadOnlyTableCanBeMarkedAndCopiedButNotChanged)
     table.setReadOnly(true);
     EXPECT_TRUE(table.readOnly());
     EXPECT_FALSE(table.currentIndex().isValid());
+    setClipboard(QStringLiteral("5"));
+    press(Qt::Key_C, Qt::ControlModifier); // nothing, there is no cursor yet
+    EXPECT_EQ(clipboard(), QStringLiteral("5"));
     QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
     QMenu* menu = openCellMenu(1, 1);
     EXPECT_EQ(enabled(menu),

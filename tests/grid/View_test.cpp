@@ -195,6 +195,12 @@ TEST_F(View, AWidthThatTheUserSetIsLeftAlone)
     EXPECT_EQ(table.columnWidth(0), 104);
     table.resetTable(3, 3);
     EXPECT_EQ(table.columnWidth(0), 64);
+
+    table.horizontalHeader()->resizeSection(2, 150);
+    table.setNrOfColumns(2);
+    table.setNrOfColumns(3);
+    table.setColumnName(3, QString(50, QLatin1Char('W')));
+    EXPECT_EQ(table.columnWidth(2), 200); // not the column that was widened
 }
 
 TEST_F(View, RowsGrowWithALargeFont)
