@@ -4,25 +4,21 @@
 #include "stats/Squares.h"
 #include "support/Golden.h"
 #include "support/Text.h"
+#include "support/UserLocale.h"
 
 #include <gtest/gtest.h>
-
-#include <QLocale>
 
 namespace {
 
 class FTest : public ::testing::Test {
 protected:
-    void SetUp() override { QLocale::setDefault(QLocale::c()); }
-    void TearDown() override { QLocale::setDefault(m_previous); }
-
     static std::string report(const stats::TMatrix& square, int n, double alpha)
     {
         return stats::FTest(square, n, alpha).join(QLatin1Char('\n')).toStdString() + '\n';
     }
 
 private:
-    QLocale m_previous;
+    UserLocale m_point{"C"};
 };
 
 const QString exceptionStart = QStringLiteral("**** EXCEPCION : La varianza del error es 0");
@@ -44,7 +40,7 @@ TEST_F(FTest, ReportsTheAssemblySquare)
 
 TEST_F(FTest, NumbersCarryTheUsersSeparator)
 {
-    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    const UserLocale spanish("es_ES");
     EXPECT_TRUE(
         matchesGolden("stats/data/f_propelente_95_coma.txt", report(propellantSquare(), 5, 0.05)));
 }

@@ -11,10 +11,9 @@
 #include "support/Golden.h"
 #include "support/Sanitizers.h"
 #include "support/Text.h"
+#include "support/UserLocale.h"
 
 #include <gtest/gtest.h>
-
-#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -117,12 +116,7 @@ std::string reportsAtLevels(TestKind kind, const NamedSquare& square)
 }
 
 class Reports : public ::testing::Test {
-protected:
-    void SetUp() override { QLocale::setDefault(QLocale::c()); }
-    void TearDown() override { QLocale::setDefault(m_previous); }
-
-private:
-    QLocale m_previous;
+    UserLocale m_point{"C"};
 };
 
 class GoldenReports : public Reports, public ::testing::WithParamInterface<int> {};
@@ -166,7 +160,7 @@ TEST_F(Reports, CarryTheNumbersOfTheirResults)
 
 TEST_F(Reports, NumbersCarryTheUsersSeparator)
 {
-    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    const UserLocale spanish("es_ES");
     const TMatrix square = propellantSquare();
     EXPECT_EQ(reportOf(TestKind::Zimmerman, square, 5, 0.05)[6],
               QStringLiteral("Estadística Z = 0,613322502030869"));
