@@ -160,14 +160,18 @@ private:
             drawBatches(piece);
     }
 
-    /// The time of one call grows faster than its points.
+    /// The time of one call grows faster than its points. Where very many lines cross the plot
+    /// their smooth edges cost the most and show the least.
     void drawBatches(const std::vector<QPointF>& points)
     {
         constexpr std::size_t batch = 256;
+        constexpr std::size_t mostSmooth = 16384;
+        m_painter.setRenderHint(QPainter::Antialiasing, points.size() <= mostSmooth);
         for (std::size_t from = 0; from + 1 < points.size(); from += batch) {
             const std::size_t count = std::min(batch + 1, points.size() - from);
             m_painter.drawPolyline(points.data() + from, static_cast<int>(count));
         }
+        m_painter.setRenderHint(QPainter::Antialiasing);
     }
 
     QPointF pointOf(double x, double y) const

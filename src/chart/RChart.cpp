@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/RChart.h"
 
-#include "base/NumberText.h"
-#include "chart/ChartAccessible.h"
 #include "chart/ChartDrawing.h"
 #include "chart/DataExtent.h"
 
@@ -18,7 +16,7 @@ TRChart::TRChart(QWidget* parent)
     : QWidget(parent)
     , m_history(view())
 {
-    installChartAccessibility();
+    installAccessibility();
     for (AxisContents* axis : {&m_contents.x, &m_contents.y})
         axis->labels.dateTimeFormat = QStringLiteral("dd/MM/yyyy");
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -157,34 +155,6 @@ void TRChart::zoomToFullView()
 ChartGeometry TRChart::geometry() const
 {
     return measure(m_contents, size(), font());
-}
-
-QString TRChart::description() const
-{
-    constexpr std::size_t mostPoints = 1000; // more would keep a reader busy for hours
-    QStringList points;
-    std::size_t left = 0;
-    for (const ChartItem& item : items()) {
-        if (!item.isFinite())
-            continue;
-        if (points.size() < static_cast<qsizetype>(mostPoints))
-            points += base::generalText(item.x) + QStringLiteral("; ") + base::generalText(item.y);
-        else
-            ++left;
-    }
-    QString text =
-        QStringLiteral("Gráfica «%1». Eje horizontal: %2, de %3 a %4. Eje vertical: %5, "
-                       "de %6 a %7. Puntos: %8.")
-            .arg(Caption(), IdAbscissa(), base::generalText(static_cast<double>(RangeLoX())),
-                 base::generalText(static_cast<double>(RangeHiX())), IdOrdinate(),
-                 base::generalText(static_cast<double>(RangeLoY())),
-                 base::generalText(static_cast<double>(RangeHiY())))
-            .arg(static_cast<std::size_t>(points.size()) + left);
-    for (const QString& point : points)
-        text += QLatin1Char('\n') + point;
-    if (left > 0)
-        text += QStringLiteral("\n... y %1 más").arg(left);
-    return text;
 }
 
 ItemList& TRChart::sharedItems()

@@ -226,6 +226,9 @@ private:
     enum class Axis { X, Y };
     enum class Gesture { None, Zoom, Pan };
 
+    /// Once per process; calling it again does nothing.
+    static void installAccessibility();
+
     ItemList& sharedItems();
     void addItem(ChartItem item);
     void redraw();

@@ -504,6 +504,22 @@ TEST(RChart, OffersItsNumbersAsText)
     EXPECT_TRUE(chart.description().endsWith(QStringLiteral("... y 1002 más")));
 }
 
+TEST(RChart, ZoomedToTheLastDigitsItStillHasTicksAndLabels)
+{
+    TRChart chart;
+    chart.resize(500, 300);
+    chart.setRangeLoX(1e6L);
+    chart.setRangeHiX(1e6L + 1e-10L);
+    chart.MoveToXY(0.0, 0.0);
+    chart.LineToXY(2e6, 10.0);
+    const chart::ChartGeometry geometry = chart.geometry();
+    EXPECT_GE(geometry.xTicks.main.size(), 4U);
+    EXPECT_FALSE(geometry.xLabels.empty());
+    const QImage picture = chart.picture(false);
+    const QPoint middle(geometry.layout.plot.center().x(), geometry.yScale.toPixel(5.0));
+    EXPECT_LT(qGray(picture.pixel(middle)), 128); // the line passes at half its height
+}
+
 TEST(RChart, LabelsCanBeReadOnADarkWindow)
 {
     TRChart chart;
