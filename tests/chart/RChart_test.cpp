@@ -517,7 +517,8 @@ TEST(RChart, ZoomedToTheLastDigitsItStillHasTicksAndLabels)
     EXPECT_FALSE(geometry.xLabels.empty());
     const QImage picture = chart.picture(false);
     const QPoint middle(geometry.layout.plot.center().x(), geometry.yScale.toPixel(5.0));
-    EXPECT_LT(qGray(picture.pixel(middle)), 128); // the line passes at half its height
+    // The line passes at half the height, at worst with half of it in the next row of pixels.
+    EXPECT_LT(qGray(picture.pixel(middle)), 160);
 }
 
 TEST(RChart, LabelsCanBeReadOnADarkWindow)
