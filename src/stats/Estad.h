@@ -13,8 +13,9 @@
 ///
 /// Observations are addressed (column, row) from 1, in the cyclic layout of treatments
 /// (treatmentOf()); n is the order of the square and alpha the significance level as a fraction.
-/// The program offers orders 3 to 6; a file can bring any other, and then what cannot be computed
-/// is reported as "NAN" and never makes a test reject. Numbers carry the user's decimal separator.
+/// The program offers orders 3 to 6; a file can bring any other from 1 on, and then what cannot be
+/// computed is reported as "NAN" and never makes a test reject. Numbers carry the user's decimal
+/// separator.
 namespace stats {
 
 /// The classical F test: the analysis-of-variance table, or, where the error variance is exactly
