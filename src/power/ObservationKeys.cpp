@@ -50,16 +50,16 @@ struct TriangularLevels {
 /// number * 10^-shift falls, and the bit pattern of a positive float rises with the float.
 ///
 /// In single precision the product is right to 3 * 2^-24 of itself, at most 3 steps of the pattern.
-/// A unit is 16 steps, so that is 0.2 units; the fraction of a unit is cut off. Two observations
-/// whose levels differ by nearTie are 10^-7 apart and more; they themselves are rounded below
-/// 10^-14.
+/// A unit is 8 steps, so that is 0.4 units; the fraction of a unit is cut off (less than 1 unit).
+/// Two observations whose levels differ by nearTie are 10^-7 apart and more; they themselves are
+/// rounded below 10^-14.
 ///
-/// The number 0, an infinite observation, takes part as a product that is smaller than any other
-/// number gives: it has the highest level.
+/// Products below 2, the number 0 with its infinite observation among them, share the highest
+/// level: in one square they are near ties of each other.
 struct ExponentialLevels {
-    static constexpr int stepBits = 4;
+    static constexpr int stepBits = 3;
     Vector<Key> largest = std::bit_cast<Key>(4294967296.0F); // 2^32
-    Vector<float> smallest = 0x1p-31F; // 63 * 2^23 steps below the largest: 25 bits of units
+    Vector<float> smallest = 2.0F; // 31 * 2^23 steps below the largest: 25 bits of units
 
     Vector<Key> operator()(const Vector<std::uint32_t>& numbers, const Vector<float>& weight) const
     {

@@ -36,14 +36,11 @@ Lanes<bool> nearTies(const stats::KeyLanes<n>& sorted)
 template <int n>
 BatchStatistics statisticsOf(const stats::RunLanes<n>& runs, const stats::RankLanes<n>& ranks)
 {
-    BatchStatistics statistics;
-    for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        statistics.c[lane] = stats::laneSequenceC<n>(runs, lane);
-        statistics.m[lane] = stats::laneSequenceM<n>(runs, lane);
-        statistics.b[lane] = stats::laneBennett<n>(ranks, lane);
-        statistics.z[lane] = stats::laneZimmerman<n>(ranks, lane);
-    }
-    return statistics;
+    const stats::MomentLanes moments = stats::momentLanes(runs.ofTreatments);
+    return {stats::sequenceCFractions<n>(moments, runs).values(),
+            stats::sequenceMFractions<n>(moments, runs).values(),
+            stats::bennettFractions<n>(ranks).values(),
+            stats::zimmermanFractions<n>(ranks).values()};
 }
 
 } // namespace

@@ -123,25 +123,31 @@ RankLanes<n> rankLanes(const CodeLanes<n>& codes)
     return sums;
 }
 
-/// BennettStatistic() of one square.
+/// BennettStatistic() of each square.
 template <int n>
-double laneBennett(const RankLanes<n>& sums, std::size_t lane)
+FractionLanes bennettFractions(const RankLanes<n>& ranks)
 {
-    std::int32_t sumOfSquares = 0;
-    for (const auto& rankSum : sums.overall)
-        sumOfSquares += rankSum[lane] * rankSum[lane];
     constexpr std::int32_t cells = n * n;
-    return detail::laneRatio(12 * sumOfSquares - 3 * n * cells * (cells + 1) * (cells + 1),
-                             n * cells * (cells + 1));
+    const MomentLanes moments = momentLanes(ranks.overall);
+    FractionLanes fractions;
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        fractions.numerators[lane] =
+            12 * moments.ofSquares[lane] - 3 * n * cells * (cells + 1) * (cells + 1);
+        fractions.denominators[lane] = n * cells * (cells + 1);
+    }
+    return fractions;
 }
 
-/// ZimmermanStatistic() of one square.
+/// ZimmermanStatistic() of each square: (n - 1) / (n + 1) times a fraction of M's form.
 template <int n>
-double laneZimmerman(const RankLanes<n>& sums, std::size_t lane)
+FractionLanes zimmermanFractions(const RankLanes<n>& ranks)
 {
-    const auto spread = detail::laneSpread<n>(sums.inLines, sums.squaresInLines[lane], lane);
-    return detail::laneRatio((n - 1) * n * spread.between,
-                             (n + 1) * (spread.total - spread.between));
+    FractionLanes fractions = spreadFractions<n>(momentLanes(ranks.inLines), ranks.squaresInLines);
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        fractions.numerators[lane] *= n - 1;
+        fractions.denominators[lane] *= n + 1;
+    }
+    return fractions;
 }
 
 } // namespace stats

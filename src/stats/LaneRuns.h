@@ -72,57 +72,79 @@ RunLanes<n> runLanes(const CodeLanes<n>& codes)
     return sums;
 }
 
-namespace detail {
+/// A statistic of each square as a fraction of whole numbers. Up to order 6 they, and whatever they
+/// are made of here, stay below 2^31.
+struct FractionLanes {
+    Lanes<std::int32_t> numerators{};
+    Lanes<std::int32_t> denominators{};
 
-/// treatmentSpread() of one square, in the 32 bits that do up to order 6.
-struct LaneSpread {
-    std::int32_t between = 0;
-    std::int32_t total = 0;
+    /// With the one rounding of ratio().
+    Lanes<double> values() const
+    {
+        Lanes<double> quotients;
+        for (std::size_t lane = 0; lane < laneCount; ++lane)
+            quotients[lane] =
+                static_cast<double>(numerators[lane]) / static_cast<double>(denominators[lane]);
+        return quotients;
+    }
 };
 
-template <int n>
-LaneSpread laneSpread(const std::array<Lanes<std::uint8_t>, n>& treatmentSums,
-                      std::int32_t sumOfSquares, std::size_t lane)
+/// Sum and sum of squares of the treatments' sums S_t.
+struct MomentLanes {
+    Lanes<std::int32_t> sums{};
+    Lanes<std::int32_t> ofSquares{};
+};
+
+template <std::size_t n>
+MomentLanes momentLanes(const std::array<Lanes<std::uint8_t>, n>& treatmentSums)
 {
-    std::int32_t sum = 0;
-    for (const auto& treatmentSum : treatmentSums)
-        sum += treatmentSum[lane];
-    LaneSpread spread;
-    for (const auto& treatmentSum : treatmentSums) {
-        const std::int32_t deviation = n * treatmentSum[lane] - sum;
-        spread.between += deviation * deviation;
+    MomentLanes moments;
+    for (const Lanes<std::uint8_t>& sums : treatmentSums) {
+        for (std::size_t lane = 0; lane < laneCount; ++lane) {
+            moments.sums[lane] += sums[lane];
+            moments.ofSquares[lane] += sums[lane] * sums[lane];
+        }
     }
-    spread.total = n * n * (n * n * sumOfSquares - sum * sum);
-    return spread;
+    return moments;
 }
 
-/// The one rounding, as in ratio().
-constexpr double laneRatio(std::int32_t numerator, std::int32_t denominator)
-{
-    return static_cast<double>(numerator) / static_cast<double>(denominator);
-}
-
-} // namespace detail
-
-/// SequenceC() of one square.
+/// TreatmentSpread of each square: n * between / (total - between), the form of M.
 template <int n>
-double laneSequenceC(const RunLanes<n>& sums, std::size_t lane)
+FractionLanes spreadFractions(const MomentLanes& moments, const Lanes<std::uint16_t>& sumsOfSquares)
 {
-    const std::int32_t runs = sums.runs[lane];
-    std::int32_t spread = 0;
-    for (const auto& sum : sums.ofTreatments) {
-        const std::int32_t deviation = 2 * sum[lane] - n * (runs + 1);
-        spread += deviation * deviation;
+    FractionLanes fractions;
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        const std::int32_t squaredSum = moments.sums[lane] * moments.sums[lane];
+        // The sum over t of (n S_t - S)^2, S being the sum of all S_t.
+        const std::int32_t between = n * (n * moments.ofSquares[lane] - squaredSum);
+        const std::int32_t total = n * n * (n * n * sumsOfSquares[lane] - squaredSum);
+        fractions.numerators[lane] = n * between;
+        fractions.denominators[lane] = total - between;
     }
-    return detail::laneRatio(spread, 4 * n * n * runs * (runs + 1));
+    return fractions;
 }
 
-/// SequenceM() of one square.
+/// SequenceC() of each square; moments: of runs.ofTreatments.
 template <int n>
-double laneSequenceM(const RunLanes<n>& sums, std::size_t lane)
+FractionLanes sequenceCFractions(const MomentLanes& moments, const RunLanes<n>& runs)
 {
-    const auto spread = detail::laneSpread<n>(sums.ofTreatments, sums.ofSquares[lane], lane);
-    return detail::laneRatio(n * spread.between, spread.total - spread.between);
+    FractionLanes fractions;
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        const std::int32_t count = runs.runs[lane];
+        const std::int32_t centre = n * (count + 1);
+        // The sum over t of (2 S_t - centre)^2.
+        fractions.numerators[lane] =
+            4 * (moments.ofSquares[lane] - centre * moments.sums[lane]) + n * centre * centre;
+        fractions.denominators[lane] = 4 * n * n * count * (count + 1);
+    }
+    return fractions;
+}
+
+/// SequenceM() of each square; moments: of runs.ofTreatments.
+template <int n>
+FractionLanes sequenceMFractions(const MomentLanes& moments, const RunLanes<n>& runs)
+{
+    return spreadFractions<n>(moments, runs.ofSquares);
 }
 
 } // namespace stats

@@ -41,8 +41,9 @@ std::vector<double> inBatches(int squares, RandomIntegers& integers)
             drawSquare<n>(integers, keys, lane);
         sortKeys(keys);
         const RunLanes<n> runs = runLanes<n>(codesOf<n>(keys));
-        for (std::size_t lane = 0; lane < count; ++lane)
-            values.push_back(laneSequenceC<n>(runs, lane));
+        const Lanes<double> batch =
+            sequenceCFractions<n>(momentLanes(runs.ofTreatments), runs).values();
+        values.insert(values.end(), batch.begin(), batch.begin() + count);
     }
     return values;
 }
