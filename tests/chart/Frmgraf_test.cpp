@@ -245,6 +245,13 @@ TEST_F(Grafica, TableUsesTheUsersSeparator)
                    "                   1E-7                   0,75                      1\r\n"));
 }
 
+TEST_F(Grafica, TableKeepsTextsThatAreTooLongForTheirColumn)
+{
+    window->setDistribution({}, 0, {}, QStringLiteral("de un nombre muy largo"));
+    EXPECT_TRUE(distributionTable(window->distribution())
+                    .startsWith("\r\nValor de un nombre muy largo             p(x)"));
+}
+
 TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
 {
     showC();

@@ -22,8 +22,8 @@ namespace {
 /// Versions of the font engine set glyphs a little differently, and versions of the painter blend
 /// edges differently: single pixels may differ, the picture as a whole may not.
 constexpr int sameColour = 48;                // per channel, of 255
-constexpr double mostDifferentPixels = 0.015; // of all pixels; the text covers some 4 %
-constexpr double mostMeanDifference = 1.5;    // per channel, of 255
+constexpr double mostDifferentPixels = 0.006; // of all pixels; the text covers some 4 %
+constexpr double mostMeanDifference = 1.0;    // per channel, of 255
 
 struct Difference {
     double pixels; ///< The share of pixels that differ by more than sameColour.

@@ -95,7 +95,7 @@ TEST(RChartPicture, IsSavedAsAWindowsBitmap)
     EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("uno.dos.dat"))));
 }
 
-TEST(RChartPicture, FailureSaysWhyAndLeavesTheOldFile)
+TEST(RChartPicture, FailureSaysWhy)
 {
     TRChart chart;
     draw(chart);

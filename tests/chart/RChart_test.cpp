@@ -504,6 +504,39 @@ TEST(RChart, OffersItsNumbersAsText)
     EXPECT_TRUE(chart.description().endsWith(QStringLiteral("... y 1002 más")));
 }
 
+TEST(RChart, TicksHaveTheirLengths)
+{
+    TRChart chart;
+    chart.resize(500, 300);
+    chart.setShadowStyle(chart::ShadowStyle::ssNone);
+    chart.setXLabelType(LabelType::ftNoFigs);
+    chart.setYLabelType(LabelType::ftNoFigs);
+    chart.setLRim(60);
+    chart.setBRim(60);
+    const chart::ChartGeometry geometry = chart.geometry(); // 0..10: main ticks every 2, short 0.5
+    const QRect plot = geometry.layout.plot;
+    const QImage picture = chart.picture(false);
+    const auto lengthBelow = [&](double value) {
+        const int x = geometry.xScale.toPixel(value);
+        int length = 0;
+        while (picture.pixelColor(x, plot.bottom() + 1 + length) == QColor(Qt::black))
+            ++length;
+        return length;
+    };
+    const auto lengthLeft = [&](double value) {
+        const int y = geometry.yScale.toPixel(value);
+        int length = 0;
+        while (picture.pixelColor(plot.left() - 1 - length, y) == QColor(Qt::black))
+            ++length;
+        return length;
+    };
+    EXPECT_EQ(lengthBelow(4.0), 7);
+    EXPECT_EQ(lengthBelow(4.5), 4);
+    EXPECT_EQ(lengthBelow(4.75), 0);
+    EXPECT_EQ(lengthLeft(4.0), 6);
+    EXPECT_EQ(lengthLeft(4.5), 4);
+}
+
 TEST(RChart, ZoomedToTheLastDigitsItStillHasTicksAndLabels)
 {
     TRChart chart;
