@@ -249,6 +249,24 @@ TEST_F(Typing, AnotherChildOfTheFrameTakesTheTextOver)
     EXPECT_EQ(inner->value(1, 1), 12.0);
 }
 
+TEST_F(Typing, AnotherWidgetOfTheWindowTakesTheTextOverWhateverGaveItTheFocus)
+{
+    QWidget window;
+    grid::TNTabEd inner(dialogs, &window);
+    QLineEdit other(&window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    double number = 0;
+    for (const Qt::FocusReason reason : {Qt::MouseFocusReason, Qt::ActiveWindowFocusReason,
+                                         Qt::ShortcutFocusReason, Qt::OtherFocusReason}) {
+        number += 1;
+        inner.setFocus();
+        type(std::to_string(static_cast<int>(number)).c_str());
+        other.setFocus(reason);
+        EXPECT_EQ(inner.value(1, 1), number);
+    }
+}
+
 TEST_F(Typing, CommitEditTakesOverRefusesAndDoesNothing)
 {
     EXPECT_TRUE(table.commitEdit());
