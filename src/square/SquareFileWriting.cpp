@@ -51,7 +51,7 @@ bool isTakenWhole(const QByteArray& written)
 /// The name that stands in the file for `name`.
 QString nameInFile(const QString& name, const QString& defaultName)
 {
-    QString kept = withoutBlanksAtTheEnds(cutName(withoutBlanksAtTheEnds(encodable(name))));
+    QString kept = withoutBlanksAtTheEnds(encodable(name));
     if (!isTakenWhole(writtenName(kept)))
         kept = withoutBlanksAtTheEnds(kept.remove(quote));
     return kept.isEmpty() ? defaultName : kept;

@@ -276,6 +276,17 @@ TEST_F(EditorFiles, ALoadedFileIsSavedUnderItsNameAndTitle)
     EXPECT_TRUE(bytesOf("a.asc").startsWith("Ca\xF1\xF3n \x01 \xC3\r\n3\t"));
 }
 
+TEST_F(EditorFiles, AnEditedTitleIsAChangeAndIsSavedWithoutControlCharacters)
+{
+    openWith(ofOrder3());
+    m_dialogs.lineAnswers.push_back(utf8("Año\t2024\r\nTRUE"));
+    entry("HeaderMenu", "Edit Identifier").trigger();
+    EXPECT_FALSE(m_editor->Saved());
+    action("Guardar1").trigger();
+    EXPECT_EQ(bytesOf("a.asc"),
+              QByteArray(ofOrder3()).replace("Parcelas de prueba", "A\xC3\xB1o2024TRUE"));
+}
+
 TEST_F(EditorFiles, TrimmedNamesAreShownAfterASave)
 {
     open();

@@ -22,6 +22,7 @@
 #include <QTest>
 
 #include <memory>
+#include <stdexcept>
 
 /// An editor in a window of its own, with scripted dialogs and a folder that goes with the test.
 class EditorTest : public ::testing::Test {
@@ -88,6 +89,16 @@ protected:
     QAction& action(const char* name) const
     {
         return *m_editor->menu()->findChild<QAction*>(squarebytes::utf8(name));
+    }
+
+    /// An entry of one of the context menus of the data.
+    QAction& entry(const char* menu, const char* text) const
+    {
+        for (QAction* action : datos().findChild<QMenu*>(squarebytes::utf8(menu))->actions()) {
+            if (action->text() == squarebytes::utf8(text))
+                return *action;
+        }
+        throw std::runtime_error(text);
     }
 
     /// Opens a cell, as a user does, and types into it; the cell stays open.

@@ -351,14 +351,8 @@ TEST_F(Editor, AnExtractedExperimentTakesTheEditorWithIt)
                                             "C 11\tD 12\tE 13\tA 14\tB 15\n"
                                             "D 16\tE 17\tA 18\tB 19\tC 20\n"
                                             "E 21\tA 22\tB 23\tC 24\tD 25\n"));
-    QAction* extract = nullptr;
-    for (QAction* entry : datos().findChild<QMenu*>(utf8("CellMenu"))->actions()) {
-        if (entry->text() == utf8("Extract from Clpbrd"))
-            extract = entry;
-    }
-    ASSERT_NE(extract, nullptr);
     datos().setPrecision(1, 7);
-    extract->trigger();
+    entry("CellMenu", "Extract from Clpbrd").trigger();
     EXPECT_TRUE(m_dialogs.errors.empty());
     EXPECT_EQ(datos().value(5, 5), 25.0);
     EXPECT_EQ(reference().NrOfColumns(), 5);

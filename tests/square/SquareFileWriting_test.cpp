@@ -165,8 +165,9 @@ TEST(Encode, NamesAreCutToFiftyCharactersAndHandedBack)
 
 TEST(Encode, WhatUtf8CannotCarryIsNotHandedBackEither)
 {
-    for (const QString& name : {QString(QChar(0xD83C)), QString(QChar(0xDF3E)) + u'a',
-                                utf8("\uFEFFmarca"), utf8("\uFEFF")}) {
+    for (const QString& name :
+         {QString(QChar(0xD83C)), QString(QChar(0xDF3E)) + u'a', utf8("\uFEFFmarca"),
+          utf8("\uFEFF"), utf8("\uFEFF\uFEFFdos"), utf8(" \uFEFFtras un blanco")}) {
         square::SquareData data = order2();
         data.setColumnName(1, name);
         const square::EncodedSquare encoded = square::encode(data, QString());
