@@ -32,11 +32,6 @@ inline DoubleDouble exactSum(double a, double b)
     return {sum, (a - (sum - partOfB)) + (b - partOfB)};
 }
 
-inline DoubleDouble exactDifference(double a, double b)
-{
-    return exactSum(a, -b);
-}
-
 inline DoubleDouble operator+(const DoubleDouble& a, const DoubleDouble& b)
 {
     const DoubleDouble high = exactSum(a.hi, b.hi);

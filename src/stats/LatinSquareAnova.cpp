@@ -26,30 +26,23 @@ int commonExponent(const TMatrix& observations, int n)
     return largest > 0.0 && std::isfinite(largest) ? std::ilogb(largest) + 1 : 0;
 }
 
-/// The observations less the first one, exactly, scaled by 2^-exponent.
-class Deviations {
+/// The observations, scaled by 2^-exponent.
+class ScaledObservations {
 public:
-    Deviations(const TMatrix& observations, int exponent)
+    ScaledObservations(const TMatrix& observations, int exponent)
         : m_observations(observations)
         , m_exponent(exponent)
-        , m_origin(scaled(1, 1))
     {
     }
 
     DoubleDouble operator()(int column, int row) const
     {
-        return exactDifference(scaled(column, row), m_origin);
+        return {std::ldexp(m_observations.Elem(column, row), -m_exponent), 0.0};
     }
 
 private:
-    double scaled(int column, int row) const
-    {
-        return std::ldexp(m_observations.Elem(column, row), -m_exponent);
-    }
-
     const TMatrix& m_observations;
     int m_exponent;
-    double m_origin;
 };
 
 struct Totals {
@@ -66,21 +59,22 @@ struct Totals {
     DoubleDouble all;
 };
 
-DoubleDouble& of(std::vector<DoubleDouble>& totals, int number)
+/// The total of a row, column or treatment, numbered from 1.
+auto& of(auto& totals, int number)
 {
     return totals[static_cast<std::size_t>(number - 1)];
 }
 
-Totals totalsOf(const Deviations& deviation, int n)
+Totals totalsOf(const ScaledObservations& observation, int n)
 {
     Totals totals(n);
     for (int row = 1; row <= n; ++row) {
         for (int column = 1; column <= n; ++column) {
-            const DoubleDouble d = deviation(column, row);
-            of(totals.rows, row) += d;
-            of(totals.columns, column) += d;
-            of(totals.treatments, treatmentOf(column, row, n)) += d;
-            totals.all += d;
+            const DoubleDouble x = observation(column, row);
+            of(totals.rows, row) += x;
+            of(totals.columns, column) += x;
+            of(totals.treatments, treatmentOf(column, row, n)) += x;
+            totals.all += x;
         }
     }
     return totals;
@@ -100,19 +94,19 @@ struct CellSums {
     double error = 0.0; ///< The same of the residuals of the model rows + columns + treatments.
 };
 
-CellSums overCells(const Deviations& deviation, Totals& totals, int n)
+CellSums overCells(const ScaledObservations& observation, const Totals& totals, int n)
 {
     const double cells = static_cast<double>(n) * n;
     DoubleDouble total;
     DoubleDouble error;
     for (int row = 1; row <= n; ++row) {
         for (int column = 1; column <= n; ++column) {
-            const DoubleDouble d = deviation(column, row) * cells; // n^2 times everything: no
-            const DoubleDouble effects =                           // division before the last
-                of(totals.rows, row) + of(totals.columns, column) +
-                of(totals.treatments, treatmentOf(column, row, n));
-            total += squared(d - totals.all);
-            error += squared(d - effects * n + totals.all * 2.0);
+            // Everything n^2 times: no division, and no rounding of one, before the last step.
+            const DoubleDouble x = observation(column, row) * cells;
+            const DoubleDouble effects = of(totals.rows, row) + of(totals.columns, column) +
+                                         of(totals.treatments, treatmentOf(column, row, n));
+            total += squared(x - totals.all);
+            error += squared(x - effects * n + totals.all * 2.0);
         }
     }
     return {quotient(total, cells * cells), quotient(error, cells * cells)};
@@ -137,9 +131,9 @@ LatinSquareAnova latinSquareAnova(const TMatrix& observations, int n, double alp
         FQuantile(1.0 - alpha, asDegrees(result.sourceDegrees), asDegrees(result.errorDegrees));
 
     const int exponent = commonExponent(observations, n);
-    const Deviations deviation(observations, exponent);
-    Totals totals = totalsOf(deviation, n);
-    const CellSums cellSums = overCells(deviation, totals, n);
+    const ScaledObservations scaled(observations, exponent);
+    const Totals totals = totalsOf(scaled, n);
+    const CellSums cellSums = overCells(scaled, totals, n);
     const double errorMeanSquare = meanSquare(cellSums.error, result.errorDegrees);
     const auto unscaled = [exponent](double square) { return std::ldexp(square, 2 * exponent); };
 

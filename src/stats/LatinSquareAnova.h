@@ -34,12 +34,12 @@ struct LatinSquareAnova {
 /// Splits the variation of n x n observations (column, row) in the cyclic layout of treatments.
 ///
 /// Each sum of squares is the one of the textbook (D. C. Montgomery, Design and Analysis of
-/// Experiments, on the Latin square design), evaluated so that it keeps its digits. The first
-/// observation is taken away from all, exactly; then every sum of squares is formed in
-/// double-double from its own deviations, the error's from the residuals of the additive model,
-/// instead of as a difference of large numbers. So
-///  - constant leading digits of the data cost nothing: 13 significant digits and more are right
-///    even with 12 of them constant, where (sum of squares) - (correction term) has none left;
+/// Experiments, on the Latin square design), evaluated so that it keeps its digits: in twice the
+/// digits of a double, and from its own deviations, the error's from the residuals of the additive
+/// model, instead of as a difference of large numbers. So
+///  - constant leading digits of the data cost nothing: 15 significant digits are right even with
+///  12
+///    of them constant, where (sum of squares) - (correction term) has none left;
 ///  - no sum of squares is negative, and the error's is exactly 0 for whole-number data that are
 ///    exactly additive. Data such as 0.1, 0.2, 0.3 are not, as doubles: what remains is their
 ///    rounding, and the F ratios are huge.
