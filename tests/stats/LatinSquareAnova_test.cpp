@@ -92,8 +92,8 @@ void expectDigits(const TMatrix& square, int n, double digits)
     EXPECT_GE(logRelativeError(anova.totalSumOfSquares, exact.total), digits);
 }
 
-/// 13 are asked for; the method gives all that a double holds.
-constexpr double askedDigits = 13.0;
+/// A correctly rounded double has 15.95 digits at least; the last roundings cost a little.
+constexpr double keptDigits = 15.5;
 
 /// 1, 3, 7, 9 and 12 constant leading digits in front of the first decimal.
 const std::vector<double>& constantParts()
@@ -146,7 +146,7 @@ TEST(LatinSquareAnova, KeepsItsDigitsBehindConstantLeadingDigits)
                 const int tenths = 2 + (3 * column + 5 * row + column * row) % 7;
                 return constant + tenths / 10.0;
             });
-            expectDigits(square, n, askedDigits);
+            expectDigits(square, n, keptDigits);
         }
     }
 }
@@ -161,7 +161,7 @@ TEST(LatinSquareAnova, KeepsItsDigitsOnRandomSquares)
                 std::uniform_real_distribution<double> uniform(-1.0, 1.0);
                 const TMatrix square =
                     squareFrom(n, [&](int, int) { return constant + uniform(generator); });
-                expectDigits(square, n, askedDigits);
+                expectDigits(square, n, keptDigits);
             }
         }
     }
@@ -179,7 +179,7 @@ TEST(LatinSquareAnova, KeepsTheDigitsOfASmallErrorAmongLargeEffects)
         const LatinSquareAnova anova = latinSquareAnova(square, n, alpha);
         ASSERT_LT(exact.error, cpp_rational(1e-25));
         ASSERT_NE(exact.error, 0);
-        EXPECT_GE(logRelativeError(anova.errorSumOfSquares, exact.error), askedDigits);
+        EXPECT_GE(logRelativeError(anova.errorSumOfSquares, exact.error), keptDigits);
         EXPECT_FALSE(anova.errorIsZero);
     }
 }
@@ -197,7 +197,7 @@ TEST(LatinSquareAnova, KeepsItsDigitsOnDataOfMixedMagnitudes)
                                         return mantissa(generator) *
                                                std::pow(10.0, exponent(generator));
                                     }),
-                         n, askedDigits);
+                         n, keptDigits);
         }
     }
 }
