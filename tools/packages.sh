@@ -6,7 +6,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-translations-l10n 
 
 # A virtual display with a window manager and a stranger's hands: what drives the real program.
 driver_packages=(
-    xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3 python3-pyatspi
+    xvfb openbox xdotool xclip x11-utils imagemagick dbus at-spi2-core python3 python3-pyatspi
 )
 
 test_packages=(

@@ -3,6 +3,7 @@
 
 #include "analysis/RadioGroup.h"
 #include "base/SafeFile.h"
+#include "chart/Frmgraf.h"
 #include "grid/GridError.h"
 #include "grid/NTabEd.h"
 #include "square/LoadedSquare.h"
@@ -142,6 +143,14 @@ void TAnalisis::SpeedButton1Click()
     }
     emit statusText(
         QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados."));
+}
+
+void TAnalisis::veClick()
+{
+    auto* graph = new chart::TGrafica(m_dialogs, window());
+    graph->setDistribution(m_exactValues, m_exactCount, m_exactTitle, m_exactName);
+    graph->ShowDistribution();
+    emit graphOpened(graph);
 }
 
 void TAnalisis::Exportar1Click()

@@ -50,6 +50,10 @@ public:
     /// "c" or "m" after a test C or M; empty before the first.
     const QString& ExactName() const { return m_exactName; }
 
+signals:
+    /// "Ver exacta..." made a graph window, owned by whatever holds this one, to be shown there.
+    void graphOpened(window::ChildWindow* graph);
+
 public slots:
     void FormActivate() override;
     void FormDeactivate() override;
@@ -57,6 +61,7 @@ public slots:
     void RadioGroup1Click();
     void ScrollBar1Change();
     void SpeedButton1Click();
+    void veClick();
     void Exportar1Click();
 
 protected:

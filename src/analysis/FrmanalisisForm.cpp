@@ -91,6 +91,7 @@ QWidget* TAnalisis::createToolBar()
     m_ve = toolButton(QStringLiteral("ve"), QStringLiteral("Ver exacta..."), this);
     m_ve->setMinimumWidth(96);
     m_ve->setEnabled(false);
+    connect(m_ve, &QToolButton::clicked, this, &TAnalisis::veClick);
 
     toolBar->addSeparator();
     toolBar->addWidget(run);

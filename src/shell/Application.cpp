@@ -28,8 +28,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
-        m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()),
-                            applicationName());
+        m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()), applicationName());
     }
     return false;
 }

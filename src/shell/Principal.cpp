@@ -64,10 +64,13 @@ void TPrincipal::AbrirArchivo1Click()
 void TPrincipal::AnlisisdeDatos1Click()
 {
     auto* analysis = new analysis::TAnalisis(m_handOff, m_dialogs, m_area);
-    if (m_handOff.fileOpened)
-        adopt(analysis, Show::Maximised);
-    else
+    if (!m_handOff.fileOpened) {
         delete analysis;
+        return;
+    }
+    connect(analysis, &analysis::TAnalisis::graphOpened, this,
+            [this](window::ChildWindow* graph) { adopt(graph, Show::Normal); });
+    adopt(analysis, Show::Maximised);
 }
 
 void TPrincipal::Cascada1Click()
@@ -174,13 +177,19 @@ void TPrincipal::adoptEditor(square::TEditor* editor)
 
 void TPrincipal::adopt(window::ChildWindow* child, Show show)
 {
-    connect(child, &window::ChildWindow::statusText, m_status, &QLabel::setText);
+    connect(child, &window::ChildWindow::statusText, this, &TPrincipal::setStatus);
     QMdiSubWindow* subWindow = m_area->addSubWindow(child); // deleted once it is closed
     connect(child, &window::ChildWindow::closeRequested, subWindow, &QMdiSubWindow::close);
     if (show == Show::Maximised)
         subWindow->showMaximized();
     else
         subWindow->show();
+}
+
+void TPrincipal::setStatus(const QString& text)
+{
+    m_status->setText(text);
+    m_status->repaint(); // now, since what the text announces may keep the program busy
 }
 
 void TPrincipal::FormActivate()

@@ -32,6 +32,7 @@ HALVES = {
     ("stats", "stats"): (NOTHING, set()),
     ("stats", "estad"): (QT_CORE, {"base"}),
     ("square", "squarefile"): (QT_CORE, {"base"}),
+    ("chart", "chartscale"): (QT_CORE, {"base"}),
     ("power", "powerstudy"): (QT_CORE, {"base", "stats"}),
 }
 
