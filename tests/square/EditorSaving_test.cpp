@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "square/EditorFilesFixture.h"
+
+using namespace squarebytes;
+
+namespace {
+
+const QString roundedNotice = QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
+
+} // namespace
+
+TEST_F(EditorFiles, AFirstSaveAsksForAName)
+{
+    open();
+    enterIntoCell(2, 1, "-2.5");
+    saveAs("nuevo.asc");
+    ASSERT_EQ(m_dialogs.saveRequests.size(), 1U);
+    EXPECT_EQ(m_dialogs.saveRequests[0].filter, utf8("ASCII|*.asc"));
+    EXPECT_EQ(m_dialogs.saveRequests[0].suffix, utf8("asc"));
+    EXPECT_TRUE(m_dialogs.saveRequests[0].confirmOverwrite);
+    EXPECT_TRUE(m_editor->Saved());
+    EXPECT_EQ(m_editor->FileName(), path("nuevo.asc"));
+    EXPECT_EQ(m_editor->windowTitle(), utf8("Editor - ") + path("nuevo.asc"));
+    const QByteArray zero = "\t 0.0000000E+0000";
+    EXPECT_EQ(
+        bytesOf("nuevo.asc"),
+        lines({"Exported by NTabED component: " + path("nuevo.asc").toUtf8(), "3\t;nr. of columns",
+               "3\t;nr. of rows", "TRUE TRUE TRUE\t;row attributes, column names, row names",
+               "\t\"Col 1\"\t\"Col 2\"\t\"Col 3\"",
+               "0\t\"Fila 1\"" + zero + "\t-2.5000000E+0000" + zero,
+               "0\t\"Fila 2\"" + zero + zero + zero, "0\t\"Fila 3\"" + zero + zero + zero}));
+}
+
+TEST_F(EditorFiles, ALaterSaveAsksNothing)
+{
+    open();
+    saveAs("nuevo.asc");
+    enterIntoCell(1, 1, "7");
+    EXPECT_FALSE(m_editor->Saved());
+    action("Guardar1").trigger();
+    EXPECT_EQ(m_dialogs.saveRequests.size(), 1U);
+    EXPECT_TRUE(m_editor->Saved());
+    EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 7.0000000E+0000"));
+}
+
+TEST_F(EditorFiles, ALoadedFileIsSavedUnderItsNameAndTitle)
+{
+    openWith(ofOrder3());
+    enterIntoCell(1, 1, "2");
+    action("Guardar1").trigger();
+    EXPECT_TRUE(m_dialogs.saveRequests.empty());
+    EXPECT_EQ(bytesOf("a.asc"), ofOrder3().replace("\t 1.0000000E+0000", "\t 2.0000000E+0000"));
+
+    load(QByteArray(ofOrder3()).replace("Parcelas de prueba", "Ca\xF1\xF3n \x01 \xC3"));
+    action("Guardar1").trigger();
+    EXPECT_TRUE(bytesOf("a.asc").startsWith("Ca\xF1\xF3n \x01 \xC3\r\n3\t"));
+}
+
+TEST_F(EditorFiles, AnEditedTitleIsAChangeAndIsSavedWithoutControlCharacters)
+{
+    openWith(ofOrder3());
+    m_dialogs.lineAnswers.push_back(utf8("Año\t2024\r\nTRUE"));
+    entry("HeaderMenu", "Edit Identifier").trigger();
+    EXPECT_FALSE(m_editor->Saved());
+    action("Guardar1").trigger();
+    EXPECT_EQ(bytesOf("a.asc"),
+              QByteArray(ofOrder3()).replace("Parcelas de prueba", "A\xC3\xB1o2024TRUE"));
+}
+
+TEST_F(EditorFiles, TrimmedNamesAreShownAfterASave)
+{
+    open();
+    edit("NFilas").setText(utf8("  Lote"));
+    EXPECT_EQ(datos().rowName(1), utf8("  Lote 1"));
+    saveAs("nuevo.asc");
+    EXPECT_EQ(datos().rowName(1), utf8("Lote 1"));
+    EXPECT_TRUE(m_editor->Saved());
+}
+
+TEST_F(EditorFiles, ACancelledSaveChangesNothing)
+{
+    open();
+    enterIntoCell(1, 1, "5");
+    const State before = state();
+    m_dialogs.saveAnswers.push_back(std::nullopt);
+    action("Guardar1").trigger();
+    EXPECT_EQ(state(), before);
+    EXPECT_EQ(entries(), QStringList());
+}
+
+TEST_F(EditorFiles, ASaveThatRoundsSaysSoAndKeepsWhatWasTyped)
+{
+    open();
+    enterIntoCell(1, 1, "123456789");
+    saveAs("nuevo.asc");
+    EXPECT_EQ(lastStatus(), roundedNotice);
+    EXPECT_EQ(datos().value(1, 1), 123456789.0);
+    EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2345679E+0008\t"));
+
+    enterIntoCell(1, 1, "12345678");
+    action("Guardar1").trigger();
+    EXPECT_NE(lastStatus(), roundedNotice); // the note of the save before is not true of this one
+}
+
+TEST_F(EditorFiles, ACellBeingEditedIsTakenOverBeforeASave)
+{
+    open();
+    typeIntoCell(1, 1, "12");
+    saveAs("nuevo.asc");
+    EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2000000E+0001\t"));
+    EXPECT_TRUE(m_editor->Saved());
+
+    typeIntoCell(1, 1, "1..2");
+    action("Guardar1").trigger();
+    EXPECT_EQ(m_dialogs.errors.size(), 1U);
+    EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2000000E+0001\t"));
+}
+
+TEST_F(EditorFiles, TheShortcutsWorkAlsoInsideAnOpenCell)
+{
+    open();
+    typeIntoCell(1, 1, "12");
+    m_dialogs.saveAnswers.push_back(path("nuevo.asc"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
+    EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2000000E+0001\t"));
+    m_dialogs.openAnswers.push_back(std::nullopt);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F3);
+    EXPECT_EQ(m_dialogs.openRequests.size(), 1U);
+}
