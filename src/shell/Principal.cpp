@@ -2,6 +2,7 @@
 #include "shell/Principal.h"
 
 #include "analysis/Frmanalisis.h"
+#include "power/Frmpotencia.h"
 #include "shell/WindowList.h"
 #include "square/Formeditor.h"
 #include "window/ChildWindow.h"
@@ -73,6 +74,11 @@ void TPrincipal::AnlisisdeDatos1Click()
     adopt(analysis, Show::Maximised);
 }
 
+void TPrincipal::ClculodePotencia1Click()
+{
+    adopt(new power::TPotencia(m_dialogs, m_area), Show::Normal);
+}
+
 void TPrincipal::Cascada1Click()
 {
     m_area->cascadeSubWindows();
@@ -111,7 +117,8 @@ void TPrincipal::createMenus()
     QMenu* create = file->addMenu(QStringLiteral("&Nuevo"));
     create->addAction(QStringLiteral("Análisis de &Datos..."), this,
                       &TPrincipal::AnlisisdeDatos1Click);
-    create->addAction(QStringLiteral("&Cálculo de Potencia..."))->setEnabled(false);
+    create->addAction(QStringLiteral("&Cálculo de Potencia..."), this,
+                      &TPrincipal::ClculodePotencia1Click);
     QMenu* editor = file->addMenu(QStringLiteral("&Editor"));
     editor->addAction(QStringLiteral("&Nuevo Archivo"), this, &TPrincipal::NuevoArchivo1Click)
         ->setShortcut(Qt::CTRL | Qt::Key_N);
@@ -152,9 +159,11 @@ void TPrincipal::createToolBar()
     const auto* newAnalysis =
         addButton(QStringLiteral("SpeedButton2"), QStringLiteral("Nuevo Análisis"));
     bar->addSeparator();
-    addButton(QStringLiteral("SpeedButton3"), QStringLiteral("Nueva Potencia"))->setEnabled(false);
+    const auto* newPower =
+        addButton(QStringLiteral("SpeedButton3"), QStringLiteral("Nueva Potencia"));
     connect(newEditor, &QToolButton::clicked, this, &TPrincipal::NuevoArchivo1Click);
     connect(newAnalysis, &QToolButton::clicked, this, &TPrincipal::AnlisisdeDatos1Click);
+    connect(newPower, &QToolButton::clicked, this, &TPrincipal::ClculodePotencia1Click);
 }
 
 void TPrincipal::createStatusLine()

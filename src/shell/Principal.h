@@ -38,6 +38,7 @@ public slots:
     void NuevoArchivo1Click();
     void AbrirArchivo1Click();
     void AnlisisdeDatos1Click();
+    void ClculodePotencia1Click();
     void Cascada1Click();
     void Mosaico1Click();
     void Salir1Click();

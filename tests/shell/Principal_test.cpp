@@ -15,6 +15,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -137,9 +138,30 @@ TEST_F(Principal, ToolBarButtonsDoWhatTheMenusDo)
     ASSERT_EQ(children().size(), 2);
     EXPECT_TRUE(area().activeSubWindow()->isMaximized());
 
-    const auto* power = frame.findChild<QToolButton*>(QStringLiteral("SpeedButton3"));
+    auto* power = frame.findChild<QToolButton*>(QStringLiteral("SpeedButton3"));
     EXPECT_EQ(power->text(), QStringLiteral("Nueva Potencia"));
-    EXPECT_FALSE(power->isEnabled());
+    QTest::mouseClick(power, Qt::LeftButton);
+    ASSERT_EQ(children().size(), 3);
+    EXPECT_EQ(area().activeSubWindow()->widget()->windowTitle(), QStringLiteral("Potencia"));
+    EXPECT_EQ(bar().at(1), QStringLiteral("&Potencia"));
+}
+
+TEST_F(Principal, GraphOutlivesTheAnalysisThatOpenedIt)
+{
+    dialogs.openAnswers.push_back(sample("orden3.asc"));
+    frame.AnlisisdeDatos1Click();
+    QWidget* analysis = children().constFirst()->widget();
+    analysis->findChild<QRadioButton*>(QStringLiteral("RadioGroup1Item2"))->click();
+    analysis->findChild<QToolButton*>(QStringLiteral("SpeedButton1"))->click();
+    analysis->findChild<QToolButton*>(QStringLiteral("ve"))->click();
+    ASSERT_EQ(children().size(), 2);
+    EXPECT_EQ(bar().at(1), QStringLiteral("&Gráfica"));
+
+    children().constFirst()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(children().size(), 1);
+    EXPECT_EQ(children().constFirst()->widget()->windowTitle(),
+              QStringLiteral("Distribución exacta de C para cuadrados de 3x3"));
 }
 
 TEST_F(Principal, ChildMenuStandsBetweenArchivoAndVentanaWhileTheChildIsActive)
