@@ -62,31 +62,41 @@ constexpr std::array<Line<n>, 2 * n> allLines()
     return lines;
 }
 
-/// Adds to each cell of a line its rank there; the observations are in the order of their overall
-/// ranks. Each cell starts as the largest of those up to it; then of each pair the earlier cell
-/// rises or the later one keeps its place.
-template <int n, typename Bytes>
-void addLineRanks(const CellLanes<n>& overallRanks, const Line<n>& line,
-                  std::array<Bytes, n * rowStep>& lineRanks)
+template <std::size_t n>
+constexpr std::size_t pairCount = n*(n - 1) / 2;
+
+/// The pairs of the cells of a line, the earlier one first.
+template <std::size_t n>
+constexpr std::array<std::pair<std::size_t, std::size_t>, pairCount<n>> allPairs()
 {
+    std::array<std::pair<std::size_t, std::size_t>, pairCount<n>> pairs{};
+    std::size_t next = 0;
+    for (std::size_t later = 1; later < n; ++later) {
+        for (std::size_t earlier = 0; earlier < later; ++earlier)
+            pairs[next++] = {earlier, later};
+    }
+    return pairs;
+}
+
+/// The ranks of n different numbers among themselves, square by square. Each number starts as the
+/// largest of those up to it; then in each pair the earlier one rises or the later one stays. The
+/// pairs are unrolled for the same reason as in sortVectors().
+template <std::size_t n, typename Bytes, std::size_t... pair>
+std::array<Bytes, n> ranksOf(const std::array<Bytes, n>& numbers, std::index_sequence<pair...>)
+{
+    static constexpr auto pairs = allPairs<n>();
     const Bytes one = 1;
-    std::array<Bytes, n> overall;
     std::array<Bytes, n> ranks;
     Bytes rank{};
-    for (std::size_t i = 0; i < n; ++i) {
-        overall[i] = Bytes(overallRanks[line[i]].data(), simd::element_aligned);
-        rank += one;
-        ranks[i] = rank;
-    }
-    for (std::size_t i = 0; i < n; ++i) {
-        for (std::size_t j = i + 1; j < n; ++j) {
-            const Bytes earlierIsLarger = onlyWhere(overall[j] < overall[i], one);
-            ranks[i] += earlierIsLarger;
-            ranks[j] -= earlierIsLarger;
-        }
-    }
-    for (std::size_t i = 0; i < n; ++i)
-        lineRanks[line[i]] += ranks[i];
+    for (Bytes& each : ranks)
+        each = (rank += one);
+    const auto compare = [&](std::size_t earlier, std::size_t later) {
+        const Bytes earlierIsLarger = onlyWhere(numbers[later] < numbers[earlier], one);
+        ranks[earlier] += earlierIsLarger;
+        ranks[later] -= earlierIsLarger;
+    };
+    (compare(pairs[pair].first, pairs[pair].second), ...);
+    return ranks;
 }
 
 } // namespace detail
@@ -102,8 +112,15 @@ RankLanes<n> rankLanes(const CodeLanes<n>& codes)
 
     const detail::CellLanes<n> overallRanks = detail::ranksOfCells<n>(codes);
     std::array<Bytes, n * rowStep> lineRanks{};
-    for (const auto& line : lines)
-        detail::addLineRanks<n>(overallRanks, line, lineRanks);
+    for (const auto& line : lines) {
+        std::array<Bytes, n> overall;
+        for (std::size_t i = 0; i < n; ++i)
+            overall[i] = Bytes(overallRanks[line[i]].data(), simd::element_aligned);
+        const auto ranks =
+            detail::ranksOf(overall, std::make_index_sequence<detail::pairCount<n>>());
+        for (std::size_t i = 0; i < n; ++i)
+            lineRanks[line[i]] += ranks[i];
+    }
 
     RankLanes<n> sums;
     Words squares = 0;
@@ -127,12 +144,12 @@ RankLanes<n> rankLanes(const CodeLanes<n>& codes)
 template <int n>
 FractionLanes bennettFractions(const RankLanes<n>& ranks)
 {
-    constexpr std::int32_t cells = n * n;
+    constexpr double cells = n * n;
     const MomentLanes moments = momentLanes(ranks.overall);
     FractionLanes fractions;
     for (std::size_t lane = 0; lane < laneCount; ++lane) {
         fractions.numerators[lane] =
-            12 * moments.ofSquares[lane] - 3 * n * cells * (cells + 1) * (cells + 1);
+            12.0 * moments.ofSquares[lane] - 3 * n * cells * (cells + 1) * (cells + 1);
         fractions.denominators[lane] = n * cells * (cells + 1);
     }
     return fractions;

@@ -72,19 +72,18 @@ RunLanes<n> runLanes(const CodeLanes<n>& codes)
     return sums;
 }
 
-/// A statistic of each square as a fraction of whole numbers. Up to order 6 they, and whatever they
-/// are made of here, stay below 2^31.
+/// A statistic of each square as a fraction of whole numbers. They are far below 2^53, as is
+/// whatever they are made of here, so that doubles hold them exactly and the one rounding is the
+/// division's.
 struct FractionLanes {
-    Lanes<std::int32_t> numerators{};
-    Lanes<std::int32_t> denominators{};
+    Lanes<double> numerators{};
+    Lanes<double> denominators{};
 
-    /// With the one rounding of ratio().
     Lanes<double> values() const
     {
         Lanes<double> quotients;
         for (std::size_t lane = 0; lane < laneCount; ++lane)
-            quotients[lane] =
-                static_cast<double>(numerators[lane]) / static_cast<double>(denominators[lane]);
+            quotients[lane] = numerators[lane] / denominators[lane];
         return quotients;
     }
 };
@@ -114,10 +113,10 @@ FractionLanes spreadFractions(const MomentLanes& moments, const Lanes<std::uint1
 {
     FractionLanes fractions;
     for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        const std::int32_t squaredSum = moments.sums[lane] * moments.sums[lane];
+        const double sum = moments.sums[lane];
         // The sum over t of (n S_t - S)^2, S being the sum of all S_t.
-        const std::int32_t between = n * (n * moments.ofSquares[lane] - squaredSum);
-        const std::int32_t total = n * n * (n * n * sumsOfSquares[lane] - squaredSum);
+        const double between = n * (n * static_cast<double>(moments.ofSquares[lane]) - sum * sum);
+        const double total = n * n * (n * n * static_cast<double>(sumsOfSquares[lane]) - sum * sum);
         fractions.numerators[lane] = n * between;
         fractions.denominators[lane] = total - between;
     }
@@ -130,8 +129,8 @@ FractionLanes sequenceCFractions(const MomentLanes& moments, const RunLanes<n>& 
 {
     FractionLanes fractions;
     for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        const std::int32_t count = runs.runs[lane];
-        const std::int32_t centre = n * (count + 1);
+        const double count = runs.runs[lane];
+        const double centre = n * (count + 1);
         // The sum over t of (2 S_t - centre)^2.
         fractions.numerators[lane] =
             4 * (moments.ofSquares[lane] - centre * moments.sums[lane]) + n * centre * centre;
