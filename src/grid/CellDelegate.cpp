@@ -52,6 +52,12 @@ bool isPassing(const QFocusEvent& event, const QWidget& editor)
            (focus == nullptr || focus == &editor || focus->window() != editor.window());
 }
 
+/// Ctrl+E, which a line edit takes for a second End key and a window for its command.
+bool isSecondEndOfLine(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::MoveToEndOfLine) && key.key() != Qt::Key_End;
+}
+
 /// Makes an editor as wide as its text, at least as its cell and at most up to the table's edge.
 void widen(QLineEdit& editor)
 {
@@ -165,6 +171,11 @@ bool CellDelegate::eventFilter(QObject* object, QEvent* event)
             leaveBy(*step);
             return true;
         }
+    }
+    if (event->type() == QEvent::ShortcutOverride &&
+        isSecondEndOfLine(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
     }
     if (event->type() == QEvent::FocusOut &&
         (m_telling || isPassing(*static_cast<QFocusEvent*>(event), *m_editor)))

@@ -13,6 +13,7 @@ import pyatspi
 
 from stranger import Program, wait_for
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 LOCALE = {"LC_ALL": "es_ES.UTF-8"}
 
 
@@ -84,6 +85,17 @@ class Frame(unittest.TestCase):
         program.press("alt+F4")
         program.click(program.find("push button", "No"))
         self.assertEqual(program.wait_for_end(), 0)
+
+    def test_the_key_of_a_command_commits_the_open_cell(self):
+        program = self.start()
+        program.click(program.find("push button", "Nuevo Análisis"))
+        program.answer_file_dialog(ROOT / "ejemplos" / "orden3.asc")
+        program.click(program.find("table cell", "12,500"))
+        program.type("99")
+        program.press("ctrl+e")
+        program.find("push button", "Cancelar")
+        program.press("Escape")
+        program.find("table cell", "99,000")
 
     def test_dialogs_speak_spanish(self):
         program = self.start()
