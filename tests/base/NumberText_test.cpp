@@ -2,6 +2,7 @@
 #include "base/NumberText.h"
 
 #include "support/Text.h"
+#include "support/UserLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -16,21 +17,6 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// Runs a test with a user's locale and puts the old one back.
-class UserLocale {
-public:
-    explicit UserLocale(const char* name)
-    {
-        QLocale::setDefault(QLocale(QString::fromLatin1(name)));
-    }
-    ~UserLocale() { QLocale::setDefault(m_previous); }
-    UserLocale(const UserLocale&) = delete;
-    UserLocale& operator=(const UserLocale&) = delete;
-
-private:
-    QLocale m_previous;
-};
 
 class NumberText : public ::testing::Test {
     UserLocale m_point{"C"};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "square/EditorFilesFixture.h"
 #include "square/FailingDisk.h"
+#include "support/FileSizeLimit.h"
 
 #include <functional>
 #include <memory>
@@ -19,7 +20,7 @@ std::vector<Failure> failures()
 {
     const auto none = [] { return std::shared_ptr<void>(); };
     return {
-        {"full disk", utf8("a.asc"), [] { return std::make_shared<failingdisk::FullDisk>(100); }},
+        {"full disk", utf8("a.asc"), [] { return std::make_shared<FileSizeLimit>(100); }},
         {"missing folder", utf8("no/existe.asc"), none},
         {"a folder", utf8("carpeta"), none},
         {"a name that is too long", QString(300, u'x') + utf8(".asc"), none},
