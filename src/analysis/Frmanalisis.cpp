@@ -10,6 +10,7 @@
 #include "square/ShowSquare.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
+#include "window/Icons.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -76,6 +77,7 @@ TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget
     setObjectName(QStringLiteral("Analisis"));
     setAccessibleName(windowCaption());
     setWindowTitle(windowCaption());
+    setWindowIcon(window::icon(window::Picture::Analysis));
     setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createLayout();

@@ -5,6 +5,7 @@
 #include "analysis/LevelBar.h"
 #include "analysis/RadioGroup.h"
 #include "grid/NTabEd.h"
+#include "window/Command.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,7 +14,6 @@
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -29,28 +29,17 @@ QStringList approachCaptions()
     return captions;
 }
 
-QToolButton* toolButton(const QString& name, const QString& text, QWidget* parent)
-{
-    auto* button = new QToolButton(parent);
-    button->setObjectName(name);
-    button->setText(text);
-    button->setAccessibleName(text);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setMinimumHeight(25);
-    return button;
-}
-
 } // namespace
 
 void TAnalisis::createMenu()
 {
     m_menu = new QMenu(QStringLiteral("Aná&lisis"), this);
     m_menu->setObjectName(QStringLiteral("Anlisis1"));
-    QAction* exportReport =
-        m_menu->addAction(QStringLiteral("&Exportar..."), this, &TAnalisis::Exportar1Click);
-    exportReport->setObjectName(QStringLiteral("Exportar1"));
-    exportReport->setShortcut(Qt::CTRL | Qt::Key_E);
+    window::addEntry(*m_menu,
+                     {QStringLiteral("Exportar1"), QStringLiteral("&Exportar..."),
+                      QStringLiteral("Guarda el reporte como texto"), window::Picture::Export,
+                      Qt::CTRL | Qt::Key_E},
+                     this, &TAnalisis::Exportar1Click);
 }
 
 void TAnalisis::createLayout()
@@ -81,17 +70,21 @@ QWidget* TAnalisis::createToolBar()
     toolBar->setMinimumHeight(33);
     toolBar->setIconSize({16, 16});
 
-    QToolButton* run = toolButton(QStringLiteral("SpeedButton1"), QStringLiteral("Analizar"), this);
-    run->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
-    run->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    run->setShortcut(Qt::Key_F9);
-    run->setToolTip(QStringLiteral("Ejecuta la prueba elegida (F9)"));
+    QToolButton* run = window::createButton(
+        {QStringLiteral("SpeedButton1"), QStringLiteral("Analizar"),
+         QStringLiteral("Ejecuta la prueba elegida"), window::Picture::Run, Qt::Key_F9},
+        this);
     connect(run, &QToolButton::clicked, this, &TAnalisis::SpeedButton1Click);
-
-    m_ve = toolButton(QStringLiteral("ve"), QStringLiteral("Ver exacta..."), this);
+    m_ve = window::createButton({QStringLiteral("ve"), QStringLiteral("Ver exacta..."),
+                                 QStringLiteral("Dibuja la distribución exacta de C o de M, tras "
+                                                "una prueba de orden 3"),
+                                 window::Picture::Graph},
+                                this);
     m_ve->setMinimumWidth(96);
     m_ve->setEnabled(false);
     connect(m_ve, &QToolButton::clicked, this, &TAnalisis::veClick);
+    for (QToolButton* const button : {run, m_ve})
+        button->setMinimumHeight(25);
 
     toolBar->addSeparator();
     toolBar->addWidget(run);

@@ -3,6 +3,7 @@
 
 #include "base/SafeFile.h"
 #include "chart/RChart.h"
+#include "window/Command.h"
 #include "window/Dialogs.h"
 
 #include <QCloseEvent>
@@ -68,6 +69,7 @@ TGrafica::TGrafica(window::Dialogs& dialogs, QWidget* parent)
     setObjectName(QStringLiteral("Grafica"));
     setAccessibleName(windowCaption());
     setWindowTitle(windowCaption());
+    setWindowIcon(window::icon(window::Picture::Graph));
     setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createCharts();
@@ -173,27 +175,29 @@ void TGrafica::closeEvent(QCloseEvent* event)
 
 void TGrafica::createMenu()
 {
+    using window::Picture;
     m_menu = new QMenu(QStringLiteral("&Gráfica"), this);
     m_menu->setObjectName(QStringLiteral("Grfica1"));
-    addEntry(QStringLiteral("GuardarGrfica1"), QStringLiteral("&Guardar Gráfica..."),
-             &TGrafica::GuardarGrfica1Click);
-    addEntry(QStringLiteral("GuardaGrficaAcumulada1"),
-             QStringLiteral("Guarda Gráfica &Acumulada..."),
-             &TGrafica::GuardaGrficaAcumulada1Click);
-    addEntry(QStringLiteral("GuardarDatos1"), QStringLiteral("Guardar &Datos..."),
-             &TGrafica::GuardarDatos1Click)
-        ->setShortcut(Qt::Key_F2);
-    addEntry(QStringLiteral("CopiarGrfica1"), QStringLiteral("&Copiar Gráfica"),
-             &TGrafica::CopiarGrfica1Click);
-    addEntry(QStringLiteral("Copiar1"), QStringLiteral("Copiar Acumu&lada"),
-             &TGrafica::Copiar1Click);
-}
-
-QAction* TGrafica::addEntry(const QString& name, const QString& caption, Handler handler)
-{
-    QAction* entry = m_menu->addAction(caption, this, handler);
-    entry->setObjectName(name);
-    return entry;
+    const auto add = [this](const window::Command& command, void (TGrafica::*handler)()) {
+        window::addEntry(*m_menu, command, this, handler);
+    };
+    add({QStringLiteral("GuardarGrfica1"), QStringLiteral("&Guardar Gráfica..."),
+         QStringLiteral("Guarda la gráfica de arriba como mapa de bits"), Picture::Save},
+        &TGrafica::GuardarGrfica1Click);
+    add({QStringLiteral("GuardaGrficaAcumulada1"), QStringLiteral("Guarda Gráfica &Acumulada..."),
+         QStringLiteral("Guarda la gráfica de abajo, la acumulada, como mapa de bits"),
+         Picture::Save},
+        &TGrafica::GuardaGrficaAcumulada1Click);
+    add({QStringLiteral("GuardarDatos1"), QStringLiteral("Guardar &Datos..."),
+         QStringLiteral("Guarda como texto la tabla de la distribución"), Picture::Export,
+         Qt::Key_F2},
+        &TGrafica::GuardarDatos1Click);
+    add({QStringLiteral("CopiarGrfica1"), QStringLiteral("&Copiar Gráfica"),
+         QStringLiteral("Copia la gráfica de arriba al portapapeles"), Picture::Copy},
+        &TGrafica::CopiarGrfica1Click);
+    add({QStringLiteral("Copiar1"), QStringLiteral("Copiar Acumu&lada"),
+         QStringLiteral("Copia la gráfica de abajo, la acumulada, al portapapeles"), Picture::Copy},
+        &TGrafica::Copiar1Click);
 }
 
 void TGrafica::createCharts()

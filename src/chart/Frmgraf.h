@@ -54,10 +54,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    using Handler = void (TGrafica::*)();
-
     void createMenu();
-    QAction* addEntry(const QString& name, const QString& caption, Handler handler);
     void createCharts();
     void alignCharts();
     void saveBitmap(const TRChart& chart, const QString& title);

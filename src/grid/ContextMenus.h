@@ -44,7 +44,7 @@ signals:
 
 private:
     void addMarkEntries();
-    void addScopeEntries(QMenu* menu, void (ContextMenus::*requested)(Scope));
+    void addScopeEntries(QMenu* menu, const QString& verb, void (ContextMenus::*requested)(Scope));
 
     QMenu* m_cellMenu;
     QMenu* m_clearMenu = nullptr;

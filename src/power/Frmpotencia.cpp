@@ -7,6 +7,7 @@
 #include "power/PendingInput.h"
 #include "power/UpDown.h"
 #include "window/Dialogs.h"
+#include "window/Icons.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -60,6 +61,7 @@ TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
     setObjectName(QStringLiteral("Potencia"));
     setAccessibleName(windowCaption());
     setWindowTitle(windowCaption());
+    setWindowIcon(window::icon(window::Picture::Power));
     setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createPopups();

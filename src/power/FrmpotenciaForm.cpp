@@ -5,6 +5,8 @@
 #include "chart/RChart.h"
 #include "power/CurveColors.h"
 #include "power/UpDown.h"
+#include "window/Command.h"
+#include "window/StatusTips.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -79,17 +81,24 @@ void TPotencia::createMenu()
 {
     m_menu = new QMenu(QStringLiteral("&Potencia"), this);
     m_menu->setObjectName(QStringLiteral("Potencia1"));
-    m_menu->addAction(QStringLiteral("Guardar &Grafica..."), this, &TPotencia::GuardarGrafica1Click)
-        ->setObjectName(QStringLiteral("GuardarGrafica1"));
-    m_menu->addAction(QStringLiteral("Guardar &Reporte..."), this, &TPotencia::GuardarReporte1Click)
-        ->setObjectName(QStringLiteral("GuardarReporte1"));
+    window::addEntry(*m_menu,
+                     {QStringLiteral("GuardarGrafica1"), QStringLiteral("Guardar &Grafica..."),
+                      QStringLiteral("Guarda la gráfica como mapa de bits"), window::Picture::Save},
+                     this, &TPotencia::GuardarGrafica1Click);
+    window::addEntry(*m_menu,
+                     {QStringLiteral("GuardarReporte1"), QStringLiteral("Guardar &Reporte..."),
+                      QStringLiteral("Guarda como texto el reporte de los cálculos"),
+                      window::Picture::Export},
+                     this, &TPotencia::GuardarReporte1Click);
 }
 
 void TPotencia::createPopups()
 {
     const auto entry = [this](QMenu* popup, const char* name, const QString& text,
                               void (TPotencia::*handler)()) {
-        popup->addAction(text, this, handler)->setObjectName(QString::fromLatin1(name));
+        QAction* action = popup->addAction(text, this, handler);
+        action->setObjectName(QString::fromLatin1(name));
+        action->setStatusTip(QStringLiteral("%1: %2").arg(popup->accessibleName(), text));
     };
     m_menuSig = new QMenu(this);
     m_menuSig->setObjectName(QStringLiteral("MenuSig"));
@@ -105,6 +114,8 @@ void TPotencia::createPopups()
     entry(m_menuDist, "Uniforme1", QStringLiteral("Uniforme"), &TPotencia::Uniforme1Click);
     entry(m_menuDist, "Exponencial1", QStringLiteral("Exponencial"), &TPotencia::Exponencial1Click);
     entry(m_menuDist, "Triangular1", QStringLiteral("Triangular"), &TPotencia::Triangular1Click);
+    for (QMenu* const popup : {m_menuSig, m_menuDist})
+        window::tellStatusTips(*popup, *this);
 }
 
 void TPotencia::createLayout()
@@ -141,6 +152,7 @@ QWidget* TPotencia::createSettings()
 
     auto* run = buttonOf(QStringLiteral("BtnCalcular"), QStringLiteral("Calcular"));
     run->setShortcut(Qt::Key_F9);
+    run->setIcon(window::icon(window::Picture::Run));
     run->setToolTip(QStringLiteral("Calcula las potencias con estas opciones (F9)"));
     connect(run, &QPushButton::clicked, this, &TPotencia::BtnCalcularClick);
     m_order = upDownOf(1, QStringLiteral("Tamaño del cuadrado"), 3, 6, 1, m_settings.order);

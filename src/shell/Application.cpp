@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Application.h"
 
+#include "shell/SpanishTexts.h"
 #include "window/Dialogs.h"
 
 #include <QLibraryInfo>
@@ -18,9 +19,8 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
     // Qt's file dialog would keep its last folder in a settings file; below a device no file can be
     // made, so nothing is kept.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-    if (m_spanish.load(QStringLiteral("qtbase_es"),
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        installTranslator(&m_spanish);
+    loadSpanishTexts(m_spanish, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    installTranslator(&m_spanish);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

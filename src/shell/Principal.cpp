@@ -3,29 +3,54 @@
 
 #include "analysis/Frmanalisis.h"
 #include "power/Frmpotencia.h"
+#include "shell/Acercade.h"
+#include "shell/StatusLine.h"
 #include "shell/WindowList.h"
 #include "square/Formeditor.h"
 #include "window/ChildWindow.h"
+#include "window/Command.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QToolBar>
-#include <QToolButton>
 
 namespace shell {
+
+namespace {
+
+QString editorTip()
+{
+    return QStringLiteral("Abre un editor vacío de orden 3");
+}
+
+QString analysisTip()
+{
+    return QStringLiteral("Analiza un cuadrado guardado en un archivo");
+}
+
+QString powerTip()
+{
+    return QStringLiteral(
+        "Estima por simulación la potencia de las cuatro pruebas no paramétricas");
+}
+
+} // namespace
 
 TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     : QMainWindow(parent)
     , m_dialogs(dialogs)
     , m_area(new QMdiArea(this))
+    , m_about(new TAcerca(this))
 {
     setObjectName(QStringLiteral("Principal"));
     setWindowTitle(QStringLiteral("Cuadrado Latino"));
+    setAccessibleName(windowTitle());
+    setWindowIcon(window::icon(window::Picture::Program));
     resize(1024, 700);
 
     m_area->setObjectName(QStringLiteral("Ventanas"));
@@ -94,13 +119,29 @@ void TPrincipal::Salir1Click()
     close();
 }
 
+void TPrincipal::Acercade1Click()
+{
+    m_about->show();
+    m_about->raise();
+    m_about->activateWindow();
+}
+
+bool TPrincipal::event(QEvent* event)
+{
+    if (event->type() != QEvent::StatusTip)
+        return QMainWindow::event(event);
+    m_status->showTip(static_cast<QStatusTipEvent*>(event)->tip());
+    return true;
+}
+
 void TPrincipal::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::ActivationChange)
         return;
     if (!isActiveWindow())
-        m_leftForOwnDialog = QApplication::activeModalWidget() != nullptr;
+        m_leftForOwnDialog =
+            QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
     else if (!m_leftForOwnDialog)
         FormActivate();
 }
@@ -109,71 +150,94 @@ void TPrincipal::closeEvent(QCloseEvent* event)
 {
     m_area->closeAllSubWindows();
     event->setAccepted(m_area->subWindowList().isEmpty());
+    if (event->isAccepted())
+        m_about->close();
 }
 
 void TPrincipal::createMenus()
 {
+    using window::addEntry;
+    using window::Picture;
     QMenu* file = menuBar()->addMenu(QStringLiteral("&Archivo"));
     QMenu* create = file->addMenu(QStringLiteral("&Nuevo"));
-    create->addAction(QStringLiteral("Análisis de &Datos..."), this,
-                      &TPrincipal::AnlisisdeDatos1Click);
-    create->addAction(QStringLiteral("&Cálculo de Potencia..."), this,
-                      &TPrincipal::ClculodePotencia1Click);
+    create->menuAction()->setStatusTip(QStringLiteral("Abre un análisis o un estudio de potencia"));
+    addEntry(*create,
+             {QStringLiteral("AnlisisdeDatos1"), QStringLiteral("Análisis de &Datos..."),
+              analysisTip(), Picture::Analysis},
+             this, &TPrincipal::AnlisisdeDatos1Click);
+    addEntry(*create,
+             {QStringLiteral("ClculodePotencia1"), QStringLiteral("&Cálculo de Potencia..."),
+              powerTip(), Picture::Power},
+             this, &TPrincipal::ClculodePotencia1Click);
     QMenu* editor = file->addMenu(QStringLiteral("&Editor"));
-    editor->addAction(QStringLiteral("&Nuevo Archivo"), this, &TPrincipal::NuevoArchivo1Click)
-        ->setShortcut(Qt::CTRL | Qt::Key_N);
-    editor->addAction(QStringLiteral("&Abrir Archivo..."), this, &TPrincipal::AbrirArchivo1Click)
-        ->setShortcut(Qt::CTRL | Qt::Key_A);
+    editor->menuAction()->setStatusTip(QStringLiteral("Abre un editor, vacío o con un archivo"));
+    addEntry(*editor,
+             {QStringLiteral("NuevoArchivo1"), QStringLiteral("&Nuevo Archivo"), editorTip(),
+              Picture::Editor, Qt::CTRL | Qt::Key_N},
+             this, &TPrincipal::NuevoArchivo1Click);
+    addEntry(*editor,
+             {QStringLiteral("AbrirArchivo1"), QStringLiteral("&Abrir Archivo..."),
+              QStringLiteral("Abre en un editor nuevo un cuadrado guardado"), Picture::Open,
+              Qt::CTRL | Qt::Key_A},
+             this, &TPrincipal::AbrirArchivo1Click);
     file->addSeparator();
-    file->addAction(QStringLiteral("Salir"), this, &TPrincipal::Salir1Click)
-        ->setShortcut(Qt::ALT | Qt::Key_F4);
+    addEntry(*file,
+             {QStringLiteral("Salir1"), QStringLiteral("Salir"),
+              QStringLiteral("Cierra todas las ventanas y termina el programa"), Picture::Exit,
+              Qt::ALT | Qt::Key_F4},
+             this, &TPrincipal::Salir1Click);
 
     m_windowMenu = menuBar()->addMenu(QStringLiteral("&Ventana"));
-    m_windowMenu->addAction(QStringLiteral("&Cascada"), this, &TPrincipal::Cascada1Click)
-        ->setShortcut(Qt::SHIFT | Qt::Key_F4);
-    m_windowMenu->addAction(QStringLiteral("&Mosaico"), this, &TPrincipal::Mosaico1Click)
-        ->setShortcut(Qt::SHIFT | Qt::Key_F5);
+    addEntry(*m_windowMenu,
+             {QStringLiteral("Cascada1"), QStringLiteral("&Cascada"),
+              QStringLiteral("Apila las ventanas y deja ver el título de cada una"),
+              Picture::Cascade, Qt::SHIFT | Qt::Key_F4},
+             this, &TPrincipal::Cascada1Click);
+    addEntry(*m_windowMenu,
+             {QStringLiteral("Mosaico1"), QStringLiteral("&Mosaico"),
+              QStringLiteral("Reparte las ventanas sin que se tapen"), Picture::Tile,
+              Qt::SHIFT | Qt::Key_F5},
+             this, &TPrincipal::Mosaico1Click);
     new WindowList(*m_area, *m_windowMenu);
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("A&yuda"));
-    help->addAction(QStringLiteral("Acerca de..."))->setEnabled(false);
+    addEntry(*help,
+             {QStringLiteral("Acercade1"), QStringLiteral("Acerca de..."),
+              QStringLiteral("Dice qué es este programa y quién lo hizo"), Picture::About},
+             this, &TPrincipal::Acercade1Click);
 }
 
 void TPrincipal::createToolBar()
 {
+    using window::Picture;
     QToolBar* bar = addToolBar(QStringLiteral("Barra de herramientas"));
     bar->setObjectName(QStringLiteral("BarraHerramientas"));
+    bar->setAccessibleName(bar->windowTitle());
     bar->setMovable(false);
 
-    const auto addButton = [bar](const QString& name, const QString& text) {
-        auto* button = new QToolButton(bar);
-        button->setObjectName(name);
-        button->setText(text);
-        button->setFocusPolicy(Qt::TabFocus);
+    const auto addButton = [this, bar](const window::Command& command,
+                                       void (TPrincipal::*handler)()) {
+        QToolButton* button = window::createButton(command, bar);
+        connect(button, &QToolButton::clicked, this, handler);
         bar->addWidget(button);
-        return button;
     };
-    const auto* newEditor =
-        addButton(QStringLiteral("SpeedButton1"), QStringLiteral("Nuevo Editor"));
+    addButton({QStringLiteral("SpeedButton1"), QStringLiteral("Nuevo Editor"), editorTip(),
+               Picture::Editor},
+              &TPrincipal::NuevoArchivo1Click);
     bar->addSeparator();
-    const auto* newAnalysis =
-        addButton(QStringLiteral("SpeedButton2"), QStringLiteral("Nuevo Análisis"));
+    addButton({QStringLiteral("SpeedButton2"), QStringLiteral("Nuevo Análisis"), analysisTip(),
+               Picture::Analysis},
+              &TPrincipal::AnlisisdeDatos1Click);
     bar->addSeparator();
-    const auto* newPower =
-        addButton(QStringLiteral("SpeedButton3"), QStringLiteral("Nueva Potencia"));
-    connect(newEditor, &QToolButton::clicked, this, &TPrincipal::NuevoArchivo1Click);
-    connect(newAnalysis, &QToolButton::clicked, this, &TPrincipal::AnlisisdeDatos1Click);
-    connect(newPower, &QToolButton::clicked, this, &TPrincipal::ClculodePotencia1Click);
+    addButton({QStringLiteral("SpeedButton3"), QStringLiteral("Nueva Potencia"), powerTip(),
+               Picture::Power},
+              &TPrincipal::ClculodePotencia1Click);
 }
 
 void TPrincipal::createStatusLine()
 {
-    // A lasting text: what showMessage() shows is wiped whenever a menu opens.
-    m_status = new QLabel(QStringLiteral("Listo."), this);
-    m_status->setObjectName(QStringLiteral("Status"));
-    m_status->setTextFormat(Qt::PlainText);
-    // A long text is cut at the frame's edge, it does not widen the frame.
-    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_status = new StatusLine(this);
+    m_status->setText(QStringLiteral("Listo."));
     statusBar()->addPermanentWidget(m_status, 1);
 }
 
@@ -186,19 +250,14 @@ void TPrincipal::adoptEditor(square::TEditor* editor)
 
 void TPrincipal::adopt(window::ChildWindow* child, Show show)
 {
-    connect(child, &window::ChildWindow::statusText, this, &TPrincipal::setStatus);
+    connect(child, &window::ChildWindow::statusText, m_status, &StatusLine::setText);
     QMdiSubWindow* subWindow = m_area->addSubWindow(child); // deleted once it is closed
+    subWindow->setWindowIcon(child->windowIcon());
     connect(child, &window::ChildWindow::closeRequested, subWindow, &QMdiSubWindow::close);
     if (show == Show::Maximised)
         subWindow->showMaximized();
     else
         subWindow->show();
-}
-
-void TPrincipal::setStatus(const QString& text)
-{
-    m_status->setText(text);
-    m_status->repaint(); // now, since what the text announces may keep the program busy
 }
 
 void TPrincipal::FormActivate()

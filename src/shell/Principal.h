@@ -6,7 +6,6 @@
 #include <QMainWindow>
 #include <QPointer>
 
-class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 
@@ -19,6 +18,9 @@ class Dialogs;
 } // namespace window
 
 namespace shell {
+
+class StatusLine;
+class TAcerca;
 
 /// The frame: menu bar, tool bar, status line, and the child windows inside.
 ///
@@ -42,8 +44,10 @@ public slots:
     void Cascada1Click();
     void Mosaico1Click();
     void Salir1Click();
+    void Acercade1Click();
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -57,14 +61,14 @@ private:
     /// Takes a child into the frame and shows it.
     void adopt(window::ChildWindow* child, Show show);
     void adoptEditor(square::TEditor* editor);
-    void setStatus(const QString& text);
     void FormActivate();
     void subWindowActivated(QMdiSubWindow* subWindow);
 
     window::Dialogs& m_dialogs;
     window::HandOff m_handOff;
     QMdiArea* m_area = nullptr;
-    QLabel* m_status = nullptr;
+    TAcerca* m_about = nullptr;
+    StatusLine* m_status = nullptr;
     QMenu* m_windowMenu = nullptr;
     QPointer<window::ChildWindow> m_activeChild;
     bool m_leftForOwnDialog = false; ///< The frame lost the focus to one of its own dialogs.

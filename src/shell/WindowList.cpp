@@ -39,6 +39,7 @@ void WindowList::fill()
     for (QMdiSubWindow* child : children) {
         auto* entry =
             new QAction(entryText(++number, child->widget()->windowTitle()), m_entries.get());
+        entry->setStatusTip(QStringLiteral("Pasa a esta ventana"));
         entry->setCheckable(true);
         entry->setChecked(child == m_area.activeSubWindow());
         connect(entry, &QAction::triggered, child,

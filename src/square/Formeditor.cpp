@@ -9,6 +9,7 @@
 #include "square/UpDown.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
+#include "window/Icons.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
@@ -62,6 +63,7 @@ TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* pa
 {
     setObjectName(QStringLiteral("Editor"));
     setWindowTitle(editorCaption());
+    setWindowIcon(window::icon(window::Picture::Editor));
     setAccessibleName(editorCaption());
     setAttribute(Qt::WA_DeleteOnClose);
     createControls();

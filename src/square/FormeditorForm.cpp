@@ -6,8 +6,8 @@
 #include "square/PrefixValidator.h"
 #include "square/SquareData.h"
 #include "square/UpDown.h"
+#include "window/Command.h"
 
-#include <QAction>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -145,19 +145,23 @@ QWidget* TEditor::createPanes()
 
 void TEditor::createMenu()
 {
-    const auto add = [this](const QString& name, const QString& text, auto handler) {
-        QAction* action = m_menu->addAction(text, this, handler);
-        action->setObjectName(name);
-        return action;
-    };
+    using window::addEntry;
+    using window::Picture;
     m_menu = new QMenu(QStringLiteral("E&ditor"), this);
     m_menu->setObjectName(QStringLiteral("Editor1"));
-    add(QStringLiteral("Cargar1"), QStringLiteral("&Cargar..."), &TEditor::Cargar1Click)
-        ->setShortcut(Qt::Key_F3);
-    add(QStringLiteral("Guardar1"), QStringLiteral("&Guardar..."), &TEditor::Guardar1Click)
-        ->setShortcut(Qt::Key_F2);
-    add(QStringLiteral("GuardaryAnalizar1"), QStringLiteral("Guardar y &Analizar..."),
-        &TEditor::GuardaryAnalizar1Click);
+    addEntry(*m_menu,
+             {QStringLiteral("Cargar1"), QStringLiteral("&Cargar..."),
+              QStringLiteral("Trae a este editor un cuadrado guardado"), Picture::Open, Qt::Key_F3},
+             this, &TEditor::Cargar1Click);
+    addEntry(*m_menu,
+             {QStringLiteral("Guardar1"), QStringLiteral("&Guardar..."),
+              QStringLiteral("Guarda el cuadrado en su archivo"), Picture::Save, Qt::Key_F2},
+             this, &TEditor::Guardar1Click);
+    addEntry(*m_menu,
+             {QStringLiteral("GuardaryAnalizar1"), QStringLiteral("Guardar y &Analizar..."),
+              QStringLiteral("Guarda el cuadrado y abre su análisis en lugar del editor"),
+              Picture::SaveAndAnalyse},
+             this, &TEditor::GuardaryAnalizar1Click);
 }
 
 void TEditor::connectControls()

@@ -2,6 +2,7 @@
 #include "window/QtDialogs.h"
 
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -19,9 +20,31 @@ QString nameFilter(const QString& filter)
     return text.contains(QLatin1Char('(')) ? text : QStringLiteral("%1 (%2)").arg(text, pattern);
 }
 
-std::optional<QString> runDialog(QFileDialog& dialog, const FileRequest& request)
+/// Names the kinds of files in plain Spanish: Qt's catalogue leaves "Folder" in English, and the
+/// desktop's list of types takes a square for an encrypted letter.
+class FileKinds : public QFileIconProvider {
+public:
+    QString type(const QFileInfo& file) const override
+    {
+        if (file.isDir())
+            return QStringLiteral("Carpeta");
+        const QString suffix = file.suffix();
+        return suffix.isEmpty() ? QStringLiteral("Archivo")
+                                : QStringLiteral("Archivo %1").arg(suffix.toUpper());
+    }
+};
+
+std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request,
+                                     QFileDialog::AcceptMode mode)
 {
+    FileKinds kinds; // outlives the dialog
+    QFileDialog dialog(parent, request.title);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                       : QFileDialog::AnyFile);
+    dialog.setIconProvider(&kinds);
     dialog.setNameFilter(nameFilter(request.filter));
     dialog.setDefaultSuffix(request.suffix);
     if (!request.fileName.isEmpty())
@@ -54,21 +77,14 @@ bool QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& ca
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
 {
-    QFileDialog dialog(parent, request.title);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return runDialog(dialog, request);
+    return runFileDialog(parent, request, QFileDialog::AcceptOpen);
 }
 
 std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileRequest& request)
 {
     if (request.confirmOverwrite && request.writtenName)
         return saveUnderWrittenName(parent, request);
-    QFileDialog dialog(parent, request.title);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
-    return runDialog(dialog, request);
+    return runFileDialog(parent, request, QFileDialog::AcceptSave);
 }
 
 /// The file dialog would ask about the name as it was chosen, so the question is put after it; on

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "window/Icons.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QString>
+#include <QToolButton>
+
+namespace window {
+
+/// What the user sees of a command, in a menu or on a tool bar.
+struct Command {
+    QString name; ///< The object name.
+    QString text;
+    QString tip; ///< For the status line, while the command is hovered.
+    Picture picture;
+    QKeySequence shortcut = {};
+};
+
+/// A new entry at the end of a menu.
+QAction* addEntry(QMenu& menu, const Command& command);
+
+/// The same, with what it calls.
+template <typename Receiver>
+QAction* addEntry(QMenu& menu, const Command& command, Receiver* receiver,
+                  void (Receiver::*handler)())
+{
+    QAction* entry = addEntry(menu, command);
+    QObject::connect(entry, &QAction::triggered, receiver, handler);
+    return entry;
+}
+
+/// A button with picture and text, for a tool bar; reached by Tab.
+QToolButton* createButton(const Command& command, QWidget* parent);
+
+} // namespace window
