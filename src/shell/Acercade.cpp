@@ -113,7 +113,8 @@ void TAcerca::decodePicture()
     constexpr qreal pictureScale = 2.0;
     const QByteArray bytes = std::exchange(m_pictureBytes, {});
     QPixmap picture;
-    if (bytes.isEmpty() || !picture.loadFromData(bytes, "jpeg"))
+    // Half a picture would be decoded too, down to where it breaks off.
+    if (!bytes.endsWith("\xFF\xD9") || !picture.loadFromData(bytes, "jpeg"))
         return;
     picture.setDevicePixelRatio(pictureScale);
     m_picture->setPixmap(picture);

@@ -15,7 +15,7 @@ namespace window {
 
 namespace {
 
-constexpr qreal disabledOpacity = 0.4;
+constexpr float disabledOpacity = 0.4F;
 
 /// Draws a picture at the size and in the palette of the moment.
 class PictureEngine : public QIconEngine {
@@ -33,12 +33,15 @@ public:
         QPixmap pixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        if (mode == QIcon::Disabled)
-            painter.setOpacity(disabledOpacity);
         const int side = std::min(size.width(), size.height());
         painter.translate((size.width() - side) / 2, (size.height() - side) / 2);
         PixelCanvas canvas(painter, side);
         drawPicture(canvas, m_picture, QGuiApplication::palette());
+        if (mode == QIcon::Disabled) {
+            painter.resetTransform();
+            painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+            painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, disabledOpacity));
+        }
         return pixmap;
     }
 

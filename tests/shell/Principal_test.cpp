@@ -73,6 +73,19 @@ protected:
         return found;
     }
 
+    /// Every entry of a menu and its submenus, separators left out.
+    static QList<QAction*> entriesBelow(const QMenu& menu)
+    {
+        QList<QAction*> entries;
+        for (QAction* action : menu.actions()) {
+            if (!action->isSeparator())
+                entries << action;
+            if (action->menu() != nullptr)
+                entries += entriesBelow(*action->menu());
+        }
+        return entries;
+    }
+
     void closeUnsaved(QMdiSubWindow* child)
     {
         dialogs.yesNoAnswers.push_back(false);
@@ -301,6 +314,110 @@ TEST_F(Principal, ReturningFromItsOwnDialogDoesNotTile)
     dialog.show();
     QApplication::setActiveWindow(&dialog);
     dialog.close();
+    QApplication::setActiveWindow(&frame);
+    EXPECT_EQ(children().at(0)->geometry(), before);
+}
+
+TEST_F(Principal, EveryEntryOfEveryBarHasATipAndEveryShortcutIsUnique)
+{
+    frame.NuevoArchivo1Click();
+    frame.ClculodePotencia1Click();
+    dialogs.openAnswers.push_back(sample("orden3.asc"));
+    frame.AnlisisdeDatos1Click();
+    QWidget* analysis = area().activeSubWindow()->widget();
+    analysis->findChild<QRadioButton*>(QStringLiteral("RadioGroup1Item2"))->click();
+    analysis->findChild<QToolButton*>(QStringLiteral("SpeedButton1"))->click();
+    analysis->findChild<QToolButton*>(QStringLiteral("ve"))->click();
+
+    QSet<QString> bars;
+    for (QMdiSubWindow* child : children()) {
+        area().setActiveSubWindow(child);
+        bars << this->bar().join(QLatin1Char('|'));
+        QSet<QKeySequence> shortcuts;
+        for (QAction* menu : frame.menuBar()->actions()) {
+            for (const QAction* action : entriesBelow(*menu->menu())) {
+                EXPECT_FALSE(action->statusTip().isEmpty()) << action->text().toStdString();
+                if (action->shortcut().isEmpty())
+                    continue;
+                EXPECT_FALSE(shortcuts.contains(action->shortcut()))
+                    << action->shortcut().toString().toStdString();
+                shortcuts << action->shortcut();
+            }
+        }
+    }
+    EXPECT_EQ(bars.size(), 4);
+}
+
+TEST_F(Principal, TipOfAMenuEntryGivesWayToTheLastingText)
+{
+    frame.NuevoArchivo1Click();
+    auto* tip = frame.findChild<QLabel*>(QStringLiteral("StatusTip"));
+    QMenu* menu = entry({QStringLiteral("E&ditor")})->menu();
+    QTest::keyClick(&frame, Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_TRUE(tip->isVisible());
+    EXPECT_EQ(tip->text(), QStringLiteral("Trae a este editor un cuadrado guardado"));
+    QTest::keyClick(menu, Qt::Key_Down);
+    EXPECT_EQ(tip->text(), QStringLiteral("Guarda el cuadrado en su archivo"));
+    EXPECT_EQ(status(), editorStatus);
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_FALSE(tip->isVisible());
+    EXPECT_EQ(status(), editorStatus);
+}
+
+TEST_F(Principal, ContextMenusTellTheirTipsInTheStatusLineToo)
+{
+    frame.NuevoArchivo1Click();
+    auto* tip = frame.findChild<QLabel*>(QStringLiteral("StatusTip"));
+    auto* table = frame.findChild<QWidget*>(QStringLiteral("Datos"));
+    QTest::keyClick(table, Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_Down);
+    EXPECT_TRUE(tip->isVisible());
+    EXPECT_EQ(tip->text(), QStringLiteral("Marca las celdas con el tipo A"));
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_FALSE(tip->isVisible());
+}
+
+TEST_F(Principal, ChildrenOfEachKindHaveTheirOwnIcon)
+{
+    frame.NuevoArchivo1Click();
+    frame.ClculodePotencia1Click();
+    EXPECT_FALSE(frame.windowIcon().isNull());
+    const auto picture = [](const QWidget* widget) {
+        return widget->windowIcon().pixmap(QSize(16, 16), 1.0).toImage();
+    };
+    EXPECT_NE(picture(children().at(0)), picture(children().at(1)));
+    EXPECT_NE(picture(children().at(0)), picture(&frame));
+}
+
+TEST_F(Principal, AboutBoxIsHiddenAtFirstBlocksNothingAndGoesWithTheFrame)
+{
+    auto* about = frame.findChild<QDialog*>(QStringLiteral("Acerca"));
+    ASSERT_NE(about, nullptr);
+    EXPECT_FALSE(about->isVisible());
+    entry({QStringLiteral("A&yuda"), QStringLiteral("Acerca de...")})->trigger();
+    EXPECT_TRUE(about->isVisible());
+    frame.NuevoArchivo1Click();
+    EXPECT_EQ(children().size(), 1);
+
+    frame.Cascada1Click();
+    dialogs.yesNoAnswers = {false};
+    EXPECT_TRUE(frame.close());
+    EXPECT_FALSE(about->isVisible());
+}
+
+TEST_F(Principal, ReturningFromTheAboutBoxDoesNotTile)
+{
+    frame.NuevoArchivo1Click();
+    frame.NuevoArchivo1Click();
+    frame.Cascada1Click();
+    const QRect before = children().at(0)->geometry();
+    frame.Acercade1Click();
+    auto* about = frame.findChild<QDialog*>(QStringLiteral("Acerca"));
+    QApplication::setActiveWindow(about);
+    about->close();
     QApplication::setActiveWindow(&frame);
     EXPECT_EQ(children().at(0)->geometry(), before);
 }
