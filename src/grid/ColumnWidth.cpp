@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/ColumnWidth.h"
 
+#include "grid/NameHeader.h"
 #include "grid/TableModel.h"
 
 #include <QFontMetrics>
@@ -12,16 +13,16 @@ namespace grid {
 namespace {
 
 constexpr int rowsLookedAt = 200;
-constexpr int cellMargin = 12;   // pixels left and right of a number, together
-constexpr int headerMargin = 16; // of a name, which turns bold with the cursor in its column
+constexpr int cellMargin = 12; // pixels left and right of a number, together
+constexpr int columnGap = 4;   // pixels between a name and its neighbour
 
 } // namespace
 
 int neededColumnWidth(const TableModel& model, int column, const QFontMetrics& cells,
-                      const QFontMetrics& header)
+                      const NameHeader& header)
 {
     const QString name = model.headerData(column - 1, Qt::Horizontal).toString();
-    int width = header.horizontalAdvance(name) + headerMargin;
+    int width = header.neededWidth(name) + columnGap;
     const int rows = std::min(model.rowCount(), rowsLookedAt);
     for (int row = 0; row < rows && width < widestColumn; ++row) {
         const QString number = model.data(model.index(row, column - 1)).toString();

@@ -5,12 +5,13 @@ class QFontMetrics;
 
 namespace grid {
 
+class NameHeader;
 class TableModel;
 
 /// The width in pixels that a column's name and the numbers of its first rows need, with a margin;
 /// at most `widestColumn`. Columns count from 1.
 int neededColumnWidth(const TableModel& model, int column, const QFontMetrics& cells,
-                      const QFontMetrics& header);
+                      const NameHeader& header);
 
 constexpr int widestColumn = 200; ///< Pixels; a longer number is shown cut.
 

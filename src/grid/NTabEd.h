@@ -19,6 +19,7 @@ namespace grid {
 class CellDelegate;
 class ContextMenus;
 class EditHistory;
+class NameHeader;
 class TableModel;
 struct MarkColors;
 enum class CursorStep;
@@ -106,6 +107,9 @@ public:
     void setDefaultColWidth(int width);
     void setHeaderColumnWidth(int width);
 
+    /// The size in which every cell shows without scrolling.
+    QSize wholeSize() const;
+
     QColor ColorNormal() const;
     QColor ColorMarkedA() const;
     QColor ColorMarkedB() const;
@@ -178,6 +182,7 @@ private:
 
     window::Dialogs& m_dialogs;
     TableModel* m_model;
+    NameHeader* m_columnNames = nullptr;
     EditHistory* m_history;
     CellDelegate* m_delegate;
     ContextMenus* m_menus;

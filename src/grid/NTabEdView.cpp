@@ -33,7 +33,8 @@ void TNTabEd::setUpView()
     setObjectName(QStringLiteral("NTabEd"));
     setAccessibleName(QStringLiteral("Tabla de números"));
     m_model->setColors({colorFromInteger(8192), Qt::red, Qt::blue, colorFromInteger(13369531)});
-    setHorizontalHeader(new NameHeader(Qt::Horizontal, this));
+    m_columnNames = new NameHeader(Qt::Horizontal, this);
+    setHorizontalHeader(m_columnNames);
     setVerticalHeader(new NameHeader(Qt::Vertical, this));
     setModel(m_model);
     setSelectionMode(ContiguousSelection);
@@ -103,6 +104,13 @@ void TNTabEd::applyLightColors()
     setPalette(light);
 }
 
+QSize TNTabEd::wholeSize() const
+{
+    const int frame = 2 * frameWidth();
+    return {verticalHeader()->width() + horizontalHeader()->length() + frame,
+            horizontalHeader()->height() + verticalHeader()->length() + frame};
+}
+
 void TNTabEd::applyRowHeight()
 {
     const int height = std::max(usualRowHeight, fontMetrics().height() + textMargin);
@@ -142,8 +150,7 @@ void TNTabEd::fitColumns(int first, int last)
     for (int column = first; column <= std::min(last, first + columnsFitted - 1); ++column) {
         if (m_columnsSetByUser.count(column) != 0)
             continue;
-        const int needed =
-            neededColumnWidth(*m_model, column, fontMetrics(), horizontalHeader()->fontMetrics());
+        const int needed = neededColumnWidth(*m_model, column, fontMetrics(), *m_columnNames);
         setColumnWidth(column - 1, std::max(horizontalHeader()->defaultSectionSize(), needed));
     }
     updateGeometries();

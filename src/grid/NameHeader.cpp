@@ -18,13 +18,24 @@ NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
     setHighlightSections(true);
 }
 
+int NameHeader::neededWidth(const QString& name) const
+{
+    return boldMetrics().horizontalAdvance(name) + nameMargin;
+}
+
 void NameHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
 {
     QHeaderView::initStyleOptionForIndex(option, section);
-    QFont bold = font(); // as the style draws the name of the cursor's row and column
-    bold.setBold(true);
     const int width = orientation() == Qt::Horizontal ? sectionSize(section) : viewport()->width();
-    option->text = QFontMetrics(bold).elidedText(option->text, Qt::ElideRight, width - nameMargin);
+    option->text = boldMetrics().elidedText(option->text, Qt::ElideMiddle, width - nameMargin);
+}
+
+/// As the style draws the name of the cursor's row and column.
+QFontMetrics NameHeader::boldMetrics() const
+{
+    QFont bold = font();
+    bold.setBold(true);
+    return QFontMetrics(bold);
 }
 
 } // namespace grid

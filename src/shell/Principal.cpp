@@ -39,6 +39,14 @@ QString powerTip()
         "Estima por simulación la potencia de las cuatro pruebas no paramétricas");
 }
 
+/// Qt knows one key or the other, by the desktop.
+void setCloseKeys(const QMdiSubWindow& subWindow)
+{
+    for (QAction* action : subWindow.systemMenu()->actions())
+        if (action->shortcuts().contains(QKeySequence(QKeySequence::Close)))
+            action->setShortcuts({Qt::CTRL | Qt::Key_F4, Qt::CTRL | Qt::Key_W});
+}
+
 } // namespace
 
 TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
@@ -253,6 +261,7 @@ void TPrincipal::adopt(window::ChildWindow* child, Show show)
     connect(child, &window::ChildWindow::statusText, m_status, &StatusLine::setText);
     QMdiSubWindow* subWindow = m_area->addSubWindow(child); // deleted once it is closed
     subWindow->setWindowIcon(child->windowIcon());
+    setCloseKeys(*subWindow);
     connect(child, &window::ChildWindow::closeRequested, subWindow, &QMdiSubWindow::close);
     if (show == Show::Maximised)
         subWindow->showMaximized();

@@ -16,6 +16,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace square {
 
 namespace {
@@ -29,6 +31,9 @@ constexpr int longestPrefix = longestName - 4;
 constexpr int observationWidth = 64; // pixels
 constexpr int treatmentWidth = 32;
 constexpr int headerWidth = 80;
+
+constexpr int dataShare = 3; // of the window's width, in fifths
+constexpr int paneShares = 5;
 
 QLabel* labelOf(QWidget* control, const QString& text)
 {
@@ -76,9 +81,19 @@ QWidget* paneOf(grid::TNTabEd* table, const QString& title)
 
 } // namespace
 
+/// Both tables whole, as far as a small screen has room for them.
 QSize TEditor::sizeHint() const
 {
-    return {640, 400};
+    constexpr QSize least(640, 400);
+    constexpr QSize most(1100, 600);
+    constexpr int optionsHeight = 110;
+    constexpr int around = 60; // pixels for margins, the divider and a scroll bar
+    const QSize observations = m_datos->wholeSize();
+    const QSize treatments = m_refTratamientos->wholeSize();
+    const int width = std::max(observations.width() * paneShares / dataShare,
+                               treatments.width() * paneShares / (paneShares - dataShare));
+    const QSize wanted(width + around, observations.height() + optionsHeight + around);
+    return wanted.expandedTo(least).boundedTo(most);
 }
 
 void TEditor::createControls()
@@ -138,8 +153,8 @@ QWidget* TEditor::createPanes()
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(paneOf(m_datos, QStringLiteral("DATOS")));
     splitter->addWidget(paneOf(m_refTratamientos, QStringLiteral("REFERENCIA: TRATAMIENTOS")));
-    splitter->setStretchFactor(0, 3);
-    splitter->setStretchFactor(1, 2);
+    splitter->setStretchFactor(0, dataShare);
+    splitter->setStretchFactor(1, paneShares - dataShare);
     return splitter;
 }
 

@@ -48,6 +48,8 @@ class Program:
             [str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
         self._application = wait_for("the program on the accessibility bus", self._find_itself)
+        # The bus tells places in points, the mouse moves by pixels.
+        self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
         wait_for("the frame", lambda: self.look("frame"))
 
     def _find_itself(self):
@@ -104,7 +106,8 @@ class Program:
 
     def click(self, control, times=1):
         box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        xdotool("mousemove", "--sync", box.x + box.width // 2, box.y + box.height // 2)
+        x, y = (box.x + box.width / 2) * self._scale, (box.y + box.height / 2) * self._scale
+        xdotool("mousemove", "--sync", round(x), round(y))
         xdotool("click", "--repeat", times, "--delay", 60, 1)
 
     def press(self, *keys):

@@ -421,3 +421,15 @@ TEST_F(Principal, ReturningFromTheAboutBoxDoesNotTile)
     QApplication::setActiveWindow(&frame);
     EXPECT_EQ(children().at(0)->geometry(), before);
 }
+
+TEST_F(Principal, BothUsualKeysCloseTheActiveChild)
+{
+    for (const auto key : {Qt::Key_F4, Qt::Key_W}) {
+        frame.NuevoArchivo1Click();
+        ASSERT_EQ(children().size(), 1);
+        dialogs.yesNoAnswers.push_back(false);
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(children().isEmpty());
+    }
+}
