@@ -17,6 +17,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace analysis {
 
 namespace {
@@ -50,9 +52,11 @@ void TAnalisis::createLayout()
     splitter->setAccessibleName(QStringLiteral("División entre los datos y el reporte"));
     splitter->setHandleWidth(8);
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(createScrollBox());
+    QWidget* scrollBox = createScrollBox();
+    splitter->addWidget(scrollBox);
     splitter->addWidget(createReport());
-    splitter->setSizes({290, 241});
+    // Higher only where the font makes the options higher.
+    splitter->setSizes({std::max(290, scrollBox->sizeHint().height()), 241});
     splitter->setStretchFactor(1, 1);
 
     auto* column = new QVBoxLayout(this);
@@ -80,6 +84,7 @@ QWidget* TAnalisis::createToolBar()
                                                 "una prueba de orden 3"),
                                  window::Picture::Graph},
                                 this);
+    m_ve->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_ve->setMinimumWidth(96);
     m_ve->setEnabled(false);
     connect(m_ve, &QToolButton::clicked, this, &TAnalisis::veClick);
@@ -174,7 +179,8 @@ QWidget* TAnalisis::createReport()
     m_report->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     QFont font(QStringLiteral("Courier New"));
     font.setStyleHint(QFont::Monospace); // the tables need a fixed pitch where there is no Courier
-    font.setPixelSize(12);
+    // Larger only for a user who has chosen larger letters than the usual 13 pixels for everything.
+    font.setPixelSize(std::max(12, fontInfo().pixelSize() - 1));
     m_report->setFont(font);
     return m_report;
 }

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double fitMargin = 2.0; // percent
 constexpr int splitterHeight = 3;
-constexpr int lowerChartHeight = 160;
+constexpr int usualLowerHeight = 160;
 
 QString windowCaption()
 {
@@ -78,7 +78,7 @@ TGrafica::TGrafica(window::Dialogs& dialogs, QWidget* parent)
 
 QSize TGrafica::sizeHint() const
 {
-    return {544, 375};
+    return {544, 375 - usualLowerHeight + lowerChartHeight()};
 }
 
 void TGrafica::setDistribution(std::span<const double> values, int count, const QString& title,
@@ -220,11 +220,18 @@ void TGrafica::createCharts()
     splitter->setHandleWidth(splitterHeight);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
-    splitter->setSizes({sizeHint().height() - splitterHeight - lowerChartHeight, lowerChartHeight});
+    const int lower = lowerChartHeight();
+    splitter->setSizes({sizeHint().height() - splitterHeight - lower, lower});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
+}
+
+/// Ten lines: more than the usual height only for letters larger than usual.
+int TGrafica::lowerChartHeight() const
+{
+    return std::max(usualLowerHeight, 10 * fontMetrics().height());
 }
 
 /// Gives both plots one left edge, so that equal values stand below each other; in a narrow window

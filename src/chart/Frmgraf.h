@@ -56,6 +56,7 @@ protected:
 private:
     void createMenu();
     void createCharts();
+    int lowerChartHeight() const;
     void alignCharts();
     void saveBitmap(const TRChart& chart, const QString& title);
     void copyBitmap(const TRChart& chart);

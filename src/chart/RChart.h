@@ -23,7 +23,8 @@ namespace chart {
 ///
 /// With MouseAction maZoomDrag, dragging over the plot zooms to the rectangle, Escape goes back one
 /// step and a double click to the full view (what FitRangeToData() showed last); dragging with
-/// Shift, or with the middle button, moves the view.
+/// Shift, or with the middle button, moves the view. By keys: plus and minus zoom about the middle,
+/// the arrows move by a tenth, Home shows the full view.
 class TRChart : public QWidget {
     Q_OBJECT
 
@@ -253,6 +254,8 @@ private:
     QRect zoomRectangle() const;
     void drawZoomRectangle(QPainter& painter) const;
     void finishZoom();
+    bool changeViewByKey(int key);
+    void showRectangle(const QRectF& rectangle);
     void pan(const QPoint& to);
     void zoomTo(const View& view);
     void endGesture();

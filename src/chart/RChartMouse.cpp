@@ -2,7 +2,6 @@
 // What the user does to the view: zooming to a rectangle, moving, going back.
 #include "chart/RChart.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -79,20 +78,6 @@ void TRChart::mouseDoubleClickEvent(QMouseEvent* event)
     updateCursor(event->position().toPoint());
 }
 
-void TRChart::keyPressEvent(QKeyEvent* event)
-{
-    const bool isEscape = event->key() == Qt::Key_Escape;
-    if (isEscape && m_gesture != Gesture::None) {
-        restore(m_viewAtStart);
-        endGesture();
-    } else if (isEscape && m_mouseAction == MouseAction::maZoomDrag && m_history.canGoBack()) {
-        zoomBack();
-        updateCursor(mapFromGlobal(QCursor::pos()));
-    } else {
-        QWidget::keyPressEvent(event);
-    }
-}
-
 void TRChart::setMouseAction(chart::MouseAction action)
 {
     m_mouseAction = action;
@@ -133,11 +118,7 @@ void TRChart::finishZoom()
     const QRect rectangle = zoomRectangle();
     if (!isLargeEnough(rectangle))
         return;
-    const ChartGeometry now = geometry();
-    View zoomed = view();
-    zoomed.x.setBounds(now.xScale.toValue(rectangle.left()), now.xScale.toValue(rectangle.right()));
-    zoomed.y.setBounds(now.yScale.toValue(rectangle.bottom()), now.yScale.toValue(rectangle.top()));
-    zoomTo(isometricView(zoomed, Axis::X));
+    showRectangle(QRectF(rectangle.topLeft(), rectangle.bottomRight()));
 }
 
 void TRChart::pan(const QPoint& to)

@@ -4,9 +4,11 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace window {
 
@@ -34,6 +36,19 @@ public:
     }
 };
 
+/// Wide enough for what the list tells of each file; a long name is what gives way.
+void widenFileList(QFileDialog& dialog)
+{
+    const int character = dialog.fontMetrics().averageCharWidth();
+    dialog.resize(character * 100, dialog.fontMetrics().height() * 26);
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (list == nullptr)
+        return;
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request,
                                      QFileDialog::AcceptMode mode)
 {
@@ -47,6 +62,7 @@ std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request
     dialog.setIconProvider(&kinds);
     dialog.setNameFilter(nameFilter(request.filter));
     dialog.setDefaultSuffix(request.suffix);
+    widenFileList(dialog);
     if (!request.fileName.isEmpty())
         dialog.selectFile(request.fileName);
     if (dialog.exec() != QDialog::Accepted)

@@ -211,3 +211,30 @@ TEST_F(RChartZoom, CursorTellsWhatADragWouldDo)
     EXPECT_NE(zoomed, ready);
     EXPECT_NE(zoomed, dragging);
 }
+
+TEST_F(RChartZoom, KeysZoomAndMoveAboutTheMiddle)
+{
+    QTest::keyClick(&chart, Qt::Key_Plus);
+    expectView(25.0, 75.0, 25.0, 75.0, onePixel);
+    QTest::keyClick(&chart, Qt::Key_Right);
+    expectView(30.0, 80.0, 25.0, 75.0, onePixel);
+    QTest::keyClick(&chart, Qt::Key_Up);
+    expectView(30.0, 80.0, 30.0, 80.0, onePixel);
+    QTest::keyClick(&chart, Qt::Key_Left);
+    QTest::keyClick(&chart, Qt::Key_Down);
+    expectView(25.0, 75.0, 25.0, 75.0, onePixel);
+    QTest::keyClick(&chart, Qt::Key_Minus);
+    expectView(0.0, 100.0, 0.0, 100.0, 2 * onePixel);
+    QTest::keyClick(&chart, Qt::Key_Escape);
+    expectView(25.0, 75.0, 25.0, 75.0, onePixel);
+    QTest::keyClick(&chart, Qt::Key_Home);
+    expectView(0.0, 100.0, 0.0, 100.0, 0.0);
+}
+
+TEST_F(RChartZoom, KeysDoNothingWhereTheMouseDoesNothing)
+{
+    chart.setMouseAction(chart::MouseAction::maNone);
+    for (const int key : {Qt::Key_Plus, Qt::Key_Left, Qt::Key_Home})
+        QTest::keyClick(&chart, static_cast<Qt::Key>(key));
+    expectView(0.0, 100.0, 0.0, 100.0, 0.0);
+}
