@@ -71,7 +71,7 @@ TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
 
 QSize TPotencia::sizeHint() const
 {
-    return {760, 560};
+    return {880, 560};
 }
 
 void TPotencia::FormActivate()

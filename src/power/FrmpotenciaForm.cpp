@@ -4,6 +4,7 @@
 
 #include "chart/RChart.h"
 #include "power/CurveColors.h"
+#include "power/FoldingRow.h"
 #include "power/UpDown.h"
 #include "window/Command.h"
 #include "window/StatusTips.h"
@@ -134,8 +135,8 @@ void TPotencia::createLayout()
     splitter->addWidget(upper);
     splitter->addWidget(createLog());
     splitter->setSizes({380, 120});
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 0);
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 1);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -146,7 +147,7 @@ void TPotencia::createLayout()
 
 QWidget* TPotencia::createSettings()
 {
-    auto* panel = new QWidget;
+    auto* panel = new FoldingRow;
     panel->setObjectName(QStringLiteral("Panel1"));
     panel->setAccessibleName(QStringLiteral("Opciones del cálculo"));
 
@@ -164,21 +165,18 @@ QWidget* TPotencia::createSettings()
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
     connect(m_btnDist, &QPushButton::clicked, this, &TPotencia::BtnDistClick);
 
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(6, 6, 6, 6);
-    row->addWidget(run);
-    row->addSpacing(8);
-    row->addWidget(
+    QBoxLayout& counts = panel->first();
+    counts.addWidget(run);
+    counts.addSpacing(8);
+    counts.addWidget(
         labelOf(QStringLiteral("Label1"), QStringLiteral("Tamaño del cuadrado:"), m_order));
-    row->addWidget(m_order);
-    row->addSpacing(8);
-    row->addWidget(
+    counts.addWidget(m_order);
+    counts.addSpacing(8);
+    counts.addWidget(
         labelOf(QStringLiteral("Label2"), QStringLiteral("Número de Pruebas"), m_trials));
-    row->addWidget(m_trials);
-    row->addSpacing(8);
-    row->addWidget(m_btnSig);
-    row->addWidget(m_btnDist);
-    row->addStretch();
+    counts.addWidget(m_trials);
+    panel->second().addWidget(m_btnSig);
+    panel->second().addWidget(m_btnDist);
     return panel;
 }
 

@@ -39,9 +39,12 @@ public:
         case QEvent::MouseButtonDblClick:
             // The frame of a child window only moves or closes it.
             return receiver->isWidgetType() && !qobject_cast<QMdiSubWindow*>(receiver);
-        case QEvent::Wheel:
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
+            // Already on its way to a window: assistive technology takes keys from there and gives
+            // them back later, when nobody drops them any more.
+            return receiver->isWidgetType() || receiver->isWindowType();
+        case QEvent::Wheel:
         case QEvent::ContextMenu:
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:

@@ -75,6 +75,29 @@ TEST_F(PowerWindow, TheLegendShowsTheCurvesColours)
     EXPECT_EQ(in<QLabel>(*window, "LabelLeyenda4").text(), QStringLiteral("Prueba M"));
 }
 
+TEST_F(PowerWindow, ShowsItsSettingsWholeWhetherWideOrNarrow)
+{
+    EXPECT_LT(window->minimumSizeHint().width(), 620) << "two stand side by side in 1280 pixels";
+    const QSize wide = window->size();
+    const QSize narrow(window->minimumSizeHint().width(), wide.height());
+    const auto isFolded = [this] {
+        return button("BtnSig").y() > button("BtnCalcular").geometry().bottom();
+    };
+    for (const char* kind : {"Uniforme1", "Exponencial1", "Triangular1"}) {
+        choose(*window, "BtnDist", "MenuDist", kind);
+        for (const QSize& size : {narrow, wide}) {
+            window->resize(size);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(isFolded(), size == narrow) << kind;
+            for (const char* name : {"BtnCalcular", "BtnSig", "BtnDist"}) {
+                const QPushButton& shown = button(name);
+                EXPECT_GE(shown.width(), shown.sizeHint().width()) << name << " of " << kind;
+                EXPECT_TRUE(shown.parentWidget()->rect().contains(shown.geometry())) << name;
+            }
+        }
+    }
+}
+
 TEST_F(PowerWindow, EveryWidgetOfTheFormHasANameForAssistiveTechnology)
 {
     for (const char* name : {"BtnCalcular", "BtnSig", "BtnDist", "UpDown1", "UpDown2", "Edit1",

@@ -38,6 +38,26 @@ void postClick(QWidget& widget)
                             type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
 }
 
+/// Takes the keys on their way to a window, as assistive technology does, to give them back later.
+class KeyTaker : public QObject {
+public:
+    KeyTaker() { qApp->installEventFilter(this); }
+    int taken = 0;
+
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+        taken += isKey ? 1 : 0;
+        return isKey && receiver->isWindowType();
+    }
+};
+
+void postSpace(QObject* receiver)
+{
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        QCoreApplication::postEvent(receiver, new QKeyEvent(type, Qt::Key_Space, {}));
+}
+
 /// The kind that only a broken program asks for.
 class BrokenWindow : public TPotencia {
 public:
@@ -116,9 +136,7 @@ TEST_F(PowerWindow, ClicksAndKeysMadeMeanwhileStartNothing)
         postClick(button("BtnCalcular"));
         postClick(button("BtnSig"));
         postClick(in<QPushButton>(other, "BtnCalcular"));
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
-            QCoreApplication::postEvent(&button("BtnCalcular"),
-                                        new QKeyEvent(type, Qt::Key_Space, {}));
+        postSpace(&button("BtnCalcular"));
     });
     click(button("BtnCalcular"));
     QCoreApplication::processEvents();
@@ -128,6 +146,22 @@ TEST_F(PowerWindow, ClicksAndKeysMadeMeanwhileStartNothing)
 
     click(button("BtnCalcular"));
     EXPECT_EQ(log().filter(QStringLiteral("Iniciado")).size(), 2) << "later clicks work";
+}
+
+TEST_F(PowerWindow, KeysPressedMeanwhileAreNotGivenBackLater)
+{
+    KeyTaker taker;
+    QObject::connect(window.get(), &TPotencia::statusText, window.get(),
+                     [this] { postSpace(window->windowHandle()); });
+    button("BtnCalcular").setFocus();
+    click(button("BtnCalcular"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taker.taken, 0);
+
+    window->disconnect(window.get());
+    postSpace(window->windowHandle());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taker.taken, 2) << "later keys pass";
 }
 
 TEST_F(PowerWindow, ACloseAskedForMeanwhileHappensAfterwards)

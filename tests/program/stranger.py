@@ -11,6 +11,7 @@ import subprocess
 import time
 
 import pyatspi
+from gi.repository import GLib
 
 PATIENCE = 15.0  # seconds to wait for anything to appear; generous, for a loaded machine
 
@@ -47,9 +48,11 @@ class Program:
         self.process = subprocess.Popen(
             [str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
+        self._popups = []
         self._application = wait_for("the program on the accessibility bus", self._find_itself)
         # The bus tells places in points, the mouse moves by pixels.
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
+        pyatspi.Registry.registerEventListener(self._note_popup, "object:state-changed:showing")
         wait_for("the frame", lambda: self.look("frame"))
 
     def _find_itself(self):
@@ -66,9 +69,24 @@ class Program:
 
     # Eyes
 
-    def controls(self):
-        """Every control that shows on the screen, outermost first."""
-        waiting = [self._application]
+    def _note_popup(self, event):
+        """A pop-up of a button hangs on nothing that can be walked to: it announces itself."""
+        try:
+            if event.source.getRoleName() != "popup menu":
+                return
+            if event.source.parent != self._application:  # of the menu bar, or another program's
+                return
+            self._popups = [popup for popup in self._popups if popup != event.source]
+            if event.detail1:
+                self._popups.append(event.source)
+        except Exception:  # gone while it was looked at
+            return
+
+    def controls(self, inside=None):
+        """Every control of the program, or inside one of its controls, outermost first."""
+        while GLib.MainContext.default().iteration(False):  # hear the announcements
+            pass
+        waiting = [self._application, *self._popups] if inside is None else [inside]
         while waiting:
             control = waiting.pop(0)
             try:
@@ -79,10 +97,10 @@ class Program:
                 continue
             waiting += [child for child in children if child is not None]
 
-    def look(self, role, name=None):
+    def look(self, role, name=None, inside=None):
         """The controls of that role (and name) that are showing."""
         found = []
-        for control in self.controls():
+        for control in self.controls(inside):
             try:
                 if control.getRoleName() != role or (name is not None and control.name != name):
                     continue
@@ -92,8 +110,8 @@ class Program:
                 continue
         return found
 
-    def find(self, role, name=None):
-        return wait_for(f"{role} «{name}»", lambda: self.look(role, name))[0]
+    def find(self, role, name=None, inside=None):
+        return wait_for(f"{role} «{name}»", lambda: self.look(role, name, inside))[0]
 
     def wait_until_gone(self, role, name=None):
         wait_for(f"the end of {role} «{name}»", lambda: not self.look(role, name))
@@ -106,9 +124,13 @@ class Program:
 
     def click(self, control, times=1):
         box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        x, y = (box.x + box.width / 2) * self._scale, (box.y + box.height / 2) * self._scale
-        xdotool("mousemove", "--sync", round(x), round(y))
-        xdotool("click", "--repeat", times, "--delay", 60, 1)
+        self.click_at(box.x + box.width / 2, box.y + box.height / 2, times)
+
+    def click_at(self, x, y, times=1):
+        """In points of the screen."""
+        x, y = round(x * self._scale), round(y * self._scale)
+        # No --sync: it would wait in vain where the mouse is there already.
+        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
 
     def press(self, *keys):
         for key in keys:
