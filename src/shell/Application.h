@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/LateActivation.h"
+
 #include <QApplication>
 #include <QTranslator>
 
@@ -24,6 +26,7 @@ public:
 private:
     window::Dialogs& m_dialogs;
     QTranslator m_spanish;
+    LateActivation m_lateActivation;
 };
 
 } // namespace shell
