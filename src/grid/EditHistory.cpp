@@ -71,24 +71,28 @@ bool EditHistory::redoChangesContents() const
     return command != nullptr && command->changesContents();
 }
 
-void EditHistory::undo()
+bool EditHistory::undo()
 {
-    if (const EditCommand* command = commandAt(m_stack.index() - 1)) {
-        const CellRange place = command->place();
-        take(command->changesContents(), [this] { m_stack.undo(); });
-        if (place.cells() > 0)
-            emit stepped(place);
-    }
+    const EditCommand* command = commandAt(m_stack.index() - 1);
+    if (command == nullptr)
+        return false;
+    const CellRange place = command->place();
+    take(command->changesContents(), [this] { m_stack.undo(); });
+    if (place.cells() > 0)
+        emit stepped(place);
+    return true;
 }
 
-void EditHistory::redo()
+bool EditHistory::redo()
 {
-    if (const EditCommand* command = commandAt(m_stack.index())) {
-        const CellRange place = command->place();
-        take(command->changesContents(), [this] { m_stack.redo(); });
-        if (place.cells() > 0)
-            emit stepped(place);
-    }
+    const EditCommand* command = commandAt(m_stack.index());
+    if (command == nullptr)
+        return false;
+    const CellRange place = command->place();
+    take(command->changesContents(), [this] { m_stack.redo(); });
+    if (place.cells() > 0)
+        emit stepped(place);
+    return true;
 }
 
 void EditHistory::forget()

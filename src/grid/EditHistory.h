@@ -38,8 +38,9 @@ public:
     /// Whether the step that undo() or redo() would take changes what the table holds.
     bool undoChangesContents() const;
     bool redoChangesContents() const;
-    void undo();
-    void redo();
+    /// @return whether there was a step to take
+    bool undo();
+    bool redo();
     void forget();
 
 signals:

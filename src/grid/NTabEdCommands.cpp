@@ -233,16 +233,16 @@ void TNTabEd::undo()
 {
     if (m_history->undoChangesContents() && !canEdit())
         tellEditingIsOff();
-    else
-        m_history->undo();
+    else if (m_history->undo())
+        emit Notice(QStringLiteral("Se deshizo el último cambio de la tabla."));
 }
 
 void TNTabEd::redo()
 {
     if (m_history->redoChangesContents() && !canEdit())
         tellEditingIsOff();
-    else
-        m_history->redo();
+    else if (m_history->redo())
+        emit Notice(QStringLiteral("Se rehízo el cambio de la tabla."));
 }
 
 } // namespace grid

@@ -125,10 +125,12 @@ std::optional<QString> QtDialogs::saveUnderWrittenName(QWidget* parent, const Fi
 std::optional<QString> QtDialogs::editLine(QWidget* parent, const QString& caption,
                                            const QString& label, const QString& text)
 {
-    bool accepted = false;
-    const QString edited =
-        QInputDialog::getText(parent, caption, label, QLineEdit::Normal, text, &accepted);
-    return accepted ? std::optional(edited) : std::nullopt;
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(caption);
+    dialog.setLabelText(label);
+    dialog.setTextValue(text);
+    dialog.resize(dialog.fontMetrics().averageCharWidth() * 80, dialog.sizeHint().height());
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
 }
 
 std::optional<int> QtDialogs::editInteger(QWidget* parent, const QString& caption,

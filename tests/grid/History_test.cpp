@@ -263,3 +263,20 @@ TEST_F(History, NamesOfAnExtractionAreCutToFiftyCharacters)
     choose(openCellMenu(1, 1), "Extract from Clpbrd");
     EXPECT_EQ(table.rowName(1), longName.left(50));
 }
+
+TEST_F(History, UndoingAndRedoingAreTold)
+{
+    QSignalSpy notices(&table, &grid::TNTabEd::Notice);
+    press(Qt::Key_Z, Qt::ControlModifier); // nothing to undo, nothing to tell
+    EXPECT_TRUE(notices.isEmpty());
+    type("7");
+    press(Qt::Key_Return);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(notices.size(), 1);
+    EXPECT_EQ(notices.takeFirst().constFirst().toString(),
+              QStringLiteral("Se deshizo el último cambio de la tabla."));
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(notices.size(), 1);
+    EXPECT_EQ(notices.takeFirst().constFirst().toString(),
+              QStringLiteral("Se rehízo el cambio de la tabla."));
+}
