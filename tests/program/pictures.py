@@ -21,34 +21,28 @@ SAMPLES = HERE.parents[1] / "ejemplos"
 
 SCREENS = {"1280x800": (1280, 800), "1920x1080": (1920, 1080)}
 SCALES = (1, 2)
-THEMES = ("claro", "oscuro")
 FONTS = {"normal": 10, "grande": 15}  # points
 
 # Qt reads colours and fonts from the settings of this desktop.
 DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
-DARK_COLORS = """
-[Colors:Window]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-[Colors:View]
-BackgroundNormal=35,38,41
-BackgroundAlternate=49,54,59
-ForegroundNormal=239,240,241
-[Colors:Button]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-[Colors:Selection]
-BackgroundNormal=61,174,233
-ForegroundNormal=255,255,255
-[Colors:Tooltip]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-"""
+PALETTES = {  # ground and text of windows, ground of lists and edits, ground of chosen things
+    "claro": ("239,240,241", "35,38,41", "255,255,255", "61,174,233"),
+    "oscuro": ("49,54,59", "239,240,241", "35,38,41", "61,174,233"),
+}
 
 
 def desktop_settings(theme, points):
+    ground, text, view, chosen = PALETTES[theme]
     settings = f"[General]\nfont=DejaVu Sans,{points},-1,5,50,0,0,0,0,0\n"
-    return settings + (DARK_COLORS if theme == "oscuro" else "")
+    for group, background in (
+        ("Window", ground),
+        ("View", view),
+        ("Button", ground),
+        ("Selection", chosen),
+        ("Tooltip", ground),
+    ):
+        settings += f"[Colors:{group}]\nBackgroundNormal={background}\nForegroundNormal={text}\n"
+    return settings
 
 
 class Album:
@@ -98,11 +92,13 @@ def show_analysis(program, album):
     program.press("Return")
     program.wait_until_gone("push button", "Aceptar")
     program.press("alt+a", "n", "d")
-    program.answer_file_dialog(SAMPLES / "orden3.asc")
+    program.answer_file_dialog(SAMPLES / "propelente.asc")
     program.find("label", "DATOS A ANALIZAR")
     album.take("analisis-sin-generar")
     program.press("F9")
     album.take("analisis-f")
+    program.press("ctrl+F4", "alt+a", "n", "d")
+    program.answer_file_dialog(SAMPLES / "orden3.asc")
     program.click(program.find("radio button", "Secuencias"))
     program.press("F9")
     album.take("analisis-c")
@@ -170,7 +166,7 @@ def here(executable, folder, settings, scale):
 
 def main(executable, folder, pattern="*"):
     executable = pathlib.Path(executable).resolve()
-    for setting in itertools.product(SCREENS, SCALES, THEMES, FONTS):
+    for setting in itertools.product(SCREENS, SCALES, PALETTES, FONTS):
         name = "-".join(map(str, setting))
         if fnmatch.fnmatch(name, pattern):
             print(f"== {name}", flush=True)
