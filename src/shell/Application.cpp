@@ -16,6 +16,7 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
     , m_dialogs(dialogs)
 {
     setApplicationName(QStringLiteral("Cuadrado Latino"));
+    setDesktopFileName(QStringLiteral("cuadrado-latino"));
     // Qt's file dialog would keep its last folder in a settings file; below a device no file can be
     // made, so nothing is kept.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

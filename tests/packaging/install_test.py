@@ -1,0 +1,70 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What an installation puts where, and whether the pieces name each other rightly.
+
+install_test.py BUILD_FOLDER VERSION
+"""
+
+import configparser
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
+
+
+class Install(unittest.TestCase):
+    build = None
+    version = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.folder.cleanup)
+        cls.root = pathlib.Path(cls.folder.name)
+        command = ["cmake", "--install", cls.build, "--prefix", cls.root]
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+
+    def test_program_is_there(self):
+        self.assertTrue(os.access(self.root / "bin" / "cuadrado-latino", os.X_OK))
+
+    def test_desktop_entry_names_the_program_and_its_icon(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(self.root / "share/applications/cuadrado-latino.desktop", encoding="utf-8")
+        values = entry["Desktop Entry"]
+        self.assertTrue((self.root / "bin" / values["Exec"]).is_file())
+        for size in ICON_SIZES:
+            icon = self.root / f"share/icons/hicolor/{size}x{size}/apps" / (values["Icon"] + ".png")
+            header = icon.read_bytes()[:24]
+            self.assertEqual(header[:8], b"\x89PNG\r\n\x1a\n")
+            self.assertEqual(int.from_bytes(header[16:20], "big"), size)
+
+    def test_metainfo_and_man_page_tell_the_version(self):
+        metainfo = xml.etree.ElementTree.parse(
+            self.root / "share/metainfo/cuadrado-latino.metainfo.xml"
+        )
+        newest = metainfo.find("releases/release")
+        self.assertEqual(newest.get("version"), self.version)
+        launchable = metainfo.find("launchable").text
+        self.assertTrue((self.root / "share/applications" / launchable).is_file())
+        page = (self.root / "share/man/man1/cuadrado-latino.1").read_text(encoding="utf-8")
+        self.assertIn(f"Cuadrado Latino {self.version}", page)
+
+    def test_manual_shows_its_pictures_and_the_samples_are_there(self):
+        documents = self.root / "share/doc/cuadrado-latino"
+        manual = (documents / "manual.md").read_text(encoding="utf-8")
+        pictures = [part.split(")")[0] for part in manual.split("](")[1:] if part.startswith("imagenes")]
+        self.assertTrue(pictures)
+        for picture in pictures:
+            self.assertTrue((documents / picture).is_file(), picture)
+        self.assertTrue(list((documents / "ejemplos").glob("*.asc")))
+
+
+if __name__ == "__main__":
+    Install.build, Install.version = sys.argv[1:3]
+    del sys.argv[1:3]
+    unittest.main(verbosity=2)
