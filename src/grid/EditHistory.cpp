@@ -71,28 +71,28 @@ bool EditHistory::redoChangesContents() const
     return command != nullptr && command->changesContents();
 }
 
-bool EditHistory::undo()
+std::optional<CellRange> EditHistory::undo()
 {
     const EditCommand* command = commandAt(m_stack.index() - 1);
     if (command == nullptr)
-        return false;
+        return std::nullopt;
     const CellRange place = command->place();
     take(command->changesContents(), [this] { m_stack.undo(); });
     if (place.cells() > 0)
         emit stepped(place);
-    return true;
+    return place;
 }
 
-bool EditHistory::redo()
+std::optional<CellRange> EditHistory::redo()
 {
     const EditCommand* command = commandAt(m_stack.index());
     if (command == nullptr)
-        return false;
+        return std::nullopt;
     const CellRange place = command->place();
     take(command->changesContents(), [this] { m_stack.redo(); });
     if (place.cells() > 0)
         emit stepped(place);
-    return true;
+    return place;
 }
 
 void EditHistory::forget()

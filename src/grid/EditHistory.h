@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace grid {
 
@@ -38,9 +39,10 @@ public:
     /// Whether the step that undo() or redo() would take changes what the table holds.
     bool undoChangesContents() const;
     bool redoChangesContents() const;
-    /// @return whether there was a step to take
-    bool undo();
-    bool redo();
+    /// @return the cells that the step changed, none where it was something else; nothing where
+    ///         there was no step to take
+    std::optional<CellRange> undo();
+    std::optional<CellRange> redo();
     void forget();
 
 signals:

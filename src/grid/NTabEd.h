@@ -175,6 +175,7 @@ private:
     void changePrecision();
     void undo();
     void redo();
+    void tellStep(const QString& step, const CellRange& place);
     /// The menu key and Shift+F10; with Control for the menu of the names.
     void openMenuByKey(Qt::KeyboardModifiers modifiers);
     /// `column` is 0 where none was clicked: then it is the cursor's.

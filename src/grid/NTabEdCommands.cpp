@@ -233,16 +233,25 @@ void TNTabEd::undo()
 {
     if (m_history->undoChangesContents() && !canEdit())
         tellEditingIsOff();
-    else if (m_history->undo())
-        emit Notice(QStringLiteral("Se deshizo el último cambio de la tabla."));
+    else if (const auto place = m_history->undo())
+        tellStep(QStringLiteral("Se deshizo el último cambio de la tabla."), *place);
 }
 
 void TNTabEd::redo()
 {
     if (m_history->redoChangesContents() && !canEdit())
         tellEditingIsOff();
-    else if (m_history->redo())
-        emit Notice(QStringLiteral("Se rehízo el cambio de la tabla."));
+    else if (const auto place = m_history->redo())
+        tellStep(QStringLiteral("Se rehízo el cambio de la tabla."), *place);
+}
+
+/// A smaller table hides cells whose history goes on.
+void TNTabEd::tellStep(const QString& step, const CellRange& place)
+{
+    const bool hidden =
+        place.cells() > 0 && (place.lastColumn() > NrOfColumns() || place.lastRow() > NrOfRows());
+    emit Notice(hidden ? step + QStringLiteral(" Alcanza celdas que la tabla no muestra ahora.")
+                       : step);
 }
 
 } // namespace grid

@@ -279,4 +279,12 @@ TEST_F(History, UndoingAndRedoingAreTold)
     ASSERT_EQ(notices.size(), 1);
     EXPECT_EQ(notices.takeFirst().constFirst().toString(),
               QStringLiteral("Se rehízo el cambio de la tabla."));
+
+    click(3, 3);
+    type("9");
+    press(Qt::Key_Return);
+    table.resizeTable(2, 2);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(notices.size(), 1);
+    EXPECT_TRUE(notices[0][0].toString().contains(QStringLiteral("no muestra ahora")));
 }
