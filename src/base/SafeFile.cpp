@@ -41,7 +41,8 @@ QString failure(const QSaveFile& file, const QFileInfo& target, qsizetype size)
     const QFileInfo folder(target.absolutePath());
     if (!folder.isWritable())
         return QStringLiteral("No tiene permiso para escribir en la carpeta.");
-    if (QStorageInfo(folder.filePath()).bytesAvailable() < size)
+    const QStorageInfo disk(folder.filePath());
+    if (disk.bytesTotal() > 0 && disk.bytesAvailable() < size) // /proc is no disk, and never full
         return QStringLiteral("No queda espacio en el disco.");
     return QStringLiteral("El sistema no pudo escribirlo (%1).").arg(file.errorString());
 }

@@ -67,6 +67,11 @@ TEST_F(SafeFile, SaysWhyATargetCannotBeWritten)
     EXPECT_EQ(base::writeFile(path("tubo"), "x"),
               QStringLiteral("El nombre no es el de un archivo corriente."));
     EXPECT_EQ(entries(), QStringList({QStringLiteral("carpeta"), QStringLiteral("tubo")}));
+
+    const auto inProc = base::writeFile(QStringLiteral("/proc/cuadrado.asc"), "x");
+    ASSERT_TRUE(inProc.has_value());
+    EXPECT_FALSE(inProc->contains(QStringLiteral("espacio")))
+        << "it has no disk that could be full";
 }
 
 TEST_F(SafeFile, OnlyOrdinaryFilesAreRead)
