@@ -34,7 +34,7 @@ public:
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         const int side = std::min(size.width(), size.height());
-        painter.translate((size.width() - side) / 2, (size.height() - side) / 2);
+        painter.translate(QPoint((size.width() - side) / 2, (size.height() - side) / 2));
         PixelCanvas canvas(painter, side);
         drawPicture(canvas, m_picture, QGuiApplication::palette());
         if (mode == QIcon::Disabled) {
