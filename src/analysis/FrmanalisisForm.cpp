@@ -31,6 +31,14 @@ QStringList approachCaptions()
     return captions;
 }
 
+int mostTests()
+{
+    std::size_t most = 0;
+    for (const stats::Approach approach : stats::approaches())
+        most = std::max(most, stats::testsOf(approach).size());
+    return static_cast<int>(most);
+}
+
 } // namespace
 
 void TAnalisis::createMenu()
@@ -146,6 +154,7 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     connect(m_approaches, &RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
     m_approaches->setItems(approachCaptions());
     m_approaches->setItemIndex(0); // which offers its tests
+    m_tests->reserve(mostTests());
 
     m_level = new QLabel(options);
     m_level->setObjectName(QStringLiteral("LabelConf"));

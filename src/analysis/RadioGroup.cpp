@@ -49,6 +49,16 @@ QStringList RadioGroup::items() const
     return texts;
 }
 
+void RadioGroup::reserve(int items)
+{
+    const QList<QAbstractButton*> buttons = m_buttons->buttons();
+    if (buttons.isEmpty())
+        return;
+    const int missing = std::max(0, items - static_cast<int>(buttons.size()));
+    const int rowHeight = buttons.constFirst()->sizeHint().height() + m_column->spacing();
+    setMinimumHeight(minimumSizeHint().height() + missing * rowHeight);
+}
+
 int RadioGroup::itemIndex() const
 {
     return m_buttons->checkedId();

@@ -21,6 +21,9 @@ public:
     void setItems(const QStringList& items);
     QStringList items() const;
 
+    /// Keeps room for so many items, so that nothing around moves when there are more than now.
+    void reserve(int items);
+
     /// The selected item, -1 when none is.
     int itemIndex() const;
 

@@ -111,3 +111,14 @@ TEST(RadioGroupInAWindow, NewItemsKeepTheirPlaceInTheTabOrder)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), &after);
 }
+
+TEST_F(RadioGroup, KeepsRoomForTheItemsToCome)
+{
+    group.setItems({QStringLiteral("uno")});
+    const int low = group.sizeHint().height();
+    group.reserve(3);
+    const int reserved = group.minimumHeight();
+    EXPECT_GT(reserved, low);
+    group.setItems(threeItems);
+    EXPECT_LE(group.sizeHint().height(), reserved);
+}
