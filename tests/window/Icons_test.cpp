@@ -53,7 +53,7 @@ double luminance(const QColor& color)
 /// The contrast ratio of the Web Content Accessibility Guidelines 2.1: 1 to 21.
 double contrast(const QColor& a, const QColor& b)
 {
-    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
     return (high + 0.05) / (low + 0.05);
 }
 
