@@ -18,6 +18,7 @@ RadioGroup::RadioGroup(const QString& name, const QString& caption, QWidget* par
     setAccessibleName(caption);
     m_column->setContentsMargins(2, 2, 2, 2);
     m_column->setSpacing(2);
+    m_column->setAlignment(Qt::AlignTop);
     connect(m_buttons, &QButtonGroup::idToggled, this, [this](int index, bool checked) {
         if (!checked)
             return;
