@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Application.h"
 
+#include "shell/PartNames.h"
 #include "shell/SpanishTexts.h"
 #include "window/Dialogs.h"
 
 #include <QLibraryInfo>
 #include <QSettings>
+#include <QWidget>
 
 #include <exception>
 
@@ -26,6 +28,9 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
+    // Comes to each widget once, before it is first shown.
+    if (event->type() == QEvent::Polish && receiver->isWidgetType())
+        namePart(static_cast<QWidget&>(*receiver));
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {

@@ -166,6 +166,7 @@ void TPrincipal::createMenus()
 {
     using window::addEntry;
     using window::Picture;
+    menuBar()->setAccessibleName(QStringLiteral("Menú principal"));
     QMenu* file = menuBar()->addMenu(QStringLiteral("&Archivo"));
     QMenu* create = file->addMenu(QStringLiteral("&Nuevo"));
     create->menuAction()->setStatusTip(QStringLiteral("Abre un análisis o un estudio de potencia"));
@@ -244,6 +245,7 @@ void TPrincipal::createToolBar()
 
 void TPrincipal::createStatusLine()
 {
+    statusBar()->setAccessibleName(QStringLiteral("Línea de estado"));
     m_status = new StatusLine(this);
     m_status->setText(QStringLiteral("Listo."));
     statusBar()->addPermanentWidget(m_status, 1);

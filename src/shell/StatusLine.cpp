@@ -53,6 +53,7 @@ StatusLine::StatusLine(QWidget* parent)
     , m_lasting(new ElidedLabel(QStringLiteral("Status"), this))
     , m_tip(new ElidedLabel(QStringLiteral("StatusTip"), this))
 {
+    setAccessibleName(QStringLiteral("Texto de estado"));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     addWidget(m_lasting);
     addWidget(m_tip);

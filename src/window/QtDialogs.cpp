@@ -8,6 +8,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTreeView>
 
 namespace window {
@@ -60,6 +61,8 @@ std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
                                                        : QFileDialog::AnyFile);
     dialog.setIconProvider(&kinds);
+    if (auto* splitter = dialog.findChild<QSplitter*>())
+        splitter->setAccessibleName(QStringLiteral("Lugares y archivos"));
     dialog.setNameFilter(nameFilter(request.filter));
     dialog.setDefaultSuffix(request.suffix);
     widenFileList(dialog);
