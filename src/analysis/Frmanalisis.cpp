@@ -87,6 +87,8 @@ TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget
         openPendingFile(handOff);
     else
         openChosenFile(handOff);
+    if (handOff.fileOpened)
+        m_datos->setFocus();
 }
 
 QSize TAnalisis::sizeHint() const

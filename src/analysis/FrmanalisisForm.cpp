@@ -112,6 +112,7 @@ QWidget* TAnalisis::createScrollBox()
     scrollBox->setObjectName(QStringLiteral("ScrollBox1"));
     scrollBox->setAccessibleName(QStringLiteral("Datos y opciones"));
     scrollBox->setWidgetResizable(true);
+    scrollBox->setFocusPolicy(Qt::NoFocus); // it follows the focus of what it holds
     auto* content = new QWidget(scrollBox);
     content->setObjectName(QStringLiteral("ScrollBox1Content"));
     content->setAccessibleName(QStringLiteral("Datos y opciones"));

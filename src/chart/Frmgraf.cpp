@@ -73,6 +73,7 @@ TGrafica::TGrafica(window::Dialogs& dialogs, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createCharts();
+    m_graph->setFocus();
     resize(sizeHint());
 }
 

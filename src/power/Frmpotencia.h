@@ -92,6 +92,7 @@ private:
     QMenu* m_menu = nullptr;
     QMenu* m_menuSig = nullptr;
     QMenu* m_menuDist = nullptr;
+    QPushButton* m_btnCalcular = nullptr;
     QPushButton* m_btnSig = nullptr;
     QPushButton* m_btnDist = nullptr;
     UpDown* m_order = nullptr;

@@ -143,6 +143,7 @@ void TPotencia::createLayout()
     column->setSpacing(0);
     column->addWidget(createSettings());
     column->addWidget(splitter, 1);
+    m_btnCalcular->setFocus();
 }
 
 QWidget* TPotencia::createSettings()
@@ -151,11 +152,11 @@ QWidget* TPotencia::createSettings()
     panel->setObjectName(QStringLiteral("Panel1"));
     panel->setAccessibleName(QStringLiteral("Opciones del cálculo"));
 
-    auto* run = buttonOf(QStringLiteral("BtnCalcular"), QStringLiteral("Calcular"));
-    run->setShortcut(Qt::Key_F9);
-    run->setIcon(window::icon(window::Picture::Run));
-    run->setToolTip(QStringLiteral("Calcula las potencias con estas opciones (F9)"));
-    connect(run, &QPushButton::clicked, this, &TPotencia::BtnCalcularClick);
+    m_btnCalcular = buttonOf(QStringLiteral("BtnCalcular"), QStringLiteral("Calcular"));
+    m_btnCalcular->setShortcut(Qt::Key_F9);
+    m_btnCalcular->setIcon(window::icon(window::Picture::Run));
+    m_btnCalcular->setToolTip(QStringLiteral("Calcula las potencias con estas opciones (F9)"));
+    connect(m_btnCalcular, &QPushButton::clicked, this, &TPotencia::BtnCalcularClick);
     m_order = upDownOf(1, QStringLiteral("Tamaño del cuadrado"), 3, 6, 1, m_settings.order);
     connect(m_order, &UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
@@ -166,7 +167,7 @@ QWidget* TPotencia::createSettings()
     connect(m_btnDist, &QPushButton::clicked, this, &TPotencia::BtnDistClick);
 
     QBoxLayout& counts = panel->first();
-    counts.addWidget(run);
+    counts.addWidget(m_btnCalcular);
     counts.addSpacing(8);
     counts.addWidget(
         labelOf(QStringLiteral("Label1"), QStringLiteral("Tamaño del cuadrado:"), m_order));

@@ -15,6 +15,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QToolBar>
@@ -66,12 +67,16 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     // A child dragged over the edge stays within reach.
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // Who closes a graph is back at its analysis.
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_area);
     connect(m_area, &QMdiArea::subWindowActivated, this, &TPrincipal::subWindowActivated);
 
     createMenus();
     createToolBar();
     createStatusLine();
+    auto* systemMenuKey = new QShortcut(Qt::ALT | Qt::Key_Minus, this);
+    connect(systemMenuKey, &QShortcut::activated, this, &TPrincipal::openSystemMenu);
     setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
 }
 
@@ -269,6 +274,13 @@ void TPrincipal::adopt(window::ChildWindow* child, Show show)
         subWindow->showMaximized();
     else
         subWindow->show();
+}
+
+/// The active child's own menu: restore, move, close...
+void TPrincipal::openSystemMenu()
+{
+    if (QMdiSubWindow* active = m_area->activeSubWindow())
+        active->showSystemMenu();
 }
 
 void TPrincipal::FormActivate()

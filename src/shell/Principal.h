@@ -61,6 +61,7 @@ private:
     /// Takes a child into the frame and shows it.
     void adopt(window::ChildWindow* child, Show show);
     void adoptEditor(square::TEditor* editor);
+    void openSystemMenu();
     void FormActivate();
     void subWindowActivated(QMdiSubWindow* subWindow);
 

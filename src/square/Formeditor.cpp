@@ -72,6 +72,9 @@ TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* pa
 
     const bool openOnCreate = std::exchange(m_handOff.openOnCreate, false);
     FormCreate(openOnCreate);
+    // Without a file the editor goes again, and the keyboard stays where it was.
+    if (m_handOff.fileOpened)
+        m_datos->setFocus();
 }
 
 void TEditor::FormCreate(bool openFile)
