@@ -72,6 +72,8 @@ TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* pa
 
     const bool openOnCreate = std::exchange(m_handOff.openOnCreate, false);
     FormCreate(openOnCreate);
+    if (m_handOff.fileOpened) // one that is closed at once must not take the focus along
+        m_datos->setFocus();
 }
 
 void TEditor::FormCreate(bool openFile)

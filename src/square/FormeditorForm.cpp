@@ -105,7 +105,6 @@ void TEditor::createControls()
     setTabOrder(m_nFilas, m_nColumnas);
     setTabOrder(m_nColumnas, m_datos);
     setTabOrder(m_datos, m_refTratamientos);
-    m_datos->setFocus();
 }
 
 QWidget* TEditor::createOptions()
