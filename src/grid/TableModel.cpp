@@ -101,8 +101,10 @@ void TableModel::clearMarks()
 
 void TableModel::setPrecision(int column, int decimals)
 {
+    const int before = m_table.precision(column);
     m_table.setPrecision(column, decimals);
-    announce({column, 1, 1, m_table.rows()});
+    if (m_table.precision(column) != before)
+        announce({column, 1, 1, m_table.rows()});
 }
 
 void TableModel::setColumnName(int column, const QString& name)
@@ -129,6 +131,8 @@ void TableModel::setIdentifier(const QByteArray& identifier)
 
 void TableModel::setColors(const MarkColors& colors)
 {
+    if (m_colors == colors)
+        return;
     m_colors = colors;
     announce(m_table.range());
 }

@@ -16,6 +16,8 @@ struct MarkColors {
     QColor markedA;
     QColor markedB;
     QColor markedBoth;
+
+    bool operator==(const MarkColors&) const = default;
 };
 
 /// A TableData as item views see it: numbers as they are shown, names in the headers.

@@ -4,6 +4,7 @@
 #include "analysis/Frmanalisis.h"
 #include "power/Frmpotencia.h"
 #include "shell/Acercade.h"
+#include "shell/ChildPlace.h"
 #include "shell/StatusLine.h"
 #include "shell/WindowList.h"
 #include "square/Formeditor.h"
@@ -265,15 +266,21 @@ void TPrincipal::adoptEditor(square::TEditor* editor)
 
 void TPrincipal::adopt(window::ChildWindow* child, Show show)
 {
-    connect(child, &window::ChildWindow::statusText, m_status, &StatusLine::setText);
-    QMdiSubWindow* subWindow = m_area->addSubWindow(child); // deleted once it is closed
-    subWindow->setWindowIcon(child->windowIcon());
-    setCloseKeys(*subWindow);
-    connect(child, &window::ChildWindow::closeRequested, subWindow, &QMdiSubWindow::close);
+    connect(child, &window::ChildWindow::statusText, this, [this, child](const QString& text) {
+        if (child == m_activeChild) // one that closes behind another has nothing to say
+            m_status->setText(text);
+    });
+    QWidget* const firstControl = child->focusWidget(); // which a new parent makes it forget
+    auto* place = new ChildPlace(child);
+    m_area->addSubWindow(place);
+    setCloseKeys(*place);
+    connect(child, &window::ChildWindow::closeRequested, place, &ChildPlace::close);
     if (show == Show::Maximised)
-        subWindow->showMaximized();
+        place->showMaximized();
     else
-        subWindow->show();
+        place->show();
+    if (firstControl != nullptr)
+        firstControl->setFocus();
 }
 
 /// The active child's own menu: restore, move, close...
