@@ -7,8 +7,8 @@
 
 #include <sys/resource.h>
 
-#include <cstdio>
 #include <fstream>
+#include <iostream>
 #include <string>
 
 namespace {
@@ -22,16 +22,17 @@ void printUsage()
 {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("processor %.1f ms\n",
-                milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime));
+    std::cout << "processor " << milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime)
+              << " ms\n";
 
     std::ifstream rollup("/proc/self/smaps_rollup");
-    for (std::string line; std::getline(rollup, line);) {
+    std::string word;
+    while (rollup >> word) {
         long kilobytes = 0;
-        if (std::sscanf(line.c_str(), "Pss: %ld kB", &kilobytes) == 1)
-            std::printf("pss %ld kB\n", kilobytes);
-        if (std::sscanf(line.c_str(), "Rss: %ld kB", &kilobytes) == 1)
-            std::printf("rss %ld kB\n", kilobytes);
+        if (word == "Pss:" && rollup >> kilobytes)
+            std::cout << "pss " << kilobytes << " kB\n";
+        if (word == "Rss:" && rollup >> kilobytes)
+            std::cout << "rss " << kilobytes << " kB\n";
     }
 }
 

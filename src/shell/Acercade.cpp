@@ -39,7 +39,6 @@ TAcerca::TAcerca(const QByteArray& picture, QWidget* parent)
     setObjectName(QStringLiteral("Acerca"));
     setWindowTitle(QStringLiteral("Acerca de"));
     setAccessibleName(windowTitle());
-    createLayout();
 }
 
 void TAcerca::BitBtn1Click()
@@ -47,10 +46,20 @@ void TAcerca::BitBtn1Click()
     close();
 }
 
+/// The box is furnished when it is first shown, so that a start waits neither for its picture nor
+/// for the search for its button's icon.
+void TAcerca::setVisible(bool visible)
+{
+    if (visible && layout() == nullptr) {
+        createLayout();
+        decodePicture();
+    }
+    QDialog::setVisible(visible);
+}
+
 void TAcerca::showEvent(QShowEvent* event)
 {
     if (!event->spontaneous()) {
-        decodePicture();
         adjustSize();
         QRect place = rect();
         place.moveCenter(screen()->availableGeometry().center());
@@ -106,8 +115,7 @@ QLabel* TAcerca::line(int number, const QString& text)
     return label;
 }
 
-/// Done when the box is first shown, so that a start does not wait for it. The picture holds two
-/// pixels of each side for one on the screen, for screens of scale 2.
+/// The picture holds two pixels of each side for one on the screen, for screens of scale 2.
 void TAcerca::decodePicture()
 {
     constexpr qreal pictureScale = 2.0;

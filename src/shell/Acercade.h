@@ -20,6 +20,8 @@ public:
     /// without.
     TAcerca(const QByteArray& picture, QWidget* parent);
 
+    void setVisible(bool visible) override;
+
 public slots:
     void BitBtn1Click();
 

@@ -55,7 +55,8 @@ TEST(Acercade, PictureIsAJfifImageThatDecodes)
 
 TEST(Acercade, SixLinesTheFirstInBoldTheNextTwoNameTheSubject)
 {
-    const shell::TAcerca box;
+    shell::TAcerca box;
+    box.show();
     for (int number = 1; number <= 6; ++number) {
         ASSERT_NE(line(box, number), nullptr) << number;
         EXPECT_FALSE(line(box, number)->text().isEmpty()) << number;

@@ -37,6 +37,8 @@ void FrameWalk::addClosingSteps()
     add(
         "leave, and think again",
         [this] {
+            if (below(4) != 0) // it leaves little to walk on
+                return false;
             for (const Child& child : m_model.children) {
                 if (child.kind == Kind::Editor && !child.isSaved && !child.hasFile)
                     return true;

@@ -10,6 +10,7 @@
 #include <QLibraryInfo>
 #include <QMdiArea>
 #include <QMenu>
+#include <QDebug>
 
 #include <utility>
 
@@ -32,7 +33,11 @@ FrameWalk::FrameWalk(unsigned seed)
     addGroup(2, &FrameWalk::addArrangingSteps);
     addGroup(2, &FrameWalk::addActivatingSteps);
     addGroup(2, &FrameWalk::addClosingSteps);
-    addGroup(6, &FrameWalk::addWorkingSteps);
+    // Of these only the ones of the active child's kind are possible.
+    addGroup(5, &FrameWalk::addEditingSteps);
+    addGroup(5, &FrameWalk::addAnalysisSteps);
+    addGroup(6, &FrameWalk::addGraphSteps);
+    addGroup(5, &FrameWalk::addPowerSteps);
     addGroup(1, &FrameWalk::addFrameSteps);
     addGroup(1, &FrameWalk::addMenuSteps);
 }
@@ -45,16 +50,27 @@ FrameWalk::~FrameWalk()
 QString FrameWalk::step()
 {
     Step* step = nullptr;
-    do {
-        std::vector<Step>& group = m_groups[m_lots[below(m_lots.size())]];
-        step = &group[below(group.size())];
-    } while (!step->isPossible());
+    while (step == nullptr)
+        step = possibleStep(m_groups[m_lots[below(m_lots.size())]]);
     ++step->count;
     step->take();
     m_hands.rest();
     m_hands.settle();
+    for (int i = 0; i < int(m_model.children.size()); ++i) if (m_model.children[i].isMinimised && !m_model.isMaximised && m_model.isFrameActive()) { auto& pl = place(i); QStringList top; for (int j = 0; j < int(m_model.children.size()); ++j) if (place(j).geometry().intersects(pl.geometry()) && j != i) { QString t; QDebug(&t) << j << place(j).geometry(); top << t; } fprintf(stderr, "MIN %d active %d can %d  covered by %s\n", i, m_model.active, canClickButton(i, QStyle::SC_TitleBarNormalButton), qPrintable(top.join(u' '))); }
     m_hasBeenFull = m_hasBeenFull || !hasRoom();
     return step->name;
+}
+
+/// One of a group's steps that are possible now; null where none is.
+FrameWalk::Step* FrameWalk::possibleStep(std::vector<Step>& group)
+{
+    const std::size_t start = below(group.size());
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        Step& step = group[(start + i) % group.size()];
+        if (step.isPossible())
+            return &step;
+    }
+    return nullptr;
 }
 
 QStringList FrameWalk::differences()
@@ -93,8 +109,14 @@ void FrameWalk::addWithChild(const char* name, std::function<bool(int)> isPossib
         [this, isPossible] {
             if (m_model.children.empty())
                 return false;
-            m_target = static_cast<int>(below(m_model.children.size()));
-            return isPossible(m_target);
+            const std::size_t count = m_model.children.size();
+            const std::size_t start = below(count);
+            for (std::size_t i = 0; i < count; ++i) {
+                m_target = static_cast<int>((start + i) % count);
+                if (isPossible(m_target))
+                    return true;
+            }
+            return false;
         },
         take);
 }

@@ -46,11 +46,11 @@ private:
         int count = 0;
     };
 
+    Step* possibleStep(std::vector<Step>& group);
     void addOpeningSteps();
     void addArrangingSteps();
     void addActivatingSteps();
     void addClosingSteps();
-    void addWorkingSteps();
     void addEditingSteps();
     void addAnalysisSteps();
     void addGraphSteps();

@@ -8,14 +8,6 @@
 
 namespace walk {
 
-void FrameWalk::addWorkingSteps()
-{
-    addEditingSteps();
-    addAnalysisSteps();
-    addGraphSteps();
-    addPowerSteps();
-}
-
 void FrameWalk::addEditingSteps()
 {
     const auto isInGrid = [this] {
@@ -112,13 +104,6 @@ void FrameWalk::addAnalysisSteps()
     add("test M", canChoose(sequences),
         [=, this] { runTest(sequences, "RadioGroup2Item1", QStringLiteral("M")); });
     add(
-        "show a distribution",
-        [this] { return m_model.isActive(Kind::Analysis) && hasRoom() && canClick("ve"); },
-        [this] {
-            m_hands.click(control("ve"));
-            m_model.open(graph(m_model.child().exact));
-        });
-    add(
         "a click into the report",
         [this] { return m_model.canWork(Kind::Analysis) && m_hands.canClick(viewport("Reporte")); },
         [this] {
@@ -153,6 +138,13 @@ void FrameWalk::runTest(const char* approach, const char* test, const QString& s
 
 void FrameWalk::addGraphSteps()
 {
+    add(
+        "show a distribution",
+        [this] { return m_model.isActive(Kind::Analysis) && hasRoom() && canClick("ve"); },
+        [this] {
+            m_hands.click(control("ve"));
+            m_model.open(graph(m_model.child().exact));
+        });
     const auto isGraph = [this] { return m_model.isActive(Kind::Graph); };
     const QString menu = QStringLiteral("&Gráfica");
     add("the graph's table, or not", isGraph, [this, menu] {
