@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/PartNames.h"
 
-#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QSizeGrip>
 #include <QSplitter>
-#include <QToolButton>
 
 namespace shell {
 
@@ -35,12 +32,6 @@ QString menuName(const QMenu& menu)
     return title.isEmpty() ? QStringLiteral("Menú") : title;
 }
 
-QString pictureName(const QMessageBox& box)
-{
-    return box.icon() == QMessageBox::Question ? QStringLiteral("Pregunta")
-                                               : QStringLiteral("Error");
-}
-
 QString partName(const QWidget& widget)
 {
     if (const auto* bar = qobject_cast<const QScrollBar*>(&widget))
@@ -51,12 +42,8 @@ QString partName(const QWidget& widget)
         return menuName(*menu);
     if (qobject_cast<const QSizeGrip*>(&widget))
         return QStringLiteral("Tamaño de la ventana");
-    const QString own = widget.objectName(); // the toolkit's
-    if (own == QLatin1String("qt_toolbar_ext_button"))
+    if (widget.objectName() == QLatin1String("qt_toolbar_ext_button")) // the toolkit's own
         return QStringLiteral("Más botones");
-    const auto* box = qobject_cast<const QMessageBox*>(widget.parent());
-    if (box != nullptr && own == QLatin1String("qt_msgboxex_icon_label"))
-        return pictureName(*box);
     return {};
 }
 

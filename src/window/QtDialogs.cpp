@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
@@ -73,12 +74,20 @@ std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request
     return dialog.selectedFiles().constFirst();
 }
 
+/// Says what the picture of a box says to those who see it.
+void namePicture(const QMessageBox& box, const QString& name)
+{
+    if (auto* picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+        picture->setAccessibleName(name);
+}
+
 } // namespace
 
 void QtDialogs::showError(QWidget* parent, const QString& text, const QString& caption)
 {
     QMessageBox box(QMessageBox::Critical, caption, text, QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
+    namePicture(box, QStringLiteral("Error"));
     box.exec();
 }
 
@@ -86,6 +95,7 @@ bool QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& ca
 {
     QMessageBox box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
+    namePicture(box, QStringLiteral("Pregunta"));
     // Neither button takes the reject role, so Escape and the box's close button answer nothing.
     const QPushButton* yes = box.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
     box.addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);

@@ -112,7 +112,7 @@ class Power(unittest.TestCase):
     def test_settings_by_keyboard(self):
         program = self.start("C.UTF-8")
         before = self.log(program)
-        program.press("Tab", "Tab", "Up", "Up", "Up")  # past "Calcular" to the order
+        program.press("Tab", "Up", "Up", "Up")  # from "Calcular" to the order
         program.press("Tab", "Down", "Down", "Down", "Down", "Down")
         program.press("Tab", "space")
         program.find("menu item", "99%")

@@ -49,10 +49,12 @@ class Program:
             [str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
         self._popups = []
+        self.focus = None  # the control that announced the focus last
         self._application = wait_for("the program on the accessibility bus", self._find_itself)
         # The bus tells places in points, the mouse moves by pixels.
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
         pyatspi.Registry.registerEventListener(self._note_popup, "object:state-changed:showing")
+        pyatspi.Registry.registerEventListener(self._note_focus, "object:state-changed:focused")
         wait_for("the frame", lambda: self.look("frame"))
 
     def _find_itself(self):
@@ -82,10 +84,39 @@ class Program:
         except Exception:  # gone while it was looked at
             return
 
+    def _note_focus(self, event):
+        try:
+            # A child window has the focus along with the control in it.
+            if event.detail1 and event.source.getRoleName() != "frame":
+                if event.source.getApplication() == self._application:
+                    self.focus = event.source
+        except Exception:  # gone while it was looked at
+            return
+
+    @staticmethod
+    def _hear():
+        """Takes in what was announced in the meantime."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+
+    def focused(self):
+        """What has the focus: "table cell «7,500»"."""
+        self._hear()
+        try:
+            return f"{self.focus.getRoleName()} «{self.focus.name}»"
+        except Exception:  # nothing yet, or gone
+            return None
+
+    def wait_for_focus(self, *expected):
+        """Waits until the focus is at one of these, each as focused() tells it."""
+        try:
+            wait_for("the focus", lambda: self.focused() in expected)
+        except NotFound:
+            raise NotFound(f"the focus is at {self.focused()}, not at {' or '.join(expected)}")
+
     def controls(self, inside=None):
         """Every control of the program, or inside one of its controls, outermost first."""
-        while GLib.MainContext.default().iteration(False):  # hear the announcements
-            pass
+        self._hear()
         waiting = [self._application, *self._popups] if inside is None else [inside]
         while waiting:
             control = waiting.pop(0)
@@ -110,6 +141,15 @@ class Program:
                 continue
         return found
 
+    def showing(self):
+        """Every control that is showing."""
+        for control in self.controls():
+            try:
+                if control.getState().contains(pyatspi.STATE_SHOWING):
+                    yield control
+            except Exception:
+                continue
+
     def find(self, role, name=None, inside=None):
         return wait_for(f"{role} «{name}»", lambda: self.look(role, name, inside))[0]
 
@@ -133,8 +173,11 @@ class Program:
         xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
 
     def press(self, *keys):
+        """Keys and chords, at the pace of fingers: a watched program hears of each key by a detour
+        over the bus, and would take Alt+A typed in an instant for the Alt key after the A.
+        """
         for key in keys:
-            xdotool("key", "--clearmodifiers", key)
+            xdotool("key", "--clearmodifiers", "--delay", 60, key)
             time.sleep(0.05)
 
     def type(self, text):
@@ -147,8 +190,7 @@ class Program:
 
     def answer_file_dialog(self, path):
         """Types a file name into the file dialog that is open and confirms it."""
-        self.find("file chooser") if self.look("file chooser") else self.find("dialog")
-        time.sleep(0.3)
+        self.wait_for_focus("text «Nombre de fichero:»")
         self.press("ctrl+a")
         self.type(str(path))
         self.press("Return")

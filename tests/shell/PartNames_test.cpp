@@ -3,11 +3,9 @@
 
 #include "support/Text.h"
 
-#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMessageBox>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSizeGrip>
@@ -59,17 +57,6 @@ TEST(PartNames, MenuIsNamedAsItsTitleWithoutTheKey)
     QMdiArea area;
     EXPECT_EQ(nameOf(area.addSubWindow(new QWidget)->systemMenu()),
               QStringLiteral("Menú de la ventana"));
-}
-
-TEST(PartNames, PictureOfABoxSaysWhatTheBoxIs)
-{
-    QMessageBox box;
-    box.setIcon(QMessageBox::Question);
-    auto* picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
-    EXPECT_EQ(nameOf(picture), QStringLiteral("Pregunta"));
-    picture->setAccessibleName(QString());
-    box.setIcon(QMessageBox::Critical);
-    EXPECT_EQ(nameOf(picture), QStringLiteral("Error"));
 }
 
 TEST(PartNames, SizeGripAndHiddenButtonsAreNamed)

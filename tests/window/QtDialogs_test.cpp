@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -57,6 +58,11 @@ void nameAndAccept(QFileDialog& dialog, const QString& name)
                       Qt::LeftButton);
 }
 
+QString pictureName(const QMessageBox& box)
+{
+    return box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))->accessibleName();
+}
+
 class QtDialogs : public ::testing::Test {
 protected:
     QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
@@ -83,6 +89,7 @@ TEST_F(QtDialogs, ErrorBoxShowsItsTextAsItIs)
         EXPECT_EQ(box.text(), QStringLiteral("Falta <b>algo</b>."));
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(pictureName(box), QStringLiteral("Error"));
         QTest::keyClick(&box, Qt::Key_Return);
     });
     dialogs.showError(nullptr, QStringLiteral("Falta <b>algo</b>."), QStringLiteral("Editor"));
@@ -92,6 +99,7 @@ TEST_F(QtDialogs, YesNoBoxAnswersByItsButtonsOnly)
 {
     for (const bool yes : {true, false}) {
         whenOpen<QMessageBox>([yes](QMessageBox& box) {
+            EXPECT_EQ(pictureName(box), QStringLiteral("Pregunta"));
             QTest::keyClick(&box, Qt::Key_Escape);
             EXPECT_TRUE(box.isVisible());
             box.close();

@@ -1,0 +1,306 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What the program is called by those who cannot see it: every control of every window, dialog and
+menu has a name and a role, and the names are Spanish.
+
+names_test.py EXECUTABLE, below on_virtual_display.
+"""
+
+import os
+import pathlib
+import re
+import sys
+import unittest
+
+import pyatspi
+
+from stranger import Program, wait_for, xdotool
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SAMPLES = ROOT / "ejemplos"
+SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
+
+# The texts that the product has in English.
+OWN_ENGLISH = {
+    "Mark as type A", "Mark as type B", "Unmark type A", "Unmark type B", "Unmark All",
+    "Clear", "Copy", "Paste", "Range", "Column", "Row", "All",
+    "Enable Editing", "Disable Editing", "Extract from Clpbrd",
+    "Edit Identifier", "Change Precision", "Comment:",
+}  # fmt: skip
+
+ENGLISH = re.compile(
+    r"\b(all|apply|back|button|cancel|cell|chart|clear|close|column|computer|copy|create|cut|data"
+    r"|date|delete|details?|directory|discard|drive|edit|exit|file|files|folder|forward|grip|help"
+    r"|icon|list|look|maximi[sz]e|menu bar|minimi[sz]e|modified|move|name|new|ok|open|page|parent"
+    r"|paste|picture|print|question|redo|rename|report|reset|restore|retry|row|save|scroll|search"
+    r"|select|show|sidebar|size|splitter|stay|step|table|tab|test|toolbar|top|type|undo|up|view"
+    r"|window|yes|zoom)\b",
+    re.IGNORECASE,
+)
+
+# What the toolkit calls a control that it has no better word for.
+NO_ROLE = {"", "invalid", "unknown", "extended", "redundant object"}
+
+OPERABLE = {
+    "button", "chart", "check box", "combo box", "list", "list item", "menu item", "push button",
+    "label", "radio button", "scroll bar", "spin button", "table", "table cell", "text", "tree",
+}  # fmt: skip
+
+
+def role(control):
+    return control.getRoleName()
+
+
+def is_focusable(control):
+    return control.getState().contains(pyatspi.STATE_FOCUSABLE)
+
+
+def children(control):
+    return [control.getChildAtIndex(i) for i in range(control.childCount)]
+
+
+def may_be_nameless(control):
+    """What is no control, although it shows on the bus."""
+    parent = role(control.parent)
+    if is_focusable(control):
+        # The size of a folder in a list of files: an empty cell.
+        return role(control) == "table cell" and parent == "tree"
+    return (
+        # A widget that only lays out others, a page behind its scroll bars, a gap in a tool bar.
+        role(control) == "filler"
+        # A line in a menu.
+        or role(control) == "separator"
+        # A table's corner, which the toolkit shows without a place on the screen; Ctrl and the
+        # cursor keys select what it selects.
+        or (role(control) == "panel" and parent == "table")
+        # The row of a dialog's buttons.
+        or (role(control) == "panel" and {role(child) for child in children(control)} == {"push button"})
+        # The frame around the files of a file dialog, and the pile of the two ways to list them.
+        or (role(control) == "frame" and parent == "split pane")
+        or (role(control) == "layered pane" and parent == "frame" and not control.parent.name)
+    )
+
+
+def may_have_no_role(control):
+    """The toolkit has no word on this bus for what is only to be dragged."""
+    return role(control.parent) == "split pane" or control.name == "Tamaño de la ventana"
+
+
+def may_be_operated(control):
+    """What takes the keyboard must be of a kind that assistive technology can work with."""
+    return (
+        role(control) in OPERABLE
+        # A child window takes the keyboard on behalf of what is in it.
+        or role(control) == "frame"
+        # The edit inside of a spin button, for which the spin button speaks.
+        or (role(control) == "filler" and role(control.parent) == "spin button")
+    )
+
+
+def english_words(text):
+    return [] if text in OWN_ENGLISH else ENGLISH.findall(text)
+
+
+def fault_of(control):
+    if not control.name and not may_be_nameless(control):
+        return "no name"
+    if role(control) in NO_ROLE and not may_have_no_role(control):
+        return "no role"
+    if is_focusable(control) and not may_be_operated(control):
+        return "takes the keyboard, but who knows how to work it?"
+    words = english_words(control.name) + english_words(control.description)
+    return f"English: {', '.join(words)}" if words else None
+
+
+def described(control):
+    path = [f"{role(control)} «{control.name}» ({control.description})"]
+    while (control := control.parent) is not None and role(control) != "application":
+        path.append(f"{role(control)} «{control.name}»")
+    return " in ".join(path)
+
+
+class Names(unittest.TestCase):
+    executable = None
+
+    def setUp(self):
+        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
+        self.addCleanup(self.program.kill)
+        self.program.find("label", "DATOS")
+
+    def check(self, window, *expected):
+        """Everything that is showing, once the expected controls (role, name) are among it."""
+        for control in expected:
+            self.program.find(*control)
+        faults = []
+        # The edit in an open cell hangs on nothing that can be walked to: it announces itself.
+        for control in (*self.program.showing(), self.program.focus):
+            try:
+                if fault := fault_of(control):
+                    faults.append(f"{fault}: {described(control)}")
+            except Exception:  # gone while it was looked at
+                continue
+        with self.subTest(window=window):
+            self.assertFalse(faults, "\n" + "\n".join(faults))
+
+    def open_editor(self, path):
+        self.program.press("ctrl+a")
+        self.program.answer_file_dialog(path)
+        self.program.wait_for_focus("table «Datos»")
+
+    def open_analysis(self, path):
+        self.program.press("alt+a", "n", "d")
+        self.program.answer_file_dialog(path)
+        self.program.wait_for_focus("table «Datos a analizar»")
+
+    def analyse(self, approach, test):
+        self.program.click(self.program.find("radio button", approach))
+        self.program.click(self.program.find("radio button", test))
+        self.program.press("F9")
+        self.program.find("label", "Análisis completo. Puede realizar otro o guardar los resultados.")
+
+    def test_editor(self):
+        program = self.program
+        self.check("empty editor", ("table", "Datos"))
+        self.open_editor(SAMPLES / "orden3.asc")
+        self.check("loaded editor", ("table cell", "12,500"))
+        program.type("7")
+        program.wait_for_focus("text «Dato de la fila Fila 1, columna Columna 1»")
+        self.check("open cell")
+
+    def test_menus_of_the_table(self):
+        program = self.program
+        program.press("shift+F10")
+        self.check("menu of the cells", ("menu item", "Mark as type A"))
+        program.press(*["Down"] * 6, "Right")
+        self.check("cells to clear", ("menu item", "Range"))
+        program.press("Escape", "Down", "Right")
+        self.check("cells to copy", ("menu item", "Range"))
+        program.press("Escape", "Escape", "ctrl+shift+F10")
+        self.check("menu of the headers", ("menu item", "Edit Identifier"))
+        program.press("Down", "Return")
+        self.check("identifier", ("dialog", "Identificador"))
+        program.press("Escape", "ctrl+shift+F10", "Down", "Down", "Return")
+        self.check("precision", ("dialog", "Precisión"))
+
+    def test_menus_of_the_bar(self):
+        program = self.program
+        program.press("alt+a", "Right")
+        self.check("Archivo, Nuevo", ("menu item", "Análisis de Datos..."))
+        program.press("Left", "Down", "Right")
+        self.check("Archivo, Editor", ("menu item", "Nuevo Archivo"))
+        for key, entry in (("alt+d", "Cargar..."), ("alt+v", "1 Editor"), ("alt+y", "Acerca de...")):
+            program.press("Escape", "Escape", "Escape", key)
+            self.check(key, ("menu item", entry))
+
+    def test_menu_of_a_window(self):
+        program = self.program
+        program.press("alt+minus")
+        self.check("a window's own menu", ("popup menu", "Menú de la ventana"))
+        program.press("Escape")
+        self.open_analysis(SAMPLES / "orden3.asc")
+        program.press("alt+minus")
+        self.check("a maximised window's", ("popup menu", "Menú de la ventana"))
+
+    def test_menus_of_texts(self):
+        program = self.program
+        xdotool("mousemove", *self.middle(program.find("text", "Nombre de filas")), "click", 3)
+        self.check("menu of a line", ("popup menu", "Menú"), ("menu item", "Pegar\tControl+V"))
+        program.press("Escape")
+        self.open_analysis(SAMPLES / "orden3.asc")
+        xdotool("mousemove", *self.middle(program.find("text", "Reporte")), "click", 3)
+        self.check("menu of the report", ("popup menu", "Menú"), ("menu item", "Copiar\tControl+C"))
+
+    @staticmethod
+    def middle(control):
+        box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def test_dialogs(self):
+        program = self.program
+        program.press("ctrl+a")
+        self.check("open", ("dialog", "Abrir Archivo"), ("push button", "Abrir"))
+        program.press("Escape", "F2")
+        self.check("save", ("dialog", "Guardar Archivo"), ("push button", "Guardar"))
+        program.press("Escape", "F3")
+        self.check("load", ("dialog", "Abrir Archivo"))
+        program.answer_file_dialog(SAMPLES / "LEEME.md")
+        self.check("bad file", ("alert", "Abrir Archivo"), ("image", "Error"))
+        program.press("Return")
+        program.wait_until_gone("alert")
+        program.type("7,5,1")
+        program.press("Return")
+        self.check("bad number", ("alert", "Dato no válido"), ("image", "Error"))
+        program.press("Return", "Escape", "ctrl+F4")
+        self.check("question", ("label", "Desea guardar los cambios?"), ("image", "Pregunta"))
+
+    def test_analysis(self):
+        self.open_analysis(SAMPLES / "orden3.asc")
+        self.check("no report yet", ("text", "Reporte"))
+        for approach, test in (
+            ("Clásico", "Prueba F"),
+            ("Rangos", "Zimmerman (F)"),
+            ("Rangos", "Bennett (Chi-2)"),
+            ("Secuencias", "Prueba C (Exacta -> Normal)"),
+            ("Secuencias", "Prueba M (Exacta -> F)"),
+        ):
+            self.analyse(approach, test)
+            self.check(test)
+        self.program.press("ctrl+e")
+        self.check("export", ("dialog", "Exportar"))
+
+    def test_graphs(self):
+        self.open_analysis(SAMPLES / "orden3.asc")
+        for letter, test in ("C", "Prueba C (Exacta -> Normal)"), ("M", "Prueba M (Exacta -> F)"):
+            self.analyse("Secuencias", test)
+            self.program.click(self.program.find("push button", "Ver exacta..."))
+            self.check(
+                f"graph of {letter}",
+                ("frame", f"Distribución exacta de {letter} para cuadrados de 3x3"),
+                ("chart", "Gráfica"),
+                ("chart", "Distrib. Acumulada"),
+            )
+            self.program.press("alt+g")
+            self.check("Gráfica", ("menu item", "Copiar Acumulada"))
+            self.program.press("Escape", "Escape", "ctrl+F4")
+            self.program.wait_until_gone("chart")
+
+    def test_power(self):
+        program = self.program
+        program.press("alt+a", "n", "c")
+        self.check("no study yet", ("push button", "Calcular"))
+        program.press("alt+p")
+        self.check("Potencia", ("menu item", "Guardar Reporte..."))
+        program.press("Escape", "Escape", "F9")
+        log = program.find("text", "Reporte de los cálculos")
+        wait_for("the end of the study", lambda: "dif = 1 :" in program.text(log))
+        self.check("after a study")
+        for button, entry in ("Nivel de Significancia 95%", "90%"), ("Distribución Uniforme", "Triangular"):
+            program.click(program.find("push button", button))
+            self.check(button, ("menu item", entry))
+            program.press("Escape")
+
+    def test_about(self):
+        self.program.press("alt+y", "Return")
+        self.check("About", ("dialog", "Acerca de"), ("push button", "Aceptar"))
+
+    def test_small_frame(self):
+        """A frame that has no room for all of its buttons."""
+        program = self.program
+        program.press("alt+a", "n", "c", "shift+F4")
+        frame = program.find("frame", "Cuadrado Latino")
+        box = frame.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        xdotool("mousemove", box.width // 2, box.y // 2, "click", "--repeat", 2, "--delay", 60, 1)
+        wait_for("a smaller frame", lambda: self.width(frame) < box.width)
+        window = os.popen("xdotool search --onlyvisible --name 'Cuadrado Latino'").read().split()[0]
+        xdotool("windowsize", window, 300, 300)
+        wait_for("a small frame", lambda: self.width(frame) < 500)
+        self.check("small frame", ("check box", "Más botones"))
+
+    @staticmethod
+    def width(control):
+        return control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).width
+
+
+if __name__ == "__main__":
+    Names.executable = pathlib.Path(sys.argv.pop(1)).resolve()
+    unittest.main(verbosity=2, warnings="ignore")
