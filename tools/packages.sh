@@ -11,7 +11,7 @@ driver_packages=(
 
 test_packages=(
     clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
-    libboost-dev libboost-math-dev locales
+    libboost-dev libboost-math-dev locales strace
 )
 
 missing_packages() {

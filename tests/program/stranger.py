@@ -44,9 +44,10 @@ def screenshot(path):
 class Program:
     """The program as a process, from its start to its end."""
 
-    def __init__(self, executable, **environment):
+    def __init__(self, executable, under=(), **environment):
+        """`under` is a command that starts the program in its own place, such as a tracer."""
         self.process = subprocess.Popen(
-            [str(executable)], env={**os.environ, **environment}, start_new_session=True
+            [*under, str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
         self._popups = []
         self.focus = None  # the control that announced the focus last
