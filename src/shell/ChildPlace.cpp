@@ -33,10 +33,15 @@ void ChildPlace::focusMoved(QWidget* from, QWidget* to)
 {
     if (to != this && !isAncestorOf(to))
         return;
+    if (to != this &&
+        !to->isVisibleTo(this)) { // in a minimised child, or one on its way from there
+        setFocus();
+        return;
+    }
     const bool isGone = !m_focus.isEmpty() && !canTakeFocus(m_focus.first());
     const bool isFromOutside = from == this || (m_isComingBack && !isAncestorOf(from));
     const bool isChoiceOfQt = to == this ? isGone : isFromOutside;
-    if (isChoiceOfQt && !isMinimized() && giveFocusBack())
+    if (isChoiceOfQt && giveFocusBack())
         return;
     if (to == this)
         return;

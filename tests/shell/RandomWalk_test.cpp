@@ -28,7 +28,8 @@ TEST(RandomWalk, FrameIsAsTheModelSaysAfterEveryStep)
     for (int number = 1; number <= steps; ++number) {
         const QString name = walk.step();
         const QString wrong = walk.differences().join(QStringLiteral("\n  "));
-        if (qEnvironmentVariableIsSet("CL_WALK_LOG")) fprintf(stderr, "%d %s\n", number, qPrintable(name));
+        if (qEnvironmentVariableIsSet("CL_WALK_LOG"))
+            fprintf(stderr, "%d %s\n", number, qPrintable(name));
         ASSERT_TRUE(wrong.isEmpty() && !HasFailure())
             << "seed " << seed() << ", step " << number << " «" << name.toStdString() << "»\n  "
             << wrong.toStdString();

@@ -27,29 +27,12 @@ void FrameWalk::addArrangingSteps()
             m_model.commit();
             m_model.maximise();
         });
-    addWithChild(
-        "minimise",
-        [this](int index) { return canClickButton(index, QStyle::SC_TitleBarMinButton); },
+    add(
+        "restore from maximised", [this] { return m_model.isMaximised; },
         [this] {
-            clickButton(QStyle::SC_TitleBarMinButton);
-            m_model.minimise();
-        });
-    addWithChild(
-        "restore from minimised",
-        [this](int index) { return canClickButton(index, QStyle::SC_TitleBarNormalButton); },
-        [this] {
-            clickButton(QStyle::SC_TitleBarNormalButton);
+            m_hands.clickFrame(m_hands.maximisedButtonPoint(QStyle::SC_MdiNormalButton));
             m_model.restore();
         });
-    const auto isMaximised = [this] { return m_model.isMaximised; };
-    add("restore from maximised", isMaximised, [this] {
-        m_hands.clickFrame(m_hands.maximisedButtonPoint(QStyle::SC_MdiNormalButton));
-        m_model.restore();
-    });
-    add("minimise from maximised", isMaximised, [this] {
-        m_hands.clickFrame(m_hands.maximisedButtonPoint(QStyle::SC_MdiMinButton));
-        m_model.minimise();
-    });
 
     const auto always = [] { return true; };
     const QString menu = QStringLiteral("&Ventana");
@@ -69,6 +52,30 @@ void FrameWalk::addArrangingSteps()
         m_hands.press(Qt::Key_F5, Qt::ShiftModifier);
         m_model.arrange();
     });
+}
+
+void FrameWalk::addMinimisingSteps()
+{
+    addWithChild(
+        "minimise",
+        [this](int index) { return canClickButton(index, QStyle::SC_TitleBarMinButton); },
+        [this] {
+            clickButton(QStyle::SC_TitleBarMinButton);
+            m_model.minimise();
+        });
+    addWithChild(
+        "restore from minimised",
+        [this](int index) { return canClickButton(index, QStyle::SC_TitleBarNormalButton); },
+        [this] {
+            clickButton(QStyle::SC_TitleBarNormalButton);
+            m_model.restore();
+        });
+    add(
+        "minimise from maximised", [this] { return m_model.isMaximised; },
+        [this] {
+            m_hands.clickFrame(m_hands.maximisedButtonPoint(QStyle::SC_MdiMinButton));
+            m_model.minimise();
+        });
 }
 
 void FrameWalk::addActivatingSteps()

@@ -123,8 +123,7 @@ void compareChildren(QStringList& lines, const FrameModel& model, const QMdiArea
     compare(lines, QStringLiteral("children"), QString::number(places.size()), wanted);
     compare(lines, QStringLiteral("child objects"), QString::number(livingChildren()), wanted);
     compare(lines, QStringLiteral("active"),
-            QString::number(places.indexOf(area.activeSubWindow())),
-            QString::number(model.active));
+            QString::number(places.indexOf(area.activeSubWindow())), QString::number(model.active));
     for (int i = 0; i < std::min(places.size(), qsizetype(model.children.size())); ++i)
         compareChild(lines, model.children[static_cast<std::size_t>(i)],
                      model.isMaximised && i == model.active, *places.at(i));

@@ -92,8 +92,7 @@ std::optional<QPoint> FrameHands::buttonPoint(QMdiSubWindow& place, QStyle::SubC
     bar.titleBarState = place.windowState();
     bar.subControls = QStyle::SC_All;
     bar.rect.setHeight(place.style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, &place));
-    const QRect area =
-        place.style()->subControlRect(QStyle::CC_TitleBar, &bar, button, &place);
+    const QRect area = place.style()->subControlRect(QStyle::CC_TitleBar, &bar, button, &place);
     const QPoint point = place.mapTo(&m_frame, area.center());
     if (place.isMaximized() || !area.isValid() || !isOnTop(place, point))
         return std::nullopt;

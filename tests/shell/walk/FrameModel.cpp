@@ -69,7 +69,8 @@ Child graph(const QString& statistic)
 {
     Child child;
     child.kind = Kind::Graph;
-    child.caption = QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(statistic);
+    child.caption =
+        QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(statistic);
     child.control = QStringLiteral("Graph");
     return child;
 }

@@ -54,20 +54,21 @@ void FrameWalk::addFrameSteps()
 
 void FrameWalk::addMenuSteps()
 {
-    add("look at a menu", [] { return true; }, [this] {
-        const QStringList bar = m_model.bar();
-        const QString& title = bar.at(static_cast<int>(below(static_cast<std::size_t>(bar.size()))));
-        if (flag())
-            m_hands.openMenuByMouse(title);
-        else
-            m_hands.openMenuByKey(title);
-        readAndLeave(*m_hands.barEntry(title)->menu());
-    });
+    add(
+        "look at a menu", [] { return true; },
+        [this] {
+            const QStringList bar = m_model.bar();
+            const QString& title =
+                bar.at(static_cast<int>(below(static_cast<std::size_t>(bar.size()))));
+            if (flag())
+                m_hands.openMenuByMouse(title);
+            else
+                m_hands.openMenuByKey(title);
+            readAndLeave(*m_hands.barEntry(title)->menu());
+        });
     add(
         "look at the menu of the cells",
-        [this] {
-            return m_model.hasChild() && m_model.focus() == QStringLiteral("Datos");
-        },
+        [this] { return m_model.hasChild() && m_model.focus() == QStringLiteral("Datos"); },
         [this] {
             m_hands.press(Qt::Key_F10, Qt::ShiftModifier);
             readAndLeave(*control("Datos")->findChild<QMenu*>(QStringLiteral("CellMenu")));

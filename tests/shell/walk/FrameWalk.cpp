@@ -10,7 +10,6 @@
 #include <QLibraryInfo>
 #include <QMdiArea>
 #include <QMenu>
-#include <QDebug>
 
 #include <utility>
 
@@ -31,13 +30,15 @@ FrameWalk::FrameWalk(unsigned seed)
     };
     addGroup(4, &FrameWalk::addOpeningSteps);
     addGroup(2, &FrameWalk::addArrangingSteps);
+    addGroup(2, &FrameWalk::addMinimisingSteps);
     addGroup(2, &FrameWalk::addActivatingSteps);
     addGroup(2, &FrameWalk::addClosingSteps);
     // Of these only the ones of the active child's kind are possible.
-    addGroup(5, &FrameWalk::addEditingSteps);
+    addGroup(3, &FrameWalk::addTypingSteps);
+    addGroup(3, &FrameWalk::addEditorSteps);
     addGroup(5, &FrameWalk::addAnalysisSteps);
-    addGroup(6, &FrameWalk::addGraphSteps);
-    addGroup(5, &FrameWalk::addPowerSteps);
+    addGroup(8, &FrameWalk::addGraphSteps);
+    addGroup(4, &FrameWalk::addPowerSteps);
     addGroup(1, &FrameWalk::addFrameSteps);
     addGroup(1, &FrameWalk::addMenuSteps);
 }
@@ -56,7 +57,6 @@ QString FrameWalk::step()
     step->take();
     m_hands.rest();
     m_hands.settle();
-    for (int i = 0; i < int(m_model.children.size()); ++i) if (m_model.children[i].isMinimised && !m_model.isMaximised && m_model.isFrameActive()) { auto& pl = place(i); QStringList top; for (int j = 0; j < int(m_model.children.size()); ++j) if (place(j).geometry().intersects(pl.geometry()) && j != i) { QString t; QDebug(&t) << j << place(j).geometry(); top << t; } fprintf(stderr, "MIN %d active %d can %d  covered by %s\n", i, m_model.active, canClickButton(i, QStyle::SC_TitleBarNormalButton), qPrintable(top.join(u' '))); }
     m_hasBeenFull = m_hasBeenFull || !hasRoom();
     return step->name;
 }
@@ -162,9 +162,8 @@ void FrameWalk::clickButton(QStyle::SubControl button)
 
 QWidget* FrameWalk::control(const char* name) const
 {
-    return m_model.hasChild()
-               ? place(m_model.active).findChild<QWidget*>(QString::fromLatin1(name))
-               : nullptr;
+    return m_model.hasChild() ? place(m_model.active).findChild<QWidget*>(QString::fromLatin1(name))
+                              : nullptr;
 }
 
 QWidget* FrameWalk::viewport(const char* name) const

@@ -49,9 +49,11 @@ private:
     Step* possibleStep(std::vector<Step>& group);
     void addOpeningSteps();
     void addArrangingSteps();
+    void addMinimisingSteps();
     void addActivatingSteps();
     void addClosingSteps();
-    void addEditingSteps();
+    void addTypingSteps();
+    void addEditorSteps();
     void addAnalysisSteps();
     void addGraphSteps();
     void addPowerSteps();

@@ -46,7 +46,8 @@ void FrameWalk::addOpeningSteps()
         return false;
     };
     const auto openKey = [this] { m_hands.press(Qt::Key_A, Qt::ControlModifier); };
-    add("open a file, by key", [=] { return room() && isKeyFree(); },
+    add(
+        "open a file, by key", [=] { return room() && isKeyFree(); },
         [=, this] { openEditorOf(sample(), openKey); });
     add("open no file after all", isKeyFree, [=, this] {
         m_dialogs.openAnswers = {std::nullopt};
@@ -56,16 +57,20 @@ void FrameWalk::addOpeningSteps()
     add("new analysis, by menu", room, [=, this] { openAnalysisOf(sample(), menu(newAnalysis)); });
     add("new analysis, by button", room,
         [=, this] { openAnalysisOf(sample(), button("SpeedButton2")); });
-    add("no analysis after all", [] { return true; }, [=, this] {
-        m_dialogs.openAnswers = {std::nullopt};
-        button("SpeedButton2")();
-    });
-    add("analysis of a file without a square", [] { return true; }, [=, this] {
-        m_dialogs.openAnswers = {QStringLiteral(CL_SOURCE_DIR "/ejemplos/LEEME.md")};
-        menu(newAnalysis)();
-        EXPECT_EQ(m_dialogs.errors.size(), 1U);
-        m_dialogs.errors.clear();
-    });
+    add(
+        "no analysis after all", [] { return true; },
+        [=, this] {
+            m_dialogs.openAnswers = {std::nullopt};
+            button("SpeedButton2")();
+        });
+    add(
+        "analysis of a file without a square", [] { return true; },
+        [=, this] {
+            m_dialogs.openAnswers = {QStringLiteral(CL_SOURCE_DIR "/ejemplos/LEEME.md")};
+            menu(newAnalysis)();
+            EXPECT_EQ(m_dialogs.errors.size(), 1U);
+            m_dialogs.errors.clear();
+        });
 
     add("new power window, by menu", room, [=, this] {
         menu(newPower)();

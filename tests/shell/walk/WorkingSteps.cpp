@@ -8,7 +8,7 @@
 
 namespace walk {
 
-void FrameWalk::addEditingSteps()
+void FrameWalk::addTypingSteps()
 {
     const auto isInGrid = [this] {
         return m_model.hasChild() && !m_model.child().isMinimised &&
@@ -24,7 +24,8 @@ void FrameWalk::addEditingSteps()
         m_hands.press(Qt::Key_Return);
         m_model.commit();
     });
-    add("a number without Enter", [=, this] { return isInGrid() && !m_model.child().cellIsOpen; },
+    add(
+        "a number without Enter", [=, this] { return isInGrid() && !m_model.child().cellIsOpen; },
         typeNumber);
     add(
         "no number after all", [=, this] { return isInGrid() && m_model.child().cellIsOpen; },
@@ -32,6 +33,10 @@ void FrameWalk::addEditingSteps()
             m_hands.press(Qt::Key_Escape);
             m_model.child().cellIsOpen = false;
         });
+}
+
+void FrameWalk::addEditorSteps()
+{
     add(
         "other row names", [this] { return m_model.isActive(Kind::Editor) && canClick("NFilas"); },
         [this] {
@@ -92,9 +97,7 @@ void FrameWalk::load(const Action& command)
 void FrameWalk::addAnalysisSteps()
 {
     const auto canChoose = [this](const char* approach) {
-        return [this, approach] {
-            return m_model.canWork(Kind::Analysis) && canClick(approach);
-        };
+        return [this, approach] { return m_model.canWork(Kind::Analysis) && canClick(approach); };
     };
     const char* const classical = "RadioGroup1Item0";
     const char* const sequences = "RadioGroup1Item2";
