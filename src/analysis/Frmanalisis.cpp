@@ -88,7 +88,7 @@ TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget
     else
         openChosenFile(handOff);
     if (handOff.fileOpened)
-        m_datos->setFocus();
+        m_approaches->setFocus();
 }
 
 QSize TAnalisis::sizeHint() const

@@ -96,6 +96,7 @@ void RadioGroup::appendButton()
 
 void RadioGroup::reachSelectedByTab()
 {
+    setFocusProxy(m_buttons->checkedButton());
     for (QAbstractButton* button : m_buttons->buttons())
         button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }

@@ -38,7 +38,8 @@ signals:
 private:
     void deselect();
     void appendButton();
-    /// Tab stops once at the group, at its selected item; the arrow keys go on from there.
+    /// Tab, and setFocus(), stop once at the group, at its selected item; the arrow keys go on from
+    /// there.
     void reachSelectedByTab();
 
     QButtonGroup* m_buttons = nullptr;

@@ -110,6 +110,8 @@ TEST(RadioGroupInAWindow, NewItemsKeepTheirPlaceInTheTabOrder)
     EXPECT_EQ(QApplication::focusWidget(), item(group, 1));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), &after);
+    group.setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), item(group, 1));
 }
 
 TEST_F(RadioGroup, KeepsRoomForTheItemsToCome)

@@ -14,11 +14,15 @@ import unittest
 
 import pyatspi
 
+from by_keyboard import (
+    REPORT_IS_COMPLETE,
+    SAMPLES,
+    finish_study,
+    open_analysis,
+    open_editor,
+    open_power,
+)
 from stranger import Program, wait_for, xdotool
-
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-SAMPLES = ROOT / "ejemplos"
-SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 
 # The texts that the product has in English.
 OWN_ENGLISH = {
@@ -74,7 +78,7 @@ def may_be_nameless(control):
         # cursor keys select what it selects.
         or (role(control) == "panel" and parent == "table")
         # The row of a dialog's buttons.
-        or (role(control) == "panel" and {role(child) for child in children(control)} == {"push button"})
+        or (role(control) == "panel" and set(map(role, children(control))) == {"push button"})
         # The frame around the files of a file dialog, and the pile of the two ways to list them.
         or (role(control) == "frame" and parent == "split pane")
         or (role(control) == "layered pane" and parent == "frame" and not control.parent.name)
@@ -142,26 +146,16 @@ class Names(unittest.TestCase):
         with self.subTest(window=window):
             self.assertFalse(faults, "\n" + "\n".join(faults))
 
-    def open_editor(self, path):
-        self.program.press("ctrl+a")
-        self.program.answer_file_dialog(path)
-        self.program.wait_for_focus("table «Datos»")
-
-    def open_analysis(self, path):
-        self.program.press("alt+a", "n", "d")
-        self.program.answer_file_dialog(path)
-        self.program.wait_for_focus("table «Datos a analizar»")
-
     def analyse(self, approach, test):
         self.program.click(self.program.find("radio button", approach))
         self.program.click(self.program.find("radio button", test))
         self.program.press("F9")
-        self.program.find("label", "Análisis completo. Puede realizar otro o guardar los resultados.")
+        self.program.find("label", REPORT_IS_COMPLETE)
 
     def test_editor(self):
         program = self.program
         self.check("empty editor", ("table", "Datos"))
-        self.open_editor(SAMPLES / "orden3.asc")
+        open_editor(program)
         self.check("loaded editor", ("table cell", "12,500"))
         program.type("7")
         program.wait_for_focus("text «Dato de la fila Fila 1, columna Columna 1»")
@@ -197,7 +191,7 @@ class Names(unittest.TestCase):
         program.press("alt+minus")
         self.check("a window's own menu", ("popup menu", "Menú de la ventana"))
         program.press("Escape")
-        self.open_analysis(SAMPLES / "orden3.asc")
+        open_analysis(self.program)
         program.press("alt+minus")
         self.check("a maximised window's", ("popup menu", "Menú de la ventana"))
 
@@ -206,7 +200,7 @@ class Names(unittest.TestCase):
         xdotool("mousemove", *self.middle(program.find("text", "Nombre de filas")), "click", 3)
         self.check("menu of a line", ("popup menu", "Menú"), ("menu item", "Pegar\tControl+V"))
         program.press("Escape")
-        self.open_analysis(SAMPLES / "orden3.asc")
+        open_analysis(self.program)
         xdotool("mousemove", *self.middle(program.find("text", "Reporte")), "click", 3)
         self.check("menu of the report", ("popup menu", "Menú"), ("menu item", "Copiar\tControl+C"))
 
@@ -234,7 +228,7 @@ class Names(unittest.TestCase):
         self.check("question", ("label", "Desea guardar los cambios?"), ("image", "Pregunta"))
 
     def test_analysis(self):
-        self.open_analysis(SAMPLES / "orden3.asc")
+        open_analysis(self.program)
         self.check("no report yet", ("text", "Reporte"))
         for approach, test in (
             ("Clásico", "Prueba F"),
@@ -249,7 +243,7 @@ class Names(unittest.TestCase):
         self.check("export", ("dialog", "Exportar"))
 
     def test_graphs(self):
-        self.open_analysis(SAMPLES / "orden3.asc")
+        open_analysis(self.program)
         for letter, test in ("C", "Prueba C (Exacta -> Normal)"), ("M", "Prueba M (Exacta -> F)"):
             self.analyse("Secuencias", test)
             self.program.click(self.program.find("push button", "Ver exacta..."))
@@ -266,15 +260,17 @@ class Names(unittest.TestCase):
 
     def test_power(self):
         program = self.program
-        program.press("alt+a", "n", "c")
+        open_power(program)
         self.check("no study yet", ("push button", "Calcular"))
         program.press("alt+p")
         self.check("Potencia", ("menu item", "Guardar Reporte..."))
         program.press("Escape", "Escape", "F9")
-        log = program.find("text", "Reporte de los cálculos")
-        wait_for("the end of the study", lambda: "dif = 1 :" in program.text(log))
+        finish_study(program)
         self.check("after a study")
-        for button, entry in ("Nivel de Significancia 95%", "90%"), ("Distribución Uniforme", "Triangular"):
+        for button, entry in (
+            ("Nivel de Significancia 95%", "90%"),
+            ("Distribución Uniforme", "Triangular"),
+        ):
             program.click(program.find("push button", button))
             self.check(button, ("menu item", entry))
             program.press("Escape")
@@ -286,7 +282,8 @@ class Names(unittest.TestCase):
     def test_small_frame(self):
         """A frame that has no room for all of its buttons."""
         program = self.program
-        program.press("alt+a", "n", "c", "shift+F4")
+        open_power(program)
+        program.press("shift+F4")
         frame = program.find("frame", "Cuadrado Latino")
         box = frame.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         xdotool("mousemove", box.width // 2, box.y // 2, "click", "--repeat", 2, "--delay", 60, 1)

@@ -46,17 +46,22 @@ class Program:
 
     def __init__(self, executable, under=(), **environment):
         """`under` is a command that starts the program in its own place, such as a tracer."""
+        self._application = None
+        self._popups = []
+        self.focus = None  # the control that announced the focus last
+        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
+            pyatspi.Registry.registerEventListener(listener, f"object:state-changed:{change}")
         self.process = subprocess.Popen(
             [*under, str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
-        self._popups = []
-        self.focus = None  # the control that announced the focus last
-        self._application = wait_for("the program on the accessibility bus", self._find_itself)
         # The bus tells places in points, the mouse moves by pixels.
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
-        pyatspi.Registry.registerEventListener(self._note_popup, "object:state-changed:showing")
-        pyatspi.Registry.registerEventListener(self._note_focus, "object:state-changed:focused")
-        wait_for("the frame", lambda: self.look("frame"))
+        try:
+            self._application = wait_for("the program on the accessibility bus", self._find_itself)
+            wait_for("the focus", self._find_focus)
+        except NotFound:
+            self.kill()
+            raise
 
     def _find_itself(self):
         if self.process.poll() is not None:
@@ -69,6 +74,14 @@ class Program:
             except Exception:  # an application that left the bus while it was looked at
                 continue
         return None
+
+    def _find_focus(self):
+        """The focus of a program that has just started: its announcement may have been too early."""
+        self._hear()
+        for table in self.look("table"):
+            if table.getState().contains(pyatspi.STATE_FOCUSED):
+                self.focus = self.focus or table
+        return self.focus
 
     # Eyes
 
@@ -89,7 +102,7 @@ class Program:
         try:
             # A child window has the focus along with the control in it.
             if event.detail1 and event.source.getRoleName() != "frame":
-                if event.source.getApplication() == self._application:
+                if event.source.getApplication().get_process_id() == self.process.pid:
                     self.focus = event.source
         except Exception:  # gone while it was looked at
             return
@@ -174,11 +187,11 @@ class Program:
         xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
 
     def press(self, *keys):
-        """Keys and chords, at the pace of fingers: a watched program hears of each key by a detour
+        """Keys, and chords at the pace of fingers: a watched program hears of each key by a detour
         over the bus, and would take Alt+A typed in an instant for the Alt key after the A.
         """
         for key in keys:
-            xdotool("key", "--clearmodifiers", "--delay", 60, key)
+            xdotool("key", "--clearmodifiers", "--delay", 120 if "+" in key else 12, key)
             time.sleep(0.05)
 
     def type(self, text):
