@@ -433,3 +433,17 @@ TEST_F(Principal, BothUsualKeysCloseTheActiveChild)
         EXPECT_TRUE(children().isEmpty());
     }
 }
+
+TEST_F(Principal, TheTabKeysGoRoundTheChildrenInTheOrderOfTheWindowList)
+{
+    for (int count = 0; count < 4; ++count)
+        frame.NuevoArchivo1Click();
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers more) {
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier | more);
+        return children().indexOf(area().activeSubWindow());
+    };
+    for (const int next : {0, 1, 2, 3, 0})
+        EXPECT_EQ(press(Qt::Key_Tab, Qt::NoModifier), next);
+    for (const int previous : {3, 2, 1, 0, 3})
+        EXPECT_EQ(press(Qt::Key_Backtab, Qt::ShiftModifier), previous);
+}
