@@ -279,6 +279,18 @@ TEST_F(Principal, WindowMenuListsTheChildrenAndActivatesTheChosenOne)
     EXPECT_EQ(menu->actions().size(), 2);
 }
 
+TEST_F(Principal, WindowMenuShowsEveryCharacterOfAFileName)
+{
+    const QString name = folder.filePath(QStringLiteral("[*] a&b\t100%.asc"));
+    ASSERT_TRUE(QFile::copy(sample("orden3.asc"), name));
+    dialogs.openAnswers.push_back(name);
+    frame.AbrirArchivo1Click();
+    QMenu* menu = entry({QStringLiteral("&Ventana")})->menu();
+    emit menu->aboutToShow();
+    EXPECT_EQ(menu->actions().last()->text().section(QLatin1Char('/'), -1),
+              QStringLiteral("[*] a&&b 100%.asc")); // a tab would begin the column of the keys
+}
+
 TEST_F(Principal, CascadeAndTileLayOutTheChildren)
 {
     frame.NuevoArchivo1Click();
