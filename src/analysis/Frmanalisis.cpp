@@ -8,6 +8,7 @@
 #include "grid/NTabEd.h"
 #include "square/LoadedSquare.h"
 #include "square/ShowSquare.h"
+#include "window/Caption.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
@@ -31,13 +32,6 @@ constexpr int decimalsShown = 3;
 QString windowCaption()
 {
     return QStringLiteral("Análisis");
-}
-
-/// Qt reads "[*]" in a caption as the place of a mark; doubled it stands for itself.
-QString captionFor(QString fileName)
-{
-    return windowCaption() + QStringLiteral(" - ") +
-           fileName.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 QString invitation()
@@ -225,7 +219,7 @@ void TAnalisis::openChosenFile(window::HandOff& handOff)
     handOff.fileOpened = fileName && importFile(*fileName);
     if (!handOff.fileOpened)
         return;
-    setWindowTitle(captionFor(*fileName));
+    setWindowTitle(window::fileCaption(windowCaption(), *fileName));
     for (int column = 1; column <= m_datos->NrOfColumns(); ++column)
         m_datos->setPrecision(column, decimalsShown);
 }

@@ -78,6 +78,10 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     createStatusLine();
     auto* systemMenuKey = new QShortcut(Qt::ALT | Qt::Key_Minus, this);
     connect(systemMenuKey, &QShortcut::activated, this, &TPrincipal::openSystemMenu);
+    auto* nextKey = new QShortcut(Qt::CTRL | Qt::Key_Tab, this);
+    connect(nextKey, &QShortcut::activated, this, [this] { activateNeighbour(1); });
+    auto* previousKey = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
+    connect(previousKey, &QShortcut::activated, this, [this] { activateNeighbour(-1); });
     setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
 }
 
@@ -288,6 +292,17 @@ void TPrincipal::openSystemMenu()
 {
     if (QMdiSubWindow* active = m_area->activeSubWindow())
         active->showSystemMenu();
+}
+
+/// The child that many places on in the window list, around its end. Qt's own keys, pressed and
+/// released at once, only go back and forth between two children.
+void TPrincipal::activateNeighbour(int distance)
+{
+    const QList<QMdiSubWindow*> children = m_area->subWindowList();
+    const auto active = children.indexOf(m_area->activeSubWindow());
+    if (active >= 0)
+        m_area->setActiveSubWindow(
+            children.at((active + distance + children.size()) % children.size()));
 }
 
 void TPrincipal::FormActivate()

@@ -62,6 +62,7 @@ private:
     void adopt(window::ChildWindow* child, Show show);
     void adoptEditor(square::TEditor* editor);
     void openSystemMenu();
+    void activateNeighbour(int distance);
     void FormActivate();
     void subWindowActivated(QMdiSubWindow* subWindow);
 

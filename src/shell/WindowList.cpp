@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/WindowList.h"
 
+#include "window/Caption.h"
+
 #include <QActionGroup>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -38,7 +40,8 @@ void WindowList::fill()
     int number = 0;
     for (QMdiSubWindow* child : children) {
         auto* entry =
-            new QAction(entryText(++number, child->widget()->windowTitle()), m_entries.get());
+            new QAction(entryText(++number, window::readCaption(child->widget()->windowTitle())),
+                        m_entries.get());
         entry->setStatusTip(QStringLiteral("Pasa a esta ventana"));
         entry->setCheckable(true);
         entry->setChecked(child == m_area.activeSubWindow());

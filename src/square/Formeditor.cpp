@@ -7,6 +7,7 @@
 #include "square/LoadedSquare.h"
 #include "square/ShowSquare.h"
 #include "square/UpDown.h"
+#include "window/Caption.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
@@ -256,7 +257,7 @@ bool TEditor::save()
 void TEditor::rememberFile(const QString& fileName)
 {
     m_fileName = fileName;
-    setWindowTitle(QStringLiteral("%1 - %2").arg(editorCaption(), fileName));
+    setWindowTitle(window::fileCaption(editorCaption(), fileName));
     m_saved = true;
 }
 

@@ -279,6 +279,18 @@ TEST_F(Principal, WindowMenuListsTheChildrenAndActivatesTheChosenOne)
     EXPECT_EQ(menu->actions().size(), 2);
 }
 
+TEST_F(Principal, WindowMenuShowsEveryCharacterOfAFileName)
+{
+    const QString name = folder.filePath(QStringLiteral("[*] a&b\t100%.asc"));
+    ASSERT_TRUE(QFile::copy(sample("orden3.asc"), name));
+    dialogs.openAnswers.push_back(name);
+    frame.AbrirArchivo1Click();
+    QMenu* menu = entry({QStringLiteral("&Ventana")})->menu();
+    emit menu->aboutToShow();
+    EXPECT_EQ(menu->actions().last()->text().section(QLatin1Char('/'), -1),
+              QStringLiteral("[*] a&&b 100%.asc")); // a tab would begin the column of the keys
+}
+
 TEST_F(Principal, CascadeAndTileLayOutTheChildren)
 {
     frame.NuevoArchivo1Click();
@@ -432,4 +444,18 @@ TEST_F(Principal, BothUsualKeysCloseTheActiveChild)
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_TRUE(children().isEmpty());
     }
+}
+
+TEST_F(Principal, TheTabKeysGoRoundTheChildrenInTheOrderOfTheWindowList)
+{
+    for (int count = 0; count < 4; ++count)
+        frame.NuevoArchivo1Click();
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers more) {
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier | more);
+        return children().indexOf(area().activeSubWindow());
+    };
+    for (const int next : {0, 1, 2, 3, 0})
+        EXPECT_EQ(press(Qt::Key_Tab, Qt::NoModifier), next);
+    for (const int previous : {3, 2, 1, 0, 3})
+        EXPECT_EQ(press(Qt::Key_Backtab, Qt::ShiftModifier), previous);
 }

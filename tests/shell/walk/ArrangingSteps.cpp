@@ -100,17 +100,17 @@ void FrameWalk::addActivatingSteps()
             m_model.activate(m_target);
             m_model.focus(QString::fromLatin1(bodyName(m_target)));
         });
-    const auto goBack = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
-        return [this, key, modifiers] {
+    const auto goRound = [this](Qt::Key key, Qt::KeyboardModifiers modifiers, int distance) {
+        return [this, key, modifiers, distance] {
             m_hands.press(key, modifiers);
-            if (m_model.previous() >= 0)
-                m_model.activate(m_model.previous());
+            const int count = static_cast<int>(m_model.children.size());
+            m_model.activate((m_model.active + distance + count) % count);
         };
     };
     const auto hasChild = [this] { return m_model.hasChild(); };
-    add("the child before, by Ctrl+Tab", hasChild, goBack(Qt::Key_Tab, Qt::ControlModifier));
-    add("the child before, by Ctrl+Shift+Tab", hasChild,
-        goBack(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier));
+    add("the next child, by Ctrl+Tab", hasChild, goRound(Qt::Key_Tab, Qt::ControlModifier, 1));
+    add("the previous child, by Ctrl+Shift+Tab", hasChild,
+        goRound(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, -1));
 }
 
 const char* FrameWalk::bodyName(int index) const

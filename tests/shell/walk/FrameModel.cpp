@@ -84,11 +84,6 @@ Child power()
     return child;
 }
 
-int FrameModel::previous() const
-{
-    return m_history.size() < 2 ? -1 : m_history.at(m_history.size() - 2);
-}
-
 void FrameModel::open(const Child& opened)
 {
     children.push_back(opened);

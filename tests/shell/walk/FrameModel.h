@@ -56,8 +56,6 @@ public:
     bool canWork(Kind kind) const { return isActive(kind) && !child().isMinimised; }
     Child& child() { return children.at(static_cast<std::size_t>(active)); }
     const Child& child() const { return children.at(static_cast<std::size_t>(active)); }
-    /// The child that was active before this one; -1 where there is only one.
-    int previous() const;
 
     /// A new child; an analysis opens maximised.
     void open(const Child& opened);
