@@ -24,7 +24,6 @@ QToolButton* createButton(const Command& command, QWidget* parent)
     const QString key = command.shortcut.toString(QKeySequence::NativeText);
     button->setToolTip(key.isEmpty() ? command.tip
                                      : QStringLiteral("%1 (%2)").arg(command.tip, key));
-    button->setStatusTip(command.tip);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
 }

@@ -15,7 +15,7 @@ namespace window {
 struct Command {
     QString name; ///< The object name.
     QString text;
-    QString tip; ///< For the status line, while the command is hovered.
+    QString tip; ///< In the status line while the entry is hovered; a button's tool tip.
     Picture picture;
     QKeySequence shortcut = {};
 };

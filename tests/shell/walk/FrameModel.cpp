@@ -60,7 +60,7 @@ Child analysis(const QString& caption, int order)
     Child child;
     child.kind = Kind::Analysis;
     child.caption = caption;
-    child.control = QStringLiteral("Datos");
+    child.control = QStringLiteral("RadioGroup1Item0");
     child.order = order;
     return child;
 }
