@@ -316,8 +316,8 @@ void TPrincipal::subWindowActivated(QMdiSubWindow* subWindow)
         subWindow == nullptr ? nullptr : qobject_cast<window::ChildWindow*>(subWindow->widget());
     if (child == m_activeChild)
         return;
-    m_status->setUpdatesEnabled(
-        false); // what the one says last is not to be read before the other's
+    // What the one says last is not to be read before the other's first word.
+    m_status->setUpdatesEnabled(false);
     if (m_activeChild != nullptr) {
         menuBar()->removeAction(m_activeChild->menu()->menuAction());
         // A child on its way out is hidden by now and has written its last status text.
