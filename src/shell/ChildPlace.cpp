@@ -2,6 +2,7 @@
 #include "shell/ChildPlace.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 
 namespace shell {
 
@@ -26,6 +27,13 @@ bool ChildPlace::focusNextPrevChild(bool next)
     return isVisible() && QMdiSubWindow::focusNextPrevChild(next);
 }
 
+void ChildPlace::focusInEvent(QFocusEvent* event)
+{
+    m_isTabbing =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QMdiSubWindow::focusInEvent(event);
+}
+
 /// Qt has a memory of its own for the control to come back to, but not a good one: it may be one
 /// that had the focus before the last, or, where that one is gone as the editor of a cell is once
 /// the child is left, the first control or the bare place.
@@ -39,7 +47,8 @@ void ChildPlace::focusMoved(QWidget* from, QWidget* to)
         return;
     }
     const bool isGone = !m_focus.isEmpty() && !canTakeFocus(m_focus.first());
-    const bool isFromOutside = from == this || (m_isComingBack && !isAncestorOf(from));
+    const bool isFromOutside =
+        (from == this && !m_isTabbing) || (m_isComingBack && !isAncestorOf(from));
     const bool isChoiceOfQt = to == this ? isGone : isFromOutside;
     if (isChoiceOfQt && giveFocusBack())
         return;

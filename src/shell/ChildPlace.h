@@ -19,6 +19,7 @@ public:
 
 protected:
     bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     void focusMoved(QWidget* from, QWidget* to);
@@ -27,6 +28,7 @@ private:
 
     QList<QPointer<QWidget>> m_focus; ///< The control that had it last, and those around that.
     bool m_isComingBack = false;      ///< Qt is activating the child, and chooses a control.
+    bool m_isTabbing = false; ///< Tab leads over the place, from the last control to the first.
 };
 
 } // namespace shell

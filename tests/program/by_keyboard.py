@@ -36,7 +36,8 @@ def open_analysis(program, path=ORDER_3):
 
 def open_graph_of_c(program):
     """From an analysis of order 3 that was just opened."""
-    program.press("Down", "Down", "F9")
+    walk(program, "Down", "radio button «Rangos»", "radio button «Secuencias»")
+    program.press("F9")
     program.find("label", REPORT_IS_COMPLETE)
     walk(program, "Tab", "radio button «Prueba C (Exacta -> Normal)»", LEVEL, "text «Reporte»")
     walk(program, "Tab", "push button «Analizar»", "push button «Ver exacta...»")

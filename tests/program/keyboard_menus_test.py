@@ -82,7 +82,12 @@ class Menus(unittest.TestCase):
         graph = "Distribución exacta de C para cuadrados de 3x3"
         open_power(self.program)
         analysis = f"Análisis - {ORDER_3}"
-        for key, window in (("ctrl+Tab", graph), ("ctrl+Tab", "Potencia")):
+        for key, window in (
+            ("ctrl+Tab", "Editor"),  # around the end of the list of windows
+            ("ctrl+Tab", analysis),
+            ("ctrl+shift+Tab", "Editor"),
+            ("ctrl+shift+Tab", "Potencia"),
+        ):
             program.press(key)
             self.wait_for_window(window)
         for number, window in enumerate(("Editor", analysis, graph, "Potencia"), start=1):

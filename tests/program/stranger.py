@@ -164,6 +164,10 @@ class Program:
             except Exception:
                 continue
 
+    def status(self):
+        """The text of the status line."""
+        return self.find("label", inside=self.find("status bar")).name
+
     def find(self, role, name=None, inside=None):
         return wait_for(f"{role} «{name}»", lambda: self.look(role, name, inside))[0]
 

@@ -76,6 +76,19 @@ TEST_F(Focus, CancelledDialogLeavesTheKeyboardWhereItWas)
     EXPECT_EQ(frame.focusWidget(), before);
 }
 
+TEST_F(Focus, TabGoesRoundInAWindow)
+{
+    frame.NuevoArchivo1Click();
+    active()->widget()->findChild<QWidget*>(QStringLiteral("RefTratamientos"))->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("NumTratamientos"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("NFilas"));
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(focused(), QStringLiteral("RefTratamientos"));
+}
+
 TEST_F(Focus, WhoClosesAGraphIsBackAtItsAnalysis)
 {
     frame.NuevoArchivo1Click();
