@@ -41,8 +41,8 @@ void ChildPlace::focusMoved(QWidget* from, QWidget* to)
 {
     if (to != this && !isAncestorOf(to))
         return;
-    if (to != this &&
-        !to->isVisibleTo(this)) { // in a minimised child, or one on its way from there
+    const bool isHidden = to != this && !to->isVisibleTo(this);
+    if (isHidden) { // in a minimised child, or one on its way from there
         setFocus();
         return;
     }

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -81,11 +82,11 @@ QWidget* paneOf(grid::TNTabEd* table, const QString& title)
 
 } // namespace
 
-/// Both tables whole, as far as a small screen has room for them.
+/// Both tables whole, as far as the screen has room for them.
 QSize TEditor::sizeHint() const
 {
     constexpr QSize least(640, 400);
-    constexpr QSize most(1100, 600);
+    const QSize most = screen()->availableSize() * 0.85;
     constexpr int optionsHeight = 110;
     constexpr int around = 60; // pixels for margins, the divider and a scroll bar
     const QSize observations = m_datos->wholeSize();
@@ -93,7 +94,7 @@ QSize TEditor::sizeHint() const
     const int width = std::max(observations.width() * paneShares / dataShare,
                                treatments.width() * paneShares / (paneShares - dataShare));
     const QSize wanted(width + around, observations.height() + optionsHeight + around);
-    return wanted.expandedTo(least).boundedTo(most);
+    return wanted.boundedTo(most).expandedTo(least);
 }
 
 void TEditor::createControls()
