@@ -3,13 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QKeySequence>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QStyleOption>
 #include <QTest>
+#include <QTimerEvent>
 #include <QWindow>
 
 namespace walk {
@@ -31,6 +35,19 @@ void moveTo(QWindow& window, const QPoint& point)
     QTest::mouseMove(&window, point);
 }
 
+/// A resized area puts its minimised children in order, and a resized child its buttons, a fifth of
+/// a second later. They are told that it has passed, so that no step depends on the time it takes.
+void passTheDelay(QObject& widget)
+{
+    constexpr int delay = 200; // milliseconds
+    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&widget)) {
+        if (timer.interval != delay)
+            continue;
+        QTimerEvent over(timer.timerId);
+        QCoreApplication::sendEvent(&widget, &over);
+    }
+}
+
 } // namespace
 
 FrameHands::FrameHands(shell::TPrincipal& frame)
@@ -44,6 +61,10 @@ void FrameHands::settle() const
     for (int round = 0; round < rounds; ++round) {
         QApplication::processEvents();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* area = m_frame.findChild<QMdiArea*>();
+        passTheDelay(*area);
+        for (QMdiSubWindow* place : area->subWindowList())
+            passTheDelay(*place);
     }
 }
 
