@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFile.h"
 
-#include <QDir>
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStorageInfo>
 
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace base {
 
 namespace {
 
 constexpr qint64 largestFile = qint64(1) << 30;
+constexpr qint64 largestUnsizedFile = qint64(1) << 20;
 
 /// What stands in the way before anything is written; devices and pipes are kept out here, since
 /// replacing them by an ordinary file would be damage.
@@ -47,6 +52,64 @@ QString failure(const QSaveFile& file, const QFileInfo& target, qsizetype size)
     return QStringLiteral("El sistema no pudo escribirlo (%1).").arg(file.errorString());
 }
 
+QString reasonOf(int error)
+{
+    switch (error) {
+    case ENOSPC:
+        return QStringLiteral("No queda espacio en el disco.");
+    case EDQUOT:
+        return QStringLiteral("Se agotó el espacio que tiene asignado en el disco.");
+    case EIO:
+        return QStringLiteral("El disco dio un error al escribir: puede que nada haya quedado "
+                              "guardado en él.");
+    default:
+        return QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(error));
+    }
+}
+
+/// Whether what was written to an open file has come to rest on the disk.
+///
+/// A file system may tell of an error only when a descriptor is closed; QSaveFile closes its own
+/// without looking, so a copy is closed here. A file that has no disk below it, and cannot be
+/// synchronised therefore, is as safe as it can be.
+/// @return 0, or the system's error number
+int errorOnTheDisk(int descriptor)
+{
+    if (fsync(descriptor) != 0 && errno != EINVAL && errno != ENOSYS && errno != EROFS)
+        return errno;
+    const int copy = dup(descriptor);
+    if (copy < 0 || close(copy) != 0)
+        return errno;
+    return 0;
+}
+
+/// Reads up to the end; a file that says that it is empty may still have something to say.
+FileContents readDescriptor(int descriptor, qint64 size)
+{
+    const qint64 limit = size > 0 ? largestFile : largestUnsizedFile;
+    const QString exceeded =
+        size > 0 ? QStringLiteral("El archivo tiene más de 1 GiB, lo más que se lee.")
+                 : QStringLiteral("El archivo no indica su tamaño y tiene más de 1 MiB, lo más que "
+                                  "se lee de un archivo así.");
+    if (size > limit)
+        return {std::nullopt, exceeded};
+    QByteArray bytes;
+    bytes.reserve(size);
+    std::vector<char> block(1U << 16U);
+    while (true) {
+        const ssize_t count = read(descriptor, block.data(), block.size());
+        if (count == 0)
+            return {bytes, QString()};
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return {};
+        if (bytes.size() + count > limit)
+            return {std::nullopt, exceeded};
+        bytes.append(block.data(), count);
+    }
+}
+
 } // namespace
 
 std::optional<QString> writeFile(const QString& fileName, const QByteArray& bytes)
@@ -67,22 +130,45 @@ std::optional<QString> writeFile(const QString& fileName, const QByteArray& byte
         file.cancelWriting();
         return reason;
     }
+    if (const int error = errorOnTheDisk(file.handle())) {
+        file.cancelWriting();
+        return reasonOf(error);
+    }
     if (!file.commit())
         return failure(file, target, bytes.size());
     return std::nullopt;
 }
 
+FileContents readLimited(const QString& fileName)
+{
+    if (!QFileInfo(fileName).isFile()) // asked first: to open a device may do something to it
+        return {};
+    const int descriptor =
+        open(QFile::encodeName(fileName).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return {};
+    FileContents contents;
+    struct stat status {};
+    if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+        contents = readDescriptor(descriptor, status.st_size);
+    close(descriptor);
+    return contents;
+}
+
 std::optional<QByteArray> readFile(const QString& fileName)
 {
-    if (!QFileInfo(fileName).isFile())
-        return std::nullopt;
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestFile)
-        return std::nullopt;
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return bytes;
+    return readLimited(fileName).bytes;
+}
+
+QByteArray fingerprint(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+QByteArray fingerprint(const QString& fileName)
+{
+    const std::optional<QByteArray> bytes = readFile(fileName);
+    return bytes ? fingerprint(*bytes) : QByteArray();
 }
 
 } // namespace base

@@ -12,7 +12,7 @@ namespace {
 
 LoadedSquare refused(int code, const QString& problem)
 {
-    return {code, std::nullopt, problem};
+    return {code, std::nullopt, problem, {}};
 }
 
 /// Tells counts that no square can have from a file that is no square.
@@ -34,13 +34,13 @@ QString badFileMessage()
 LoadedSquare loadSquare(const QString& fileName)
 {
     try {
-        const std::optional<QByteArray> bytes = base::readFile(fileName);
+        const auto [bytes, limit] = base::readLimited(fileName);
         if (!bytes)
-            return refused(NoColumnCount, badFileMessage());
+            return refused(NoColumnCount, limit.isEmpty() ? badFileMessage() : limit);
         DecodedSquare decoded = decode(*bytes);
         if (decoded.code != Usable)
             return refused(decoded.code, problemOf(*bytes));
-        return {Usable, std::move(decoded.data), QString()};
+        return {Usable, std::move(decoded.data), QString(), base::fingerprint(*bytes)};
     } catch (const std::bad_alloc&) {
         return refused(NoRoomOrLineFeed, outOfMemoryMessage());
     }

@@ -15,7 +15,8 @@ QString badFileMessage();
 struct LoadedSquare {
     int code = 0; ///< A ReadCode of SquareFile.h; 0 exactly when there is `data`.
     std::optional<SquareData> data;
-    QString problem; ///< The text of the error box; empty exactly when there is `data`.
+    QString problem;        ///< The text of the error box; empty exactly when there is `data`.
+    QByteArray fingerprint; ///< Of the file's bytes, where there is `data`.
 };
 
 /// Reads a file once, whole, and decides on all of it: a file with a bad observation in its last

@@ -10,7 +10,48 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+/// What the disk answers instead of doing its work; 0 for a sound disk.
+struct DiskErrors {
+    int ofSync = 0;
+    int ofClose = 0;
+};
+DiskErrors diskErrors;
+
+/// Whether a descriptor is of a file that is being written, the only ones that a disk can lose.
+bool isWritten(int descriptor)
+{
+    return (fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_RDONLY;
+}
+
+} // namespace
+
+// These stand before the C library's own.
+
+extern "C" int fsync(int descriptor)
+{
+    if (diskErrors.ofSync == 0)
+        return static_cast<int>(syscall(SYS_fsync, descriptor));
+    errno = diskErrors.ofSync;
+    return -1;
+}
+
+extern "C" int close(int descriptor)
+{
+    const bool fails = diskErrors.ofClose != 0 && isWritten(descriptor);
+    const int result = static_cast<int>(syscall(SYS_close, descriptor)); // it closes all the same
+    if (!fails)
+        return result;
+    errno = diskErrors.ofClose;
+    return -1;
+}
 
 namespace {
 
@@ -72,6 +113,70 @@ TEST_F(SafeFile, SaysWhyATargetCannotBeWritten)
     ASSERT_TRUE(inProc.has_value());
     EXPECT_FALSE(inProc->contains(QStringLiteral("espacio")))
         << "it has no disk that could be full";
+}
+
+TEST_F(SafeFile, WhatDoesNotReachTheDiskIsNotSaved)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    const std::pair<int DiskErrors::*, int> failures[] = {
+        {&DiskErrors::ofSync, EIO},  {&DiskErrors::ofSync, ENOSPC},  {&DiskErrors::ofSync, EDQUOT},
+        {&DiskErrors::ofClose, EIO}, {&DiskErrors::ofClose, ENOSPC}, {&DiskErrors::ofClose, EDQUOT},
+    };
+    for (const auto& [call, error] : failures) {
+        diskErrors.*call = error;
+        const std::optional<QString> reason = base::writeFile(path("a.asc"), "después");
+        const std::optional<QString> ofNewFile = base::writeFile(path("b.asc"), "nuevo");
+        diskErrors = {};
+        ASSERT_TRUE(reason.has_value()) << error;
+        EXPECT_EQ(ofNewFile, reason);
+        EXPECT_TRUE(reason->contains(error == ENOSPC   ? QStringLiteral("No queda espacio")
+                                     : error == EDQUOT ? QStringLiteral("asignado")
+                                                       : QStringLiteral("error al escribir")))
+            << reason->toStdString();
+        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("antes"));
+        EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+    }
+    EXPECT_EQ(base::writeFile(path("a.asc"), "después"), std::nullopt);
+}
+
+TEST_F(SafeFile, ADiskThatCannotSynchroniseIsWrittenAllTheSame)
+{
+    diskErrors.ofSync = EINVAL;
+    EXPECT_EQ(base::writeFile(path("a.asc"), "datos"), std::nullopt);
+    diskErrors = {};
+    EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("datos"));
+}
+
+TEST_F(SafeFile, AFileBeyondTheLimitIsNamedAndNotRead)
+{
+    QFile sparse(path("hueco.asc"));
+    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(sparse.resize((qint64(1) << 30) + 1));
+    const base::FileContents large = base::readLimited(path("hueco.asc"));
+    EXPECT_FALSE(large.bytes);
+    EXPECT_EQ(large.limit, QStringLiteral("El archivo tiene más de 1 GiB, lo más que se lee."));
+
+    // It has no size and ends only with the address space.
+    const base::FileContents endless = base::readLimited(QStringLiteral("/proc/self/pagemap"));
+    EXPECT_FALSE(endless.bytes);
+    EXPECT_EQ(endless.limit,
+              QStringLiteral("El archivo no indica su tamaño y tiene más de 1 MiB, lo más que se "
+                             "lee de un archivo así."));
+    // Neither has this one, which is short.
+    const base::FileContents version = base::readLimited(QStringLiteral("/proc/version"));
+    ASSERT_TRUE(version.bytes);
+    EXPECT_TRUE(version.bytes->startsWith("Linux"));
+    EXPECT_EQ(version.limit, QString());
+}
+
+TEST_F(SafeFile, AFingerprintTellsWhetherAFileChanged)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "datos"), std::nullopt);
+    const QByteArray before = base::fingerprint(path("a.asc"));
+    EXPECT_EQ(before, base::fingerprint(QByteArray("datos")));
+    ASSERT_EQ(base::writeFile(path("a.asc"), "datos "), std::nullopt);
+    EXPECT_NE(base::fingerprint(path("a.asc")), before);
+    EXPECT_EQ(base::fingerprint(path("nada")), QByteArray());
 }
 
 TEST_F(SafeFile, OnlyOrdinaryFilesAreRead)
