@@ -12,8 +12,8 @@
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
+#include "window/Saving.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -155,24 +155,15 @@ void TAnalisis::Exportar1Click()
 {
     if (!m_datos->commitEdit())
         return;
-    const auto fileName = m_dialogs.saveFileName(
-        this, {QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
-               QStringLiteral("Archivo de Texto (*.txt)|*.txt")});
-    if (!fileName)
-        return;
     QString text;
     for (const QString& line : linesOf(*m_report))
         text += line + QStringLiteral("\r\n");
-    if (const auto reason = base::writeFile(*fileName, text.toUtf8()))
-        m_dialogs.showError(
-            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(*fileName, *reason),
-            windowCaption());
-}
-
-void TAnalisis::closeEvent(QCloseEvent* event)
-{
-    FormClose();
-    event->accept();
+    window::save(
+        m_dialogs, *this,
+        {{QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
+          QStringLiteral("Archivo de Texto (*.txt)|*.txt")},
+         windowCaption(),
+         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); }});
 }
 
 QStringList TAnalisis::runSelectedTest()

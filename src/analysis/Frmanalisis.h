@@ -57,7 +57,7 @@ signals:
 public slots:
     void FormActivate() override;
     void FormDeactivate() override;
-    void FormClose();
+    void FormClose() override;
     void RadioGroup1Click();
     void ScrollBar1Change();
     void SpeedButton1Click();
@@ -65,8 +65,6 @@ public slots:
     void Exportar1Click();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
-
     /// Runs the selected test on the grid's square. @return its report lines.
     virtual QStringList runSelectedTest();
 

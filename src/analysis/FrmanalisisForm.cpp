@@ -86,7 +86,7 @@ QWidget* TAnalisis::createToolBar()
         {QStringLiteral("SpeedButton1"), QStringLiteral("Analizar"),
          QStringLiteral("Ejecuta la prueba elegida"), window::Picture::Run, Qt::Key_F9},
         this);
-    connect(run, &QToolButton::clicked, this, &TAnalisis::SpeedButton1Click);
+    window::connectCommand(run, &QToolButton::clicked, this, &TAnalisis::SpeedButton1Click);
     m_ve = window::createButton({QStringLiteral("ve"), QStringLiteral("Ver exacta..."),
                                  QStringLiteral("Dibuja la distribución exacta de C o de M, tras "
                                                 "una prueba de orden 3"),
@@ -95,7 +95,7 @@ QWidget* TAnalisis::createToolBar()
     m_ve->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_ve->setMinimumWidth(96);
     m_ve->setEnabled(false);
-    connect(m_ve, &QToolButton::clicked, this, &TAnalisis::veClick);
+    window::connectCommand(m_ve, &QToolButton::clicked, this, &TAnalisis::veClick);
     for (QToolButton* const button : {run, m_ve})
         button->setMinimumHeight(25);
 

@@ -5,8 +5,8 @@
 #include "chart/RChart.h"
 #include "window/Command.h"
 #include "window/Dialogs.h"
+#include "window/Saving.h"
 
-#include <QCloseEvent>
 #include <QMenu>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -145,11 +145,10 @@ void TGrafica::GuardarDatos1Click()
                                 QStringLiteral("txt"),
                                 QStringLiteral("Archivos de texto (TXT)|*.txt")};
     request.confirmOverwrite = false;
-    const auto fileName = m_dialogs.saveFileName(this, request);
-    if (!fileName)
-        return;
-    if (const auto reason = base::writeFile(*fileName, distributionTable(m_distribution)))
-        showFailure(*fileName, *reason);
+    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
+                                        return base::writeFile(chosen,
+                                                               distributionTable(m_distribution));
+                                    }});
 }
 
 void TGrafica::CopiarGrfica1Click()
@@ -166,12 +165,6 @@ void TGrafica::resizeEvent(QResizeEvent* event)
 {
     ChildWindow::resizeEvent(event);
     alignCharts();
-}
-
-void TGrafica::closeEvent(QCloseEvent* event)
-{
-    FormClose();
-    event->accept();
 }
 
 void TGrafica::createMenu()
@@ -254,24 +247,15 @@ void TGrafica::saveBitmap(const TRChart& chart, const QString& title)
     window::FileRequest request{title, QStringLiteral("grafica.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de Bits (BMP)|*.bmp")};
     request.writtenName = TRChart::bitmapFileName;
-    const auto fileName = m_dialogs.saveFileName(this, request);
-    if (!fileName)
-        return;
-    if (const auto reason = chart.SaveAsBitmap(*fileName, false))
-        showFailure(TRChart::bitmapFileName(*fileName), *reason);
+    window::save(m_dialogs, *this, {request, windowCaption(), [&chart](const QString& chosen) {
+                                        return chart.SaveAsBitmap(chosen, false);
+                                    }});
 }
 
 void TGrafica::copyBitmap(const TRChart& chart)
 {
     if (const auto reason = chart.CopyToClipboardBitmap(false))
         m_dialogs.showError(this, *reason, windowCaption());
-}
-
-void TGrafica::showFailure(const QString& fileName, const QString& reason)
-{
-    m_dialogs.showError(
-        this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(fileName, reason),
-        windowCaption());
 }
 
 } // namespace chart

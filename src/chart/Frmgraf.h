@@ -42,7 +42,7 @@ public:
 public slots:
     void FormActivate() override;
     void FormDeactivate() override;
-    void FormClose();
+    void FormClose() override;
     void GuardarGrfica1Click();
     void GuardaGrficaAcumulada1Click();
     void GuardarDatos1Click();
@@ -51,7 +51,6 @@ public slots:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void createMenu();
@@ -60,7 +59,6 @@ private:
     void alignCharts();
     void saveBitmap(const TRChart& chart, const QString& title);
     void copyBitmap(const TRChart& chart);
-    void showFailure(const QString& fileName, const QString& reason);
 
     window::Dialogs& m_dialogs;
     QMenu* m_menu = nullptr;

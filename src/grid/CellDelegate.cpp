@@ -210,12 +210,14 @@ bool CellDelegate::leaveBy(CursorStep step)
 {
     if (m_telling)
         return false;
+    const QPointer<CellDelegate> stillThere(this);
     const QPointer<QLineEdit> editor = m_editor;
     const QString reason = refusal();
     if (!reason.isEmpty()) {
         m_telling = true;
         tell(reason);
-        m_telling = false;
+        if (stillThere)
+            m_telling = false;
         if (editor) {
             editor->setFocus();
             editor->selectAll();
@@ -223,6 +225,8 @@ bool CellDelegate::leaveBy(CursorStep step)
         return false;
     }
     emit commitData(editor);
+    if (!stillThere)
+        return false;
     if (editor == m_editor)
         emit closeEditor(editor, NoHint);
     emit left(step);

@@ -8,9 +8,9 @@
 #include "power/UpDown.h"
 #include "window/Dialogs.h"
 #include "window/Icons.h"
+#include "window/Saving.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -166,31 +166,22 @@ void TPotencia::GuardarGrafica1Click()
                                 QStringLiteral("grafica potencia.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    const auto fileName = m_dialogs.saveFileName(this, request);
-    if (!fileName)
-        return;
-    if (const auto reason = m_graph->SaveAsBitmap(*fileName, false))
-        showFailure(chart::TRChart::bitmapFileName(*fileName), *reason);
+    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
+                                        return m_graph->SaveAsBitmap(chosen, false);
+                                    }});
 }
 
 void TPotencia::GuardarReporte1Click()
 {
-    const auto fileName = m_dialogs.saveFileName(
-        this, {QStringLiteral("Guardar Reporte"), QStringLiteral("reporte.txt"),
-               QStringLiteral("txt"), QStringLiteral("Texto|*.txt")});
-    if (!fileName)
-        return;
     QString text;
     for (const QString& line : m_log->toPlainText().split(QLatin1Char('\n')))
         text += line + QStringLiteral("\r\n");
-    if (const auto reason = base::writeFile(*fileName, text.toUtf8()))
-        showFailure(*fileName, *reason);
-}
-
-void TPotencia::closeEvent(QCloseEvent* event)
-{
-    FormClose();
-    event->accept();
+    window::save(
+        m_dialogs, *this,
+        {{QStringLiteral("Guardar Reporte"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
+          QStringLiteral("Texto|*.txt")},
+         windowCaption(),
+         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); }});
 }
 
 void TPotencia::logLine(const QString& line)
@@ -257,13 +248,6 @@ void TPotencia::popUpBelow(QMenu& popup, const QPushButton& button) const
                             std::max(area.left(), area.right() + 1 - size.width())),
                  std::clamp(wanted.y(), area.top(),
                             std::max(area.top(), area.bottom() + 1 - size.height()))});
-}
-
-void TPotencia::showFailure(const QString& fileName, const QString& reason)
-{
-    m_dialogs.showError(
-        this, QStringLiteral("No se pudo guardar el archivo %1.\n%2").arg(fileName, reason),
-        windowCaption());
 }
 
 } // namespace power

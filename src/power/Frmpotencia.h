@@ -38,7 +38,7 @@ public:
 public slots:
     void FormActivate() override;
     void FormDeactivate() override;
-    void FormClose();
+    void FormClose() override;
     void BtnCalcularClick();
     void BtnSigClick();
     void N901Click();
@@ -55,8 +55,6 @@ public slots:
     void GuardarReporte1Click();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
-
     /// What the next study is asked for.
     virtual StudySettings settings() const { return m_settings; }
 
@@ -83,7 +81,6 @@ private:
     void setLevel(int percent);
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
-    void showFailure(const QString& fileName, const QString& reason);
 
     window::Dialogs& m_dialogs;
     StudySettings m_settings;

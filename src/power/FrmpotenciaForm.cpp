@@ -156,15 +156,16 @@ QWidget* TPotencia::createSettings()
     m_btnCalcular->setShortcut(Qt::Key_F9);
     m_btnCalcular->setIcon(window::icon(window::Picture::Run));
     m_btnCalcular->setToolTip(QStringLiteral("Calcula las potencias con estas opciones (F9)"));
-    connect(m_btnCalcular, &QPushButton::clicked, this, &TPotencia::BtnCalcularClick);
+    window::connectCommand(m_btnCalcular, &QPushButton::clicked, this,
+                           &TPotencia::BtnCalcularClick);
     m_order = upDownOf(1, QStringLiteral("Tamaño del cuadrado"), 3, 6, 1, m_settings.order);
     connect(m_order, &UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
     connect(m_trials, &UpDown::Click, this, &TPotencia::UpDown2Click);
     m_btnSig = buttonOf(QStringLiteral("BtnSig"), QStringLiteral("Nivel de Significancia 95%"));
-    connect(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
+    window::connectCommand(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
-    connect(m_btnDist, &QPushButton::clicked, this, &TPotencia::BtnDistClick);
+    window::connectCommand(m_btnDist, &QPushButton::clicked, this, &TPotencia::BtnDistClick);
 
     QBoxLayout& counts = panel->first();
     counts.addWidget(m_btnCalcular);

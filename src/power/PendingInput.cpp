@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/PendingInput.h"
 
+#include "window/Asking.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
@@ -29,6 +31,8 @@ public:
 
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
+        if (window::isAsking()) // what was pending has asked something, and has to be answered
+            return false;
         switch (event->type()) {
         case QEvent::Close:
             m_toClose.push_back(receiver);

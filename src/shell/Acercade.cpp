@@ -57,9 +57,23 @@ void TAcerca::setVisible(bool visible)
     QDialog::setVisible(visible);
 }
 
+bool TAcerca::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked && isVisible()) {
+        m_isAside = true;
+        hide();
+    } else if (event->type() == QEvent::WindowUnblocked && m_isAside) {
+        setAttribute(Qt::WA_ShowWithoutActivating);
+        show();
+        setAttribute(Qt::WA_ShowWithoutActivating, false);
+        m_isAside = false;
+    }
+    return QDialog::event(event);
+}
+
 void TAcerca::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous()) {
+    if (!event->spontaneous() && !m_isAside) {
         adjustSize();
         QRect place = rect();
         place.moveCenter(screen()->availableGeometry().center());

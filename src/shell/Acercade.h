@@ -9,6 +9,8 @@ namespace shell {
 
 /// The About box: what the program is, in six lines beside a picture, and a button that closes it.
 /// It stays above the other windows and blocks none of them; it opens in the middle of the screen.
+/// A question that any window puts would be behind it and blocked by it: the box steps aside until
+/// that is answered.
 class TAcerca : public QDialog {
     Q_OBJECT
 
@@ -26,6 +28,7 @@ public slots:
     void BitBtn1Click();
 
 protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -35,6 +38,7 @@ private:
 
     QByteArray m_pictureBytes; ///< Until the box is first shown.
     QLabel* m_picture = nullptr;
+    bool m_isAside = false;
 };
 
 } // namespace shell

@@ -3,12 +3,14 @@
 
 #include "shell/PartNames.h"
 #include "shell/SpanishTexts.h"
+#include "window/Asking.h"
 #include "window/Dialogs.h"
 
 #include <QLibraryInfo>
 #include <QSettings>
 #include <QWidget>
 
+#include <csignal>
 #include <exception>
 
 namespace shell {
@@ -19,6 +21,8 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
 {
     setApplicationName(QStringLiteral("Cuadrado Latino"));
     setDesktopFileName(QStringLiteral("cuadrado-latino"));
+    // A file that grows beyond the size that the system allows is a failed write like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
     // Qt's file dialog would keep its last folder in a settings file; below a device no file can be
     // made, so nothing is kept.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
@@ -28,6 +32,11 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
+    if (window::isBehindQuestion(*receiver, *event)) {
+        event->ignore();
+        window::showQuestion();
+        return true;
+    }
     // Comes to each widget once, before it is first shown.
     if (event->type() == QEvent::Polish && receiver->isWidgetType())
         namePart(static_cast<QWidget&>(*receiver));

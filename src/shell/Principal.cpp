@@ -4,6 +4,8 @@
 #include "analysis/Frmanalisis.h"
 #include "power/Frmpotencia.h"
 #include "shell/Acercade.h"
+#include "shell/ActivationTiling.h"
+#include "shell/Arrangement.h"
 #include "shell/ChildPlace.h"
 #include "shell/StatusLine.h"
 #include "shell/WindowList.h"
@@ -41,6 +43,11 @@ QString powerTip()
         "Estima por simulación la potencia de las cuatro pruebas no paramétricas");
 }
 
+window::ChildWindow* childIn(const QMdiSubWindow& place)
+{
+    return qobject_cast<window::ChildWindow*>(place.widget());
+}
+
 /// Qt knows one key or the other, by the desktop.
 void setCloseKeys(const QMdiSubWindow& subWindow)
 {
@@ -56,6 +63,7 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     , m_dialogs(dialogs)
     , m_area(new QMdiArea(this))
     , m_about(new TAcerca(this))
+    , m_tiling(new ActivationTiling(*m_area, this))
 {
     setObjectName(QStringLiteral("Principal"));
     setWindowTitle(QStringLiteral("Cuadrado Latino"));
@@ -157,19 +165,42 @@ void TPrincipal::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::ActivationChange)
         return;
-    if (!isActiveWindow())
-        m_leftForOwnDialog =
-            QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
-    else if (!m_leftForOwnDialog)
-        FormActivate();
+    if (isActiveWindow()) {
+        if (!m_leftForOwnDialog)
+            FormActivate();
+        return;
+    }
+    m_leftForOwnDialog =
+        QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
+    if (!m_leftForOwnDialog)
+        m_tiling->frameLeft();
 }
 
 void TPrincipal::closeEvent(QCloseEvent* event)
 {
-    m_area->closeAllSubWindows();
-    event->setAccepted(m_area->subWindowList().isEmpty());
-    if (event->isAccepted())
-        m_about->close();
+    event->setAccepted(everyChildMayClose());
+    if (!event->isAccepted())
+        return;
+    for (const QMdiSubWindow* place : m_area->subWindowList())
+        childIn(*place)->closeUnasked();
+    m_about->close();
+}
+
+/// Asks the children one after the other, the one in front first, before any of them closes. The
+/// first that stays ends it, with every window as it was.
+bool TPrincipal::everyChildMayClose()
+{
+    const Arrangement before(*m_area);
+    QList<QPointer<window::ChildWindow>> children;
+    for (const QMdiSubWindow* place : m_area->subWindowList(QMdiArea::ActivationHistoryOrder))
+        children.prepend(childIn(*place));
+    for (const QPointer<window::ChildWindow>& child : children) {
+        if (child && !child->mayClose()) {
+            before.restore(*m_area);
+            return false;
+        }
+    }
+    return true;
 }
 
 void TPrincipal::createMenus()
@@ -237,7 +268,7 @@ void TPrincipal::createToolBar()
     const auto addButton = [this, bar](const window::Command& command,
                                        void (TPrincipal::*handler)()) {
         QToolButton* button = window::createButton(command, bar);
-        connect(button, &QToolButton::clicked, this, handler);
+        window::connectCommand(button, &QToolButton::clicked, this, handler);
         bar->addWidget(button);
     };
     addButton({QStringLiteral("SpeedButton1"), QStringLiteral("Nuevo Editor"), editorTip(),
@@ -279,6 +310,8 @@ void TPrincipal::adopt(window::ChildWindow* child, Show show)
     m_area->addSubWindow(place);
     setCloseKeys(*place);
     connect(child, &window::ChildWindow::closeRequested, place, &ChildPlace::close);
+    connect(child, &window::ChildWindow::frontRequested, this,
+            [this, place] { bringToFront(place); });
     if (show == Show::Maximised)
         place->showMaximized();
     else
@@ -305,15 +338,22 @@ void TPrincipal::activateNeighbour(int distance)
             children.at((active + distance + children.size()) % children.size()));
 }
 
+void TPrincipal::bringToFront(QMdiSubWindow* place)
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    m_area->setActiveSubWindow(place);
+    if (place->isMinimized())
+        place->showNormal();
+}
+
 void TPrincipal::FormActivate()
 {
-    m_area->tileSubWindows();
+    m_tiling->frameActivated();
 }
 
 void TPrincipal::subWindowActivated(QMdiSubWindow* subWindow)
 {
-    auto* child =
-        subWindow == nullptr ? nullptr : qobject_cast<window::ChildWindow*>(subWindow->widget());
+    window::ChildWindow* child = subWindow == nullptr ? nullptr : childIn(*subWindow);
     if (child == m_activeChild)
         return;
     // What the one says last is not to be read before the other's first word.

@@ -19,6 +19,7 @@ class Dialogs;
 
 namespace shell {
 
+class ActivationTiling;
 class StatusLine;
 class TAcerca;
 
@@ -26,8 +27,8 @@ class TAcerca;
 ///
 /// Children are created by the handlers below and live until they are closed. The menu of the
 /// active child stands in the bar between "Archivo" and "Ventana". Each time the frame becomes the
-/// active window of the desktop it tiles its children. Closing the frame closes every child; one
-/// that does not close keeps the frame open.
+/// active window of the desktop it tiles its children. Closing the frame closes every child, once
+/// all have agreed; where one does not, every window stays as it was.
 class TPrincipal : public QMainWindow {
     Q_OBJECT
 
@@ -63,6 +64,8 @@ private:
     void adoptEditor(square::TEditor* editor);
     void openSystemMenu();
     void activateNeighbour(int distance);
+    void bringToFront(QMdiSubWindow* place);
+    bool everyChildMayClose();
     void FormActivate();
     void subWindowActivated(QMdiSubWindow* subWindow);
 
@@ -70,6 +73,7 @@ private:
     window::HandOff m_handOff;
     QMdiArea* m_area = nullptr;
     TAcerca* m_about = nullptr;
+    ActivationTiling* m_tiling = nullptr;
     StatusLine* m_status = nullptr;
     QMenu* m_windowMenu = nullptr;
     QPointer<window::ChildWindow> m_activeChild;

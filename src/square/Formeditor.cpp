@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "square/Formeditor.h"
 
+#include "base/SafeFile.h"
 #include "grid/NTabEd.h"
 #include "square/Freeze.h"
 #include "square/GridFile.h"
@@ -11,8 +12,8 @@
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
+#include "window/Saving.h"
 
-#include <QCloseEvent>
 #include <QLineEdit>
 #include <QPointer>
 
@@ -99,27 +100,28 @@ void TEditor::FormDeactivate()
     emit statusText(QStringLiteral("Listo."));
 }
 
-void TEditor::closeEvent(QCloseEvent* event)
+void TEditor::FormClose()
 {
-    event->setAccepted(FormClose());
+    if (!m_handedOver) // the analysis window has the status line now
+        emit statusText(QStringLiteral("Listo"));
 }
 
-/// @return whether the editor may go.
-bool TEditor::FormClose()
+bool TEditor::mayClose()
 {
-    // The analysis window has the square and the status line now.
-    if (m_handedOver && m_saved)
-        return true;
     if (!m_datos->commitEdit())
         return false;
-    if (!m_saved) {
-        const bool wanted =
-            m_dialogs.askYesNo(this, QStringLiteral("Desea guardar los cambios?"), editorCaption());
-        if (wanted && !save())
-            return false;
+    if (m_saved)
+        return true;
+    emit frontRequested();
+    switch (
+        m_dialogs.askYesNo(this, QStringLiteral("Desea guardar los cambios?"), editorCaption())) {
+    case window::Answer::Yes:
+        return save();
+    case window::Answer::No:
+        return true;
+    default:
+        return false;
     }
-    emit statusText(QStringLiteral("Listo"));
-    return true;
 }
 
 void TEditor::Cargar1Click()
@@ -139,18 +141,25 @@ void TEditor::GuardaryAnalizar1Click()
     if (!m_datos->commitEdit() || !save())
         return;
     m_handOff.pendingFileName = m_fileName;
-    m_handedOver = true;
-    const QPointer<TEditor> self(this); // whoever answers may delete the editor
+    m_handOff.fileOpened = false;
+    const QPointer<TEditor> stillThere(this); // whoever answers may delete the editor
     emit analysisRequested();
-    if (self)
-        emit closeRequested();
+    if (!stillThere)
+        return;
+    m_handOff.pendingFileName.clear();
+    // The file may have been written and yet not be readable: then the square is only here.
+    if (!m_handOff.fileOpened)
+        return;
+    m_handedOver = true;
+    closeUnasked();
 }
 
 void TEditor::NumTratamientosClick()
 {
+    const QPointer<TEditor> stillThere(this);
     if (m_datos->commitEdit())
         setOrder(m_numTratamientos->Position());
-    else
+    else if (stillThere)
         m_numTratamientos->setPosition(m_refTratamientos->NrOfColumns());
 }
 
@@ -196,9 +205,9 @@ void TEditor::aleatorizar()
 /// Asks for a file and shows it. @return whether it is there; otherwise nothing has changed
 bool TEditor::load()
 {
+    m_handOff.fileOpened = false;
     const std::optional<QString> fileName =
         m_dialogs.openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
-    m_handOff.fileOpened = fileName.has_value();
     if (!fileName)
         return false;
     const LoadedSquare loaded = loadSquare(*fileName);
@@ -206,11 +215,11 @@ bool TEditor::load()
     if (loaded.data)
         problem = showLoaded(*loaded.data);
     if (!problem.isEmpty()) {
-        m_handOff.fileOpened = false;
         m_dialogs.showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
         return false;
     }
-    rememberFile(*fileName);
+    m_handOff.fileOpened = true;
+    rememberFile(*fileName, loaded.fingerprint);
     return true;
 }
 
@@ -233,30 +242,36 @@ QString TEditor::showLoaded(const SquareData& square)
     return {};
 }
 
-/// Writes the square to its file, or to the one that the user is asked for.
-/// @return whether it was written; otherwise the user knows why
+/// Writes the square to its file, or to one that the user is asked for.
+/// @return whether a file holds it now
 bool TEditor::save()
 {
-    std::optional<QString> fileName = m_fileName;
-    if (m_fileName.isEmpty())
-        fileName =
-            m_dialogs.saveFileName(this, squareFileRequest(QStringLiteral("Guardar Archivo")));
+    if (isOnDisk())
+        return true;
+    const std::optional<QString> fileName =
+        window::save(m_dialogs, *this,
+                     {squareFileRequest(QStringLiteral("Guardar Archivo")), editorCaption(),
+                      [this](const QString& chosen) { return Export(*m_datos, chosen); }},
+                     m_fileName);
     if (!fileName)
         return false;
-    if (const auto reason = Export(*m_datos, *fileName)) {
-        m_dialogs.showError(
-            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(*fileName, *reason),
-            editorCaption());
-        return false;
-    }
-    rememberFile(*fileName);
+    rememberFile(*fileName, base::fingerprint(*fileName));
     emit statusText(encodingChangesValues(squareOf(*m_datos)) ? roundedNotice() : invitation());
     return true;
 }
 
-void TEditor::rememberFile(const QString& fileName)
+/// Whether the file still is what was loaded or saved, and the square too. Another program, or
+/// another editor, may have written to it.
+bool TEditor::isOnDisk() const
+{
+    return m_saved && !m_fileFingerprint.isEmpty() &&
+           base::fingerprint(m_fileName) == m_fileFingerprint;
+}
+
+void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint)
 {
     m_fileName = fileName;
+    m_fileFingerprint = fingerprint;
     setWindowTitle(window::fileCaption(editorCaption(), fileName));
     m_saved = true;
 }

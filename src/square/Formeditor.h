@@ -22,8 +22,9 @@ class UpDown;
 /// the file that they are saved in and loaded from.
 ///
 /// Every command first takes over the cell that is being edited, and does nothing when its text is
-/// refused. A save that fails tells the user why and leaves file, caption and Saved() as they were;
-/// so does a file that cannot be loaded.
+/// refused. A file that holds what the editor shows is not written again. A save that fails tells
+/// the user why and asks for another name; given up it leaves file, caption and Saved() as they
+/// were. So does a file that cannot be loaded.
 class TEditor : public window::ChildWindow {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ public:
     QMenu* menu() const override { return m_menu; }
     void FormActivate() override;
     void FormDeactivate() override;
+    void FormClose() override;
+    bool mayClose() override;
 
     /// Whether the grids hold nothing unsaved. False for a new square, though nothing was typed.
     bool Saved() const { return m_saved; }
@@ -47,8 +50,8 @@ public:
 public slots:
     void Cargar1Click();
     void Guardar1Click();
-    /// Saves, leaves the file name in the hand-off, asks for an analysis window and then for its
-    /// own close, which then neither asks nor writes to the status line.
+    /// Saves, leaves the file name in the hand-off, asks for an analysis window and, once that has
+    /// the square, for its own close, which neither asks nor writes to the status line.
     void GuardaryAnalizar1Click();
     void NumTratamientosClick();
     void NFilasChange();
@@ -60,11 +63,9 @@ public slots:
     void aleatorizar();
 
 signals:
-    /// The file named in the hand-off is ready to be analysed. closeRequested() follows.
+    /// The file named in the hand-off is ready to be analysed. closeRequested() follows where
+    /// HandOff::fileOpened says that an analysis window has opened it.
     void analysisRequested();
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void createControls();
@@ -74,12 +75,12 @@ private:
     void connectControls();
 
     void FormCreate(bool openFile);
-    bool FormClose();
 
     bool load();
     bool save();
+    bool isOnDisk() const;
     QString showLoaded(const SquareData& square);
-    void rememberFile(const QString& fileName);
+    void rememberFile(const QString& fileName, const QByteArray& fingerprint);
     void setOrder(int order);
     void DatosResized(int columns);
     void nameColumns(grid::TNTabEd& table) const;
@@ -98,6 +99,7 @@ private:
     QString m_rowPrefix;    ///< Of the names that the rows have now.
     QString m_columnPrefix; ///< Of the names that the columns have now.
     QString m_fileName;
+    QByteArray m_fileFingerprint; ///< Of the file as it was last loaded or saved.
     bool m_saved = false;
     bool m_handedOver = false; ///< "Guardar y Analizar" has left the file to an analysis window.
 };

@@ -11,8 +11,8 @@ namespace window {
 ///
 /// The frame shows menu() in its bar while the child is active, writes statusText() into its status
 /// line, and calls FormActivate() and FormDeactivate() as the child becomes or ceases to be the
-/// active one. A child closes through its closeEvent(): an ignored event keeps it, and the frame,
-/// open; closeRequested() asks the frame to close the child's place in it.
+/// active one. A child that is asked to close lets mayClose() decide, and stays, and keeps the
+/// frame open, where it says no; closeRequested() asks the frame to close the child's place in it.
 class ChildWindow : public QWidget {
     Q_OBJECT
 
@@ -25,10 +25,27 @@ public:
 
     virtual void FormActivate() = 0;
     virtual void FormDeactivate() = 0;
+    /// The child is closing: its last words to the status line.
+    virtual void FormClose() = 0;
+
+    /// Whether the child may close now. One with unsaved data asks its user, and saves them where
+    /// he wants that; nothing else about it changes.
+    virtual bool mayClose() { return true; }
+
+    /// Closes without asking, after mayClose().
+    void closeUnasked();
 
 signals:
     void statusText(const QString& text);
     void closeRequested();
+    /// The child is about to ask something that the user can answer only with the child in view.
+    void frontRequested();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    bool m_wasAsked = false;
 };
 
 } // namespace window

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "window/Asking.h"
 #include "window/Icons.h"
 
 #include <QAction>
@@ -20,6 +21,19 @@ struct Command {
     QKeySequence shortcut = {};
 };
 
+/// Connects a signal by which the user gives a command with what carries it out. While a question
+/// is open it is not carried out: assistive technology reaches the windows behind.
+template <typename Sender, typename Signal, typename Receiver>
+void connectCommand(Sender* sender, Signal signal, Receiver* receiver, void (Receiver::*handler)())
+{
+    QObject::connect(sender, signal, receiver, [receiver, handler] {
+        if (isAsking())
+            showQuestion();
+        else
+            (receiver->*handler)();
+    });
+}
+
 /// A new entry at the end of a menu.
 QAction* addEntry(QMenu& menu, const Command& command);
 
@@ -29,7 +43,7 @@ QAction* addEntry(QMenu& menu, const Command& command, Receiver* receiver,
                   void (Receiver::*handler)())
 {
     QAction* entry = addEntry(menu, command);
-    QObject::connect(entry, &QAction::triggered, receiver, handler);
+    connectCommand(entry, &QAction::triggered, receiver, handler);
     return entry;
 }
 

@@ -23,10 +23,19 @@ struct FileRequest {
     std::function<QString(const QString& chosen)> writtenName = {};
 };
 
+/// What came of a question with Yes and No.
+enum class Answer {
+    Yes,
+    No,
+    None, ///< The question went unanswered, with its window or at the end of the program.
+};
+
 /// Every question that a window puts to its user. The program passes QtDialogs, a test an object
 /// that answers by script.
 ///
-/// All calls are modal over `parent` and return once answered.
+/// All calls are modal over `parent` and return once answered. Nothing else reaches the windows
+/// meanwhile (see Asking.h), but where `parent` is gone all the same by then, the call returns as
+/// cancelled: a window that does nothing on a cancelled question touches nothing that is dead.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
@@ -34,14 +43,14 @@ public:
     /// An error box: icon, `text`, an OK button; `caption` is its title.
     virtual void showError(QWidget* parent, const QString& text, const QString& caption) = 0;
 
-    /// A question box with Yes and No and no way past them. @return true for Yes.
-    virtual bool askYesNo(QWidget* parent, const QString& text, const QString& caption) = 0;
+    /// A question box with Yes and No and no way past them.
+    virtual Answer askYesNo(QWidget* parent, const QString& text, const QString& caption) = 0;
 
     /// The existing file that the user chose; nothing when the dialog was cancelled.
     virtual std::optional<QString> openFileName(QWidget* parent, const FileRequest& request) = 0;
 
-    /// The file to be written that the user chose, overwriting agreed to where the request wants
-    /// it; nothing when the dialog was cancelled.
+    /// The file to be written that the user chose, in a folder that exists, overwriting agreed to
+    /// where the request wants it; nothing when the dialog was cancelled.
     virtual std::optional<QString> saveFileName(QWidget* parent, const FileRequest& request) = 0;
 
     /// One line of text, `text` at first; nothing when cancelled.

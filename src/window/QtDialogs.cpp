@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/QtDialogs.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTreeView>
+
+#include <utility>
 
 namespace window {
 
@@ -51,27 +56,73 @@ void widenFileList(QFileDialog& dialog)
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// A dialog for the time that it is open. It may go before that, along with its parent.
+template <typename Dialog>
+class Modal {
+public:
+    template <typename... Arguments>
+    explicit Modal(Arguments&&... arguments)
+        : m_dialog(new Dialog(std::forward<Arguments>(arguments)...))
+    {
+    }
+    ~Modal() { delete m_dialog; }
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
+
+    Dialog* operator->() const { return m_dialog; }
+    Dialog& operator*() const { return *m_dialog; }
+
+    /// @return whether it was answered, in whatever way, and is still there
+    bool run()
+    {
+        m_dialog->exec();
+        return m_dialog != nullptr;
+    }
+    bool isAccepted() { return run() && m_dialog->result() == QDialog::Accepted; }
+
+private:
+    QPointer<Dialog> m_dialog;
+};
+
+QLineEdit* fileNameEdit(const QFileDialog& dialog)
+{
+    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+/// Offers a name to change or confirm; as it is, where its folder does not exist and the dialog has
+/// nothing to show for it.
+void offerName(QFileDialog& dialog, const QString& fileName)
+{
+    QLineEdit* edit = fileNameEdit(dialog);
+    if (edit == nullptr || QFileInfo(fileName).dir().exists()) {
+        dialog.selectFile(fileName);
+        return;
+    }
+    edit->setText(fileName);
+    edit->selectAll();
+}
+
 std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request,
                                      QFileDialog::AcceptMode mode)
 {
     FileKinds kinds; // outlives the dialog
-    QFileDialog dialog(parent, request.title);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
-    dialog.setAcceptMode(mode);
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                       : QFileDialog::AnyFile);
-    dialog.setIconProvider(&kinds);
-    if (auto* splitter = dialog.findChild<QSplitter*>())
+    Modal<QFileDialog> dialog(parent, request.title);
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                        : QFileDialog::AnyFile);
+    dialog->setIconProvider(&kinds);
+    if (auto* splitter = dialog->findChild<QSplitter*>())
         splitter->setAccessibleName(QStringLiteral("Lugares y archivos"));
-    dialog.setNameFilter(nameFilter(request.filter));
-    dialog.setDefaultSuffix(request.suffix);
-    widenFileList(dialog);
+    dialog->setNameFilter(nameFilter(request.filter));
+    dialog->setDefaultSuffix(request.suffix);
+    widenFileList(*dialog);
     if (!request.fileName.isEmpty())
-        dialog.selectFile(request.fileName);
-    if (dialog.exec() != QDialog::Accepted)
+        offerName(*dialog, request.fileName);
+    if (!dialog.isAccepted())
         return std::nullopt;
-    return dialog.selectedFiles().constFirst();
+    return dialog->selectedFiles().constFirst();
 }
 
 /// Says what the picture of a box says to those who see it.
@@ -81,27 +132,33 @@ void namePicture(const QMessageBox& box, const QString& name)
         picture->setAccessibleName(name);
 }
 
+QString missingFolder(const QString& fileName)
+{
+    return QStringLiteral("La carpeta «%1» no existe.").arg(QFileInfo(fileName).absolutePath());
+}
+
 } // namespace
 
 void QtDialogs::showError(QWidget* parent, const QString& text, const QString& caption)
 {
-    QMessageBox box(QMessageBox::Critical, caption, text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    namePicture(box, QStringLiteral("Error"));
-    box.exec();
+    Modal<QMessageBox> box(QMessageBox::Critical, caption, text, QMessageBox::Ok, parent);
+    box->setTextFormat(Qt::PlainText);
+    namePicture(*box, QStringLiteral("Error"));
+    box.run();
 }
 
-bool QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
+Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
 {
-    QMessageBox box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
-    box.setTextFormat(Qt::PlainText);
-    namePicture(box, QStringLiteral("Pregunta"));
+    Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
+    box->setTextFormat(Qt::PlainText);
+    namePicture(*box, QStringLiteral("Pregunta"));
     // Neither button takes the reject role, so Escape and the box's close button answer nothing.
-    const QPushButton* yes = box.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
-    box.addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
-    while (box.clickedButton() == nullptr)
-        box.exec();
-    return box.clickedButton() == yes;
+    const QPushButton* yes = box->addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    const QPushButton* no = box->addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
+    if (!box.run())
+        return Answer::None;
+    const QAbstractButton* clicked = box->clickedButton();
+    return clicked == yes ? Answer::Yes : clicked == no ? Answer::No : Answer::None;
 }
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
@@ -109,49 +166,59 @@ std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileReques
     return runFileDialog(parent, request, QFileDialog::AcceptOpen);
 }
 
+/// The dialog comes back, with the name, after a name that cannot be taken.
 std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileRequest& request)
 {
-    if (request.confirmOverwrite && request.writtenName)
-        return saveUnderWrittenName(parent, request);
-    return runFileDialog(parent, request, QFileDialog::AcceptSave);
-}
-
-/// The file dialog would ask about the name as it was chosen, so the question is put after it; on
-/// No the dialog comes back with that name.
-std::optional<QString> QtDialogs::saveUnderWrittenName(QWidget* parent, const FileRequest& request)
-{
-    FileRequest unasked = request;
-    unasked.confirmOverwrite = false;
-    while (const std::optional<QString> chosen = saveFileName(parent, unasked)) {
-        const QFileInfo target(request.writtenName(*chosen));
-        if (!target.exists() ||
-            askYesNo(parent,
-                     QStringLiteral("El archivo «%1» ya existe.\n¿Desea reemplazarlo?")
-                         .arg(target.fileName()),
-                     request.title))
+    const QPointer<QWidget> stillThere(parent);
+    FileRequest next = request;
+    // The file dialog would ask about the name as it was chosen.
+    const bool asksHere = request.confirmOverwrite && request.writtenName;
+    next.confirmOverwrite = request.confirmOverwrite && !asksHere;
+    while (const std::optional<QString> chosen =
+               runFileDialog(parent, next, QFileDialog::AcceptSave)) {
+        if (!QFileInfo(*chosen).dir().exists())
+            showError(parent, missingFolder(*chosen), request.title);
+        else if (!asksHere ||
+                 agreesToOverwrite(parent, request.writtenName(*chosen), request.title))
             return chosen;
-        unasked.fileName = *chosen;
+        if (parent != nullptr && stillThere == nullptr)
+            return std::nullopt;
+        next.fileName = *chosen;
     }
     return std::nullopt;
+}
+
+bool QtDialogs::agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title)
+{
+    const QFileInfo file(fileName);
+    return !file.exists() || askYesNo(parent,
+                                      QStringLiteral("El archivo «%1» ya existe.\n¿Desea "
+                                                     "reemplazarlo?")
+                                          .arg(file.fileName()),
+                                      title) == Answer::Yes;
 }
 
 std::optional<QString> QtDialogs::editLine(QWidget* parent, const QString& caption,
                                            const QString& label, const QString& text)
 {
-    QInputDialog dialog(parent);
-    dialog.setWindowTitle(caption);
-    dialog.setLabelText(label);
-    dialog.setTextValue(text);
-    dialog.resize(dialog.fontMetrics().averageCharWidth() * 80, dialog.sizeHint().height());
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
+    Modal<QInputDialog> dialog(parent);
+    dialog->setWindowTitle(caption);
+    dialog->setLabelText(label);
+    dialog->setTextValue(text);
+    dialog->resize(dialog->fontMetrics().averageCharWidth() * 80, dialog->sizeHint().height());
+    return dialog.isAccepted() ? std::optional(dialog->textValue()) : std::nullopt;
 }
 
 std::optional<int> QtDialogs::editInteger(QWidget* parent, const QString& caption,
                                           const QString& label, int value, int low, int high)
 {
-    bool accepted = false;
-    const int edited = QInputDialog::getInt(parent, caption, label, value, low, high, 1, &accepted);
-    return accepted ? std::optional(edited) : std::nullopt;
+    Modal<QInputDialog> dialog(parent);
+    dialog->setInputMode(QInputDialog::IntInput);
+    dialog->setWindowTitle(caption);
+    dialog->setLabelText(label);
+    dialog->setIntRange(low, high);
+    dialog->setIntValue(value);
+    return dialog.isAccepted() ? std::optional(dialog->intValue()) : std::nullopt;
 }
 
 } // namespace window

@@ -10,7 +10,7 @@ namespace window {
 class QtDialogs final : public Dialogs {
 public:
     void showError(QWidget* parent, const QString& text, const QString& caption) override;
-    bool askYesNo(QWidget* parent, const QString& text, const QString& caption) override;
+    Answer askYesNo(QWidget* parent, const QString& text, const QString& caption) override;
     std::optional<QString> openFileName(QWidget* parent, const FileRequest& request) override;
     std::optional<QString> saveFileName(QWidget* parent, const FileRequest& request) override;
     std::optional<QString> editLine(QWidget* parent, const QString& caption, const QString& label,
@@ -19,7 +19,7 @@ public:
                                    int value, int low, int high) override;
 
 private:
-    std::optional<QString> saveUnderWrittenName(QWidget* parent, const FileRequest& request);
+    bool agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title);
 };
 
 } // namespace window

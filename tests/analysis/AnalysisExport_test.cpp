@@ -28,16 +28,21 @@ protected:
         window->menu()->actions().constFirst()->trigger();
     }
 
-    /// One box that names the file and gives a reason; the window is as before.
+    /// One box that names the file and gives a reason, and the dialog again with the name; the
+    /// window is as before.
     void expectRefused(const QString& fileName)
     {
         const QString caption = window->windowTitle();
         const QString text = report().toPlainText();
         const bool exact = ve().isEnabled();
         dialogs.errors.clear();
+        dialogs.saveRequests.clear();
         statusTexts.clear();
-        exportTo(fileName);
+        dialogs.saveAnswers.push_back(fileName);
+        exportTo(std::nullopt); // the dialog comes back, and is cancelled
         ASSERT_EQ(dialogs.errors.size(), 1U) << fileName.toStdString();
+        ASSERT_EQ(dialogs.saveRequests.size(), 2U);
+        EXPECT_EQ(dialogs.saveRequests[1].fileName, fileName);
         EXPECT_EQ(dialogs.errors[0].caption, QStringLiteral("Análisis"));
         EXPECT_TRUE(dialogs.errors[0].text.contains(fileName))
             << dialogs.errors[0].text.toStdString();

@@ -287,7 +287,7 @@ TEST_F(Grafica, CancelledDialogsWriteNothing)
 TEST_F(Grafica, FailedSavesNameTheFileAndTheReason)
 {
     showC();
-    dialogs.saveAnswers = {path("no/a.b.dat"), path("no/datos.txt")};
+    dialogs.saveAnswers = {path("no/a.b.dat"), std::nullopt, path("no/datos.txt"), std::nullopt};
     entry("GuardarGrfica1").trigger();
     entry("GuardarDatos1").trigger();
     ASSERT_EQ(dialogs.errors.size(), 2U);
@@ -300,7 +300,7 @@ TEST_F(Grafica, ChartOfNoSizeIsAnErrorBox)
 {
     showC();
     lower().resize(500, 0);
-    dialogs.saveAnswers = {path("a.bmp")};
+    dialogs.saveAnswers = {path("a.bmp"), std::nullopt};
     entry("GuardaGrficaAcumulada1").trigger();
     entry("Copiar1").trigger();
     ASSERT_EQ(dialogs.errors.size(), 2U);

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
-# With GUI its main() makes a QApplication; without, only a plain one.
+# With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one.
 function(add_layer_test name)
-    cmake_parse_arguments(arg "GUI" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "GUI" "MAIN;TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
     string(REPLACE "." "_" target test_${name})
     add_executable(${target} ${arg_SOURCES})
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
@@ -15,7 +15,10 @@ function(add_layer_test name)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
         # Pressing keys needs no optimiser, and GoogleTest's macros take it half the build.
         target_compile_options(${target} PRIVATE -O0)
-        target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/gui_main.cpp)
+        if(NOT arg_MAIN)
+            set(arg_MAIN ${PROJECT_SOURCE_DIR}/tests/support/gui_main.cpp)
+        endif()
+        target_sources(${target} PRIVATE ${arg_MAIN})
         target_link_libraries(${target} PRIVATE Qt6::Widgets Qt6::Test)
     else()
         target_link_libraries(${target} PRIVATE GTest::gtest_main)

@@ -267,9 +267,13 @@ TEST_F(PowerWindow, SavesTheGraph)
 TEST_F(PowerWindow, AFailedSaveNamesFileAndReason)
 {
     const QString nowhere = QStringLiteral("/nonexistent/folder/x.txt");
-    dialogs.saveAnswers = {nowhere, QStringLiteral("/nonexistent/folder/x.bmp")};
+    dialogs.saveAnswers = {nowhere, std::nullopt, QStringLiteral("/nonexistent/folder/x"),
+                           std::nullopt};
     window->GuardarReporte1Click();
     window->GuardarGrafica1Click();
+    ASSERT_EQ(dialogs.saveRequests.size(), 4U); // each comes back with the name
+    EXPECT_EQ(dialogs.saveRequests[1].fileName, nowhere);
+    EXPECT_EQ(dialogs.saveRequests[3].fileName, QStringLiteral("/nonexistent/folder/x"));
     ASSERT_EQ(dialogs.errors.size(), 2U);
     EXPECT_TRUE(dialogs.errors[0].text.contains(nowhere));
     EXPECT_TRUE(dialogs.errors[1].text.contains(QStringLiteral("x.bmp")));
@@ -281,7 +285,7 @@ TEST_F(PowerWindow, AFailedSaveNamesFileAndReason)
     old.write("old");
     old.close();
     click(button("BtnCalcular"));
-    dialogs.saveAnswers = {name};
+    dialogs.saveAnswers = {name, std::nullopt};
     {
         const FileSizeLimit full(100);
         window->GuardarReporte1Click();

@@ -1,13 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/Principal.h"
+#include "shell/PrincipalFixture.h"
 
-#include "support/ScriptedDialogs.h"
-#include "support/Text.h"
-#include "window/ChildWindow.h"
-
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QLabel>
@@ -28,81 +21,6 @@ const QString editorStatus = QStringLiteral("Puede manejar archivos de datos par
                                             "opción 'Guardar y Analizar'");
 const QString analysisStatus =
     QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
-
-class Principal : public ::testing::Test {
-protected:
-    Principal()
-    {
-        frame.show();
-        QApplication::setActiveWindow(&frame);
-        QApplication::processEvents();
-    }
-
-    QMdiArea& area() { return *frame.findChild<QMdiArea*>(); }
-    QList<QMdiSubWindow*> children() { return area().subWindowList(); }
-    QString status() { return frame.findChild<QLabel*>(QStringLiteral("Status"))->text(); }
-    QString sample(const char* name) const
-    {
-        return QStringLiteral(CL_SOURCE_DIR "/ejemplos/") + QString::fromUtf8(name);
-    }
-
-    QStringList bar()
-    {
-        QStringList titles;
-        for (const QAction* action : frame.menuBar()->actions())
-            titles << action->text();
-        return titles;
-    }
-
-    /// The entry at the end of a path of menus, such as {"&Archivo", "&Nuevo", "..."}.
-    QAction* entry(const QStringList& path)
-    {
-        QList<QAction*> level = frame.menuBar()->actions();
-        QAction* found = nullptr;
-        for (const QString& text : path) {
-            found = nullptr;
-            for (QAction* action : level) {
-                if (action->text() == text)
-                    found = action;
-            }
-            if (found == nullptr)
-                return nullptr;
-            if (found->menu() != nullptr)
-                level = found->menu()->actions();
-        }
-        return found;
-    }
-
-    /// Every entry of a menu and its submenus, separators left out.
-    static QList<QAction*> entriesBelow(const QMenu& menu)
-    {
-        QList<QAction*> entries;
-        for (QAction* action : menu.actions()) {
-            if (!action->isSeparator())
-                entries << action;
-            if (action->menu() != nullptr)
-                entries += entriesBelow(*action->menu());
-        }
-        return entries;
-    }
-
-    void closeUnsaved(QMdiSubWindow* child)
-    {
-        dialogs.yesNoAnswers.push_back(false);
-        child->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    void openSample(const char* name)
-    {
-        dialogs.openAnswers.push_back(sample(name));
-        frame.AbrirArchivo1Click();
-    }
-
-    QTemporaryDir folder;
-    ScriptedDialogs dialogs;
-    shell::TPrincipal frame{dialogs};
-};
 
 } // namespace
 
@@ -233,25 +151,6 @@ TEST_F(Principal, SaveAndAnalyseReplacesTheEditorByAnAnalysis)
     EXPECT_EQ(status(), analysisStatus);
 }
 
-TEST_F(Principal, ClosingAsksEveryUnsavedEditorAndOneThatStaysKeepsTheFrame)
-{
-    frame.NuevoArchivo1Click();
-    openSample("orden3.asc");
-    frame.NuevoArchivo1Click();
-
-    dialogs.yesNoAnswers = {false, true};
-    dialogs.saveAnswers = {std::nullopt}; // asked for a name, the user thinks again
-    EXPECT_FALSE(frame.close());
-    EXPECT_TRUE(frame.isVisible());
-    EXPECT_EQ(dialogs.questions.size(), 2U);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(children().size(), 1);
-
-    dialogs.yesNoAnswers = {false};
-    EXPECT_TRUE(frame.close());
-    EXPECT_FALSE(frame.isVisible());
-}
-
 TEST_F(Principal, WindowMenuListsTheChildrenAndActivatesTheChosenOne)
 {
     frame.NuevoArchivo1Click();
@@ -301,33 +200,6 @@ TEST_F(Principal, CascadeAndTileLayOutTheChildren)
     EXPECT_FALSE(first.intersects(second));
     entry({QStringLiteral("&Ventana"), QStringLiteral("&Cascada")})->trigger();
     EXPECT_TRUE(children().at(0)->geometry().intersects(children().at(1)->geometry()));
-}
-
-TEST_F(Principal, ActivatingTheFrameTilesItsChildren)
-{
-    frame.NuevoArchivo1Click();
-    frame.NuevoArchivo1Click();
-    frame.Cascada1Click();
-    QWidget other;
-    other.show();
-    QApplication::setActiveWindow(&other);
-    QApplication::setActiveWindow(&frame);
-    EXPECT_FALSE(children().at(0)->geometry().intersects(children().at(1)->geometry()));
-}
-
-TEST_F(Principal, ReturningFromItsOwnDialogDoesNotTile)
-{
-    frame.NuevoArchivo1Click();
-    frame.NuevoArchivo1Click();
-    frame.Cascada1Click();
-    const QRect before = children().at(0)->geometry();
-    QDialog dialog(&frame);
-    dialog.setModal(true);
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    dialog.close();
-    QApplication::setActiveWindow(&frame);
-    EXPECT_EQ(children().at(0)->geometry(), before);
 }
 
 TEST_F(Principal, EveryEntryOfEveryBarHasATipAndEveryShortcutIsUnique)
@@ -418,20 +290,6 @@ TEST_F(Principal, AboutBoxIsHiddenAtFirstBlocksNothingAndGoesWithTheFrame)
     dialogs.yesNoAnswers = {false};
     EXPECT_TRUE(frame.close());
     EXPECT_FALSE(about->isVisible());
-}
-
-TEST_F(Principal, ReturningFromTheAboutBoxDoesNotTile)
-{
-    frame.NuevoArchivo1Click();
-    frame.NuevoArchivo1Click();
-    frame.Cascada1Click();
-    const QRect before = children().at(0)->geometry();
-    frame.Acercade1Click();
-    auto* about = frame.findChild<QDialog*>(QStringLiteral("Acerca"));
-    QApplication::setActiveWindow(about);
-    about->close();
-    QApplication::setActiveWindow(&frame);
-    EXPECT_EQ(children().at(0)->geometry(), before);
 }
 
 TEST_F(Principal, BothUsualKeysCloseTheActiveChild)

@@ -38,6 +38,20 @@ TEST_F(EditorFiles, AnEditorThatWasHandedOverAndStayedStillAsksForWhatIsTyped)
     EXPECT_EQ(m_dialogs.questions.size(), 1U);
 }
 
+TEST_F(EditorFiles, TheEditorStaysWhereNoAnalysisCouldOpenItsFile)
+{
+    openWith(ofOrder3());
+    enterIntoCell(1, 1, "2");
+    m_analysisStands = false;
+    action("GuardaryAnalizar1").trigger();
+    EXPECT_EQ(m_requests, QStringList(utf8("analyse ") + path("a.asc")));
+    EXPECT_EQ(m_handOff.pendingFileName, QString());
+    EXPECT_TRUE(m_editor->Saved());
+    EXPECT_EQ(datos().value(1, 1), 2.0);
+    EXPECT_TRUE(close());
+    EXPECT_EQ(m_status.last(), utf8("Listo")); // nobody else has the status line
+}
+
 TEST_F(EditorFiles, SaveAndAnalyseStopsWithTheDialog)
 {
     open();

@@ -49,10 +49,13 @@ protected:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    /// Runs an action while the disk refuses the file.
+    /// Runs an action while the disk refuses the file. The user is told, asked for another name
+    /// with the refused one at hand, and gives up.
     void whileFailing(const Failure& failure, const std::function<void()>& act)
     {
         m_dialogs.errors.clear();
+        m_dialogs.saveRequests.clear();
+        m_dialogs.saveAnswers.push_back(std::nullopt);
         const QStringList before = entries();
         {
             const std::shared_ptr<void> condition = failure.condition();
@@ -65,6 +68,9 @@ protected:
         EXPECT_GT(box.text.section(u'\n', 1).size(), 10) << failure.what; // and the reason
         EXPECT_EQ(bytesOf("a.asc"), ofOrder3()) << failure.what;
         EXPECT_EQ(entries(), before) << failure.what;
+        ASSERT_FALSE(m_dialogs.saveRequests.empty()) << failure.what;
+        EXPECT_EQ(m_dialogs.saveRequests.back().fileName, m_folder.filePath(failure.fileName));
+        EXPECT_TRUE(m_dialogs.saveAnswers.empty()) << failure.what;
     }
 
 private:
@@ -102,6 +108,7 @@ TEST_F(EditorFailures, ASaveOfALoadedFileKeepsItUnsaved)
     QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     ASSERT_TRUE(QDir(m_folder.path()).removeRecursively());
     m_dialogs.errors.clear();
+    m_dialogs.saveAnswers.push_back(std::nullopt);
     action("Guardar1").trigger();
     EXPECT_EQ(m_dialogs.errors.size(), 1U);
     EXPECT_EQ(state(), before);

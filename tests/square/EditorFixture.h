@@ -37,6 +37,7 @@ protected:
         QObject::connect(m_editor, &square::TEditor::analysisRequested, [this] {
             EXPECT_TRUE(m_editor->Saved());
             m_requests.append(squarebytes::utf8("analyse ") + m_handOff.pendingFileName);
+            m_handOff.fileOpened = m_analysisStands;
         });
         QObject::connect(m_editor, &window::ChildWindow::closeRequested,
                          [this] { m_requests.append(squarebytes::utf8("close")); });
@@ -181,5 +182,6 @@ protected:
     std::unique_ptr<QMainWindow> m_host;
     QPointer<square::TEditor> m_editor;
     QStringList m_status;
-    QStringList m_requests; ///< What the editor asked of the frame.
+    QStringList m_requests;       ///< What the editor asked of the frame.
+    bool m_analysisStands = true; ///< Whether an analysis that it asks for can open the file.
 };

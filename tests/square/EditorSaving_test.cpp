@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "square/EditorFilesFixture.h"
+#include "square/FailingDisk.h"
+
+#include <functional>
 
 using namespace squarebytes;
 
@@ -114,6 +117,71 @@ TEST_F(EditorFiles, ACellBeingEditedIsTakenOverBeforeASave)
     action("Guardar1").trigger();
     EXPECT_EQ(m_dialogs.errors.size(), 1U);
     EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2000000E+0001\t"));
+}
+
+TEST_F(EditorFiles, WhatCannotBeSavedWhereItWasFindsAnotherPlace)
+{
+    const std::function<void()> ways[] = {
+        [this] { action("Guardar1").trigger(); },
+        [this] { action("GuardaryAnalizar1").trigger(); },
+        [this] {
+            m_dialogs.yesNoAnswers.push_back(true);
+            EXPECT_TRUE(close());
+        },
+    };
+    for (const auto& save : ways) {
+        QDir(m_folder.path()).mkdir(utf8("memoria"));
+        m_handOff.openOnCreate = true;
+        m_dialogs.openAnswers.push_back(fileOf(ofOrder3(), "memoria/a.asc"));
+        open();
+        enterIntoCell(1, 1, "7");
+        ASSERT_TRUE(QDir(path("memoria")).removeRecursively()); // the stick is pulled out
+        m_dialogs.errors.clear();
+        m_dialogs.saveRequests.clear();
+        m_dialogs.saveAnswers = {path("no/b.asc"), path("b.asc")};
+        save();
+        EXPECT_EQ(m_dialogs.errors.size(), 2U);
+        ASSERT_EQ(m_dialogs.saveRequests.size(), 2U);
+        EXPECT_EQ(m_dialogs.saveRequests[0].fileName, path("memoria/a.asc"));
+        EXPECT_EQ(m_dialogs.saveRequests[1].fileName, path("no/b.asc"));
+        EXPECT_TRUE(bytesOf("b.asc").contains("\t 7.0000000E+0000\t"));
+        if (m_editor) {
+            EXPECT_EQ(m_editor->FileName(), path("b.asc"));
+        }
+        EXPECT_TRUE(QFile::remove(path("b.asc")));
+    }
+    EXPECT_EQ(m_requests, QStringList({utf8("analyse ") + path("b.asc"), utf8("close")}));
+}
+
+TEST_F(EditorFiles, AnUnchangedFileIsNotWrittenAgain)
+{
+    // Laid out by another hand, with more digits than the program writes.
+    const QByteArray bytes = lines({"Otro programa", "3 columnas", "3 filas", "false false false",
+                                    "1.23456789012 2 3", "4 5 6", "7 8 9"});
+    openWith(bytes);
+    ASSERT_EQ(m_editor->FileName(), path("a.asc"));
+    QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::ExeOwner | QFile::ExeGroup);
+    QFile::setPermissions(path("a.asc"), QFile::ReadOwner | QFile::ReadGroup);
+    {
+        const failingdisk::OrdinaryUser user;
+        action("Guardar1").trigger();
+        action("GuardaryAnalizar1").trigger();
+    }
+    EXPECT_TRUE(m_dialogs.errors.empty());
+    EXPECT_EQ(bytesOf("a.asc"), bytes);
+    EXPECT_EQ(m_requests, QStringList({utf8("analyse ") + path("a.asc"), utf8("close")}));
+}
+
+TEST_F(EditorFiles, AFileThatChangedBehindTheEditorIsWrittenAgain)
+{
+    openWith(ofOrder3());
+    fileOf("de otro");
+    action("Guardar1").trigger();
+    EXPECT_EQ(bytesOf("a.asc"), ofOrder3());
+
+    ASSERT_TRUE(QFile::remove(path("a.asc")));
+    action("GuardaryAnalizar1").trigger();
+    EXPECT_EQ(bytesOf("a.asc"), ofOrder3());
 }
 
 TEST_F(EditorFiles, TheShortcutsWorkAlsoInsideAnOpenCell)

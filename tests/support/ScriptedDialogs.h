@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 /// Dialogs that answer from a script and remember what they were asked.
@@ -27,6 +28,7 @@ public:
 
     std::vector<Box> errors;
     std::vector<Box> questions;
+    std::function<void()> whenAskedYesNo = [] {}; ///< Looks at the program while it asks.
     std::vector<window::FileRequest> openRequests;
     std::vector<window::FileRequest> saveRequests;
 
@@ -34,10 +36,11 @@ public:
     {
         errors.push_back({text, caption});
     }
-    bool askYesNo(QWidget*, const QString& text, const QString& caption) override
+    window::Answer askYesNo(QWidget*, const QString& text, const QString& caption) override
     {
         questions.push_back({text, caption});
-        return next(yesNoAnswers, false, "Yes/No");
+        whenAskedYesNo();
+        return next(yesNoAnswers, false, "Yes/No") ? window::Answer::Yes : window::Answer::No;
     }
     std::optional<QString> openFileName(QWidget*, const window::FileRequest& request) override
     {

@@ -108,7 +108,7 @@ TEST_F(QtDialogs, YesNoBoxAnswersByItsButtonsOnly)
         });
         EXPECT_EQ(dialogs.askYesNo(nullptr, QStringLiteral("Desea guardar los cambios?"),
                                    QStringLiteral("Editor")),
-                  yes);
+                  yes ? window::Answer::Yes : window::Answer::No);
     }
 }
 

@@ -37,8 +37,6 @@ void FrameWalk::addClosingSteps()
     add(
         "leave, and think again",
         [this] {
-            if (below(4) != 0) // it leaves little to walk on
-                return false;
             for (const Child& child : m_model.children) {
                 if (child.kind == Kind::Editor && !child.isSaved && !child.hasFile)
                     return true;
@@ -52,9 +50,11 @@ void FrameWalk::close(int index, const Action& command)
 {
     if (index == m_model.active)
         m_model.commit();
-    const Child& child = m_model.children.at(static_cast<std::size_t>(index));
+    Child& child = m_model.children.at(static_cast<std::size_t>(index));
     bool isClosed = true;
     if (child.kind == Kind::Editor && !child.isSaved) {
+        m_model.activate(index); // to be seen while it asks
+        child.isMinimised = false;
         const bool isToBeSaved = flag();
         m_dialogs.yesNoAnswers = {isToBeSaved};
         if (isToBeSaved && !child.hasFile) {
@@ -82,30 +82,30 @@ void FrameWalk::saveAndAnalyse()
     m_model.close(index);
 }
 
-/// Closes all but the editors that have neither been saved nor have a file.
+/// Comes to an editor that has neither been saved nor has a file, and stays for its sake.
 void FrameWalk::thinkAgainAboutLeaving()
 {
     m_model.commit();
-    const auto stays = [](const Child& child) {
-        return child.kind == Kind::Editor && !child.isSaved && !child.hasFile;
-    };
-    for (const Child& child : m_model.children) {
+    bool hasLeftTheActiveOne = false;
+    for (const int index : m_model.lastUsedFirst()) {
+        Child& child = m_model.children.at(static_cast<std::size_t>(index));
         if (child.kind != Kind::Editor || child.isSaved)
             continue;
-        m_dialogs.yesNoAnswers.push_back(stays(child));
-        if (stays(child))
+        hasLeftTheActiveOne = hasLeftTheActiveOne || index != m_model.active;
+        if (!child.hasFile) {
+            m_dialogs.yesNoAnswers.push_back(true);
             m_dialogs.saveAnswers.emplace_back(std::nullopt);
+            break;
+        }
+        child.isSaved = flag();
+        m_dialogs.yesNoAnswers.push_back(child.isSaved);
     }
     if (flag())
         m_hands.press(Qt::Key_F4, Qt::AltModifier);
     else
         choose({QStringLiteral("&Archivo"), QStringLiteral("Salir")});
-    for (int index = 0; index < static_cast<int>(m_model.children.size());) {
-        if (stays(m_model.children.at(static_cast<std::size_t>(index))))
-            ++index;
-        else
-            m_model.close(index);
-    }
+    if (hasLeftTheActiveOne)
+        m_model.comeBack();
 }
 
 } // namespace walk

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/walk/FrameHands.h"
 
+#include "shell/ActivationTiling.h"
+
 #include <gtest/gtest.h>
 
 #include <QAbstractEventDispatcher>
@@ -13,6 +15,7 @@
 #include <QStatusBar>
 #include <QStyleOption>
 #include <QTest>
+#include <QTimer>
 #include <QTimerEvent>
 #include <QWindow>
 
@@ -35,16 +38,15 @@ void moveTo(QWindow& window, const QPoint& point)
     QTest::mouseMove(&window, point);
 }
 
-/// A resized area puts its minimised children in order, and a resized child its buttons, a fifth of
-/// a second later. They are told that it has passed, so that no step depends on the time it takes.
-void passTheDelay(QObject& widget)
+/// Tells an object that the delay has passed for which it waits, so that no step depends on the
+/// time it takes.
+void passTheDelay(QObject& object, int milliseconds)
 {
-    constexpr int delay = 200; // milliseconds
-    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&widget)) {
-        if (timer.interval != delay)
+    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&object)) {
+        if (timer.interval != milliseconds)
             continue;
         QTimerEvent over(timer.timerId);
-        QCoreApplication::sendEvent(&widget, &over);
+        QCoreApplication::sendEvent(&object, &over);
     }
 }
 
@@ -58,13 +60,18 @@ FrameHands::FrameHands(shell::TPrincipal& frame)
 void FrameHands::settle() const
 {
     constexpr int rounds = 3; // what happens may ask for more to happen
+    // A resized area puts its minimised children in order, and a resized child its buttons.
+    constexpr int delayOfTheToolkit = 200; // milliseconds
+    constexpr int delayOfTheTiling = 100;
     for (int round = 0; round < rounds; ++round) {
         QApplication::processEvents();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         auto* area = m_frame.findChild<QMdiArea*>();
-        passTheDelay(*area);
+        passTheDelay(*area, delayOfTheToolkit);
         for (QMdiSubWindow* place : area->subWindowList())
-            passTheDelay(*place);
+            passTheDelay(*place, delayOfTheToolkit);
+        for (QTimer* timer : m_frame.findChild<shell::ActivationTiling*>()->findChildren<QTimer*>())
+            passTheDelay(*timer, delayOfTheTiling);
     }
 }
 

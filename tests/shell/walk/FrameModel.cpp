@@ -122,6 +122,11 @@ void FrameModel::close(int index)
         becomeActive(m_history.back()); // where the user was before
 }
 
+void FrameModel::comeBack()
+{
+    status = greetingOf(child().kind);
+}
+
 void FrameModel::maximise()
 {
     child().isMinimised = false;

@@ -61,6 +61,10 @@ public:
     void open(const Child& opened);
     void activate(int index);
     void close(int index);
+    /// The children in the order in which they are asked whether they may go.
+    std::vector<int> lastUsedFirst() const { return {m_history.rbegin(), m_history.rend()}; }
+    /// Another child was in front and the active one is again.
+    void comeBack();
     void maximise();
     void restore();
     void minimise();
