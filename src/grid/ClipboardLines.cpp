@@ -11,21 +11,29 @@ constexpr QChar blank = QLatin1Char(' ');
 constexpr QChar lineFeed = QLatin1Char('\n');
 constexpr QChar carriageReturn = QLatin1Char('\r');
 constexpr qsizetype longestQuote = 40;
+constexpr qsizetype longestNumber = 2000;
+
+Qt::SplitBehavior splitBehavior(QChar separator)
+{
+    return separator == blank ? Qt::SkipEmptyParts : Qt::KeepEmptyParts;
+}
 
 } // namespace
 
-std::vector<QStringView> linesOf(QStringView text)
+QStringView takeLine(QStringView& text)
 {
-    std::vector<QStringView> lines;
-    while (!text.isEmpty()) {
-        const qsizetype end = text.indexOf(lineFeed);
-        QStringView line = end < 0 ? text : text.first(end);
-        text = end < 0 ? QStringView() : text.sliced(end + 1);
-        if (line.endsWith(carriageReturn))
-            line.chop(1);
-        lines.push_back(line);
-    }
-    return lines;
+    const qsizetype end = text.indexOf(lineFeed);
+    QStringView line = end < 0 ? text : text.first(end);
+    text = end < 0 ? QStringView() : text.sliced(end + 1);
+    if (line.endsWith(carriageReturn))
+        line.chop(1);
+    return line;
+}
+
+qsizetype lineCount(QStringView text)
+{
+    const bool lastIsOpen = !text.isEmpty() && !text.endsWith(lineFeed);
+    return text.count(lineFeed) + (lastIsOpen ? 1 : 0);
 }
 
 QChar separatorOf(QStringView text)
@@ -40,14 +48,28 @@ QChar separatorOf(QStringView text)
 std::vector<QStringView> fieldsOf(QStringView line, QChar separator)
 {
     std::vector<QStringView> fields;
-    const Qt::SplitBehavior behavior = separator == blank ? Qt::SkipEmptyParts : Qt::KeepEmptyParts;
-    for (const QStringView field : line.tokenize(separator, behavior))
+    for (const QStringView field : line.tokenize(separator, splitBehavior(separator)))
         fields.push_back(field.trimmed());
     return fields;
 }
 
+qsizetype fieldCount(QStringView line, QChar separator)
+{
+    qsizetype count = 0;
+    for ([[maybe_unused]] const QStringView field :
+         line.tokenize(separator, splitBehavior(separator)))
+        ++count;
+    return count;
+}
+
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber)
 {
+    if (field.size() > longestNumber) {
+        return Outcome<double>::refused(
+            QStringLiteral("Línea %1, campo %2: «%3» tiene más de %4 caracteres, no es un número.")
+                .arg(QString::number(lineNumber), QString::number(fieldNumber), shortened(field),
+                     QString::number(longestNumber)));
+    }
     const base::TypedNumber number = base::readTypedNumber(field);
     if (number.value)
         return Outcome<double>::of(*number.value);

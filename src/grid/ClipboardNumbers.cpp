@@ -6,6 +6,23 @@
 
 namespace grid {
 
+namespace {
+
+/// "1 columna y 3 filas".
+QString sizeText(qsizetype columns, qsizetype rows)
+{
+    return QStringLiteral("%1 y %2").arg(counted(columns, QStringLiteral("columna")),
+                                         counted(rows, QStringLiteral("fila")));
+}
+
+QString tooLarge(qsizetype columns, qsizetype rows, const Room& room)
+{
+    return QStringLiteral("Los datos del portapapeles ocupan %1. Desde %2 solo hay sitio para %3.")
+        .arg(sizeText(columns, rows), room.start, sizeText(room.columns, room.rows));
+}
+
+} // namespace
+
 QString copiedText(const TableData& table, const CellRange& range)
 {
     QString text;
@@ -21,24 +38,22 @@ QString copiedText(const TableData& table, const CellRange& range)
     return text;
 }
 
-Outcome<NumberBlock> readNumberBlock(QStringView text)
+Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
 {
     using Result = Outcome<NumberBlock>;
-    const std::vector<QStringView> lines = linesOf(text);
-    if (lines.empty())
+    if (text.isEmpty())
         return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
 
-    const QChar separator = separatorOf(text);
+    const QStringView all = text;
+    const QChar separator = separatorOf(all);
     NumberBlock block;
-    for (const QStringView line : lines) {
+    while (!text.isEmpty()) {
+        const QStringView line = takeLine(text);
         const int lineNumber = ++block.rows;
         if (line.trimmed().isEmpty())
             return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lineNumber));
-        const std::vector<QStringView> fields = fieldsOf(line, separator);
-        const int count = static_cast<int>(fields.size());
-        if (lineNumber == 1)
-            block.columns = count;
-        if (count != block.columns) {
+        const qsizetype count = fieldCount(line, separator);
+        if (lineNumber > 1 && count != block.columns) {
             return Result::refused(
                 QStringLiteral("La línea %1 tiene %2 y la primera, %3: los datos "
                                "no forman un rectángulo.")
@@ -46,8 +61,12 @@ Outcome<NumberBlock> readNumberBlock(QStringView text)
                     .arg(counted(count, QStringLiteral("campo")))
                     .arg(block.columns));
         }
-        for (int i = 0; i < count; ++i) {
-            const auto number = numberIn(fields[static_cast<std::size_t>(i)], lineNumber, i + 1);
+        if (count > room.columns || lineNumber > room.rows)
+            return Result::refused(tooLarge(count, lineCount(all), room));
+        block.columns = static_cast<int>(count);
+        const std::vector<QStringView> fields = fieldsOf(line, separator);
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            const auto number = numberIn(fields[i], lineNumber, static_cast<qsizetype>(i) + 1);
             if (!number.value)
                 return Result::refused(number.reason);
             block.values.push_back(*number.value);

@@ -23,9 +23,17 @@ struct NumberBlock {
 /// what was copied.
 QString copiedText(const TableData& table, const CellRange& range);
 
+/// Where a rectangle of numbers is to go.
+struct Room {
+    QString start; ///< For a message: "la fila «R-1», columna «C-1»".
+    int columns = 0;
+    int rows = 0;
+};
+
 /// Reads a rectangle of numbers separated by tabs, semicolons or blanks, decimals after a point or
 /// a comma, lines ended by LF or CRLF. Anything else is refused: an empty text or line, lines of
-/// different length, a field that is no number.
-Outcome<NumberBlock> readNumberBlock(QStringView text);
+/// different length, a field that is no number, a rectangle that is larger than the room for it.
+/// What lies beyond that room is counted but not read.
+Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room);
 
 } // namespace grid

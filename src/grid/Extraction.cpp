@@ -8,6 +8,8 @@ namespace {
 
 using Result = Outcome<LatinSquare>;
 
+constexpr qsizetype longestExperiment = 1'000'000; // characters: the lists of order 200 and more
+
 /// A square read in one way.
 Result readSquare(const FieldLines& lines, SquareLabels labels)
 {
@@ -47,9 +49,17 @@ Result readLatinSquare(const FieldLines& lines)
 
 Outcome<LatinSquare> readCyclicSquare(QStringView text)
 {
+    if (text.size() > longestExperiment) {
+        return Result::refused(
+            QStringLiteral(
+                "El portapapeles tiene %1 caracteres. De un experimento se leen hasta %2.")
+                .arg(text.size())
+                .arg(longestExperiment));
+    }
     const QChar separator = separatorOf(text);
     FieldLines lines;
-    for (const QStringView line : linesOf(text)) {
+    while (!text.isEmpty()) {
+        const QStringView line = takeLine(text);
         if (line.trimmed().isEmpty())
             return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lines.size() + 1));
         lines.push_back(fieldsOf(line, separator));

@@ -108,14 +108,18 @@ QString unequalCounts(const Indexed& index)
              *label == 1 ? QStringLiteral("una sola vez") : QStringLiteral("%1 veces").arg(*label));
 }
 
-/// A cell without observation; empty where there is none.
+/// The first cell without observation; empty where there is none.
 QString missingCell(const Indexed& index)
 {
     const auto n = static_cast<std::size_t>(index.rows.size());
-    std::vector<bool> seen(n * n);
-    for (const Indexed::Place& place : index.places)
-        seen[static_cast<std::size_t>(place.row) * n + static_cast<std::size_t>(place.column)] =
-            true;
+    // However many labels there are, one of the cells up to this one is free or all are taken.
+    std::vector<bool> seen(std::min(n * n, index.places.size() + 1));
+    for (const Indexed::Place& place : index.places) {
+        const std::size_t cell =
+            static_cast<std::size_t>(place.row) * n + static_cast<std::size_t>(place.column);
+        if (cell < seen.size())
+            seen[cell] = true;
+    }
     const auto hole = std::find(seen.begin(), seen.end(), false);
     if (hole == seen.end())
         return {};

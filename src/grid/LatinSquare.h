@@ -39,7 +39,8 @@ Outcome<LatinSquare> latinSquareOf(const Experiment& experiment);
 /// were. Takes O(n^2 + n phi(n)) steps.
 std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square);
 
-/// The whole way from a clipboard text, in either form, to the cyclic layout.
+/// The whole way from a clipboard text, in either form, to the cyclic layout. A text of more than a
+/// million characters is refused unread: it takes many times its size to read one.
 Outcome<LatinSquare> readCyclicSquare(QStringView text);
 
 } // namespace grid

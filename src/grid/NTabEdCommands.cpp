@@ -4,12 +4,12 @@
 
 #include "base/FileText.h"
 #include "grid/CellDelegate.h"
-#include "grid/ClipboardLines.h"
 #include "grid/ClipboardNumbers.h"
 #include "grid/ContextMenus.h"
 #include "grid/EditHistory.h"
 #include "grid/LatinSquare.h"
 #include "grid/TableModel.h"
+#include "window/Asking.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
@@ -22,13 +22,6 @@
 namespace grid {
 
 namespace {
-
-/// "1 columna y 3 filas".
-QString sizeText(int columns, int rows)
-{
-    return QStringLiteral("%1 y %2").arg(counted(columns, QStringLiteral("columna")),
-                                         counted(rows, QStringLiteral("fila")));
-}
 
 /// The extracted square as a table: numbers, names, and the precisions of the table before.
 TableData tableOf(const LatinSquare& square, const TableData& before)
@@ -81,7 +74,7 @@ void TNTabEd::connectUser()
             [this](Scope scope) { command([&] { copy(rangeOf(scope)); }); });
     connect(m_menus, &ContextMenus::pasteRequested, this, [this] { command([&] { paste(); }); });
     connect(m_menus, &ContextMenus::editingSwitchRequested, this,
-            [this] { setEditingAllowed(!m_editingAllowed); });
+            [this] { command([&] { setEditingAllowed(!m_editingAllowed); }); });
     connect(m_menus, &ContextMenus::extractionRequested, this,
             [this] { command([&] { extract(); }); });
     connect(m_menus, &ContextMenus::identifierRequested, this,
@@ -134,7 +127,9 @@ void TNTabEd::attempt(const std::function<void()>& action)
 
 void TNTabEd::command(const std::function<void()>& action)
 {
-    if (commitEdit())
+    if (window::isAsking())
+        window::showQuestion();
+    else if (commitEdit())
         attempt(action);
 }
 
@@ -165,25 +160,16 @@ void TNTabEd::paste()
 {
     if (!canEdit())
         return;
-    const QString caption = QStringLiteral("Pegar");
-    const auto read = readNumberBlock(QGuiApplication::clipboard()->text());
-    if (!read.value) {
-        m_dialogs.showError(this, read.reason, caption);
-        return;
-    }
     const CellRange place = selectedRange();
     if (place.cells() == 0)
         return;
-    const int roomForColumns = NrOfColumns() - place.column + 1;
-    const int roomForRows = NrOfRows() - place.row + 1;
-    if (read.value->columns > roomForColumns || read.value->rows > roomForRows) {
-        m_dialogs.showError(
-            this,
-            QStringLiteral("Los datos del portapapeles ocupan %1. Desde la fila «%2», columna «%3» "
-                           "solo hay sitio para %4.")
-                .arg(sizeText(read.value->columns, read.value->rows), rowName(place.row),
-                     columnName(place.column), sizeText(roomForColumns, roomForRows)),
-            caption);
+    const auto read =
+        readNumberBlock(QGuiApplication::clipboard()->text(),
+                        {QStringLiteral("la fila «%1», columna «%2»")
+                             .arg(rowName(place.row), columnName(place.column)),
+                         NrOfColumns() - place.column + 1, NrOfRows() - place.row + 1});
+    if (!read.value) {
+        m_dialogs.showError(this, read.reason, QStringLiteral("Pegar"));
         return;
     }
     m_history->paste(*read.value, place.column, place.row);

@@ -14,16 +14,18 @@ namespace {
 
 using Values = std::vector<double>;
 
+const grid::Room room{QStringLiteral("la fila «R-1», columna «C-1»"), 50, 50};
+
 grid::NumberBlock read(const char* text)
 {
-    const auto outcome = grid::readNumberBlock(QString::fromUtf8(text));
+    const auto outcome = grid::readNumberBlock(QString::fromUtf8(text), room);
     EXPECT_TRUE(outcome.value) << outcome.reason.toStdString();
     return outcome.value.value_or(grid::NumberBlock());
 }
 
 std::string refusalOf(const QString& text)
 {
-    const auto outcome = grid::readNumberBlock(text);
+    const auto outcome = grid::readNumberBlock(text, room);
     EXPECT_FALSE(outcome.value) << text.toStdString();
     return outcome.reason.toStdString();
 }
@@ -125,11 +127,43 @@ TEST_F(ClipboardNumbers, WhatIsCopiedIsReadBackBitForBit)
                            static_cast<int>(values.size() / 5) + 1, value);
             values.push_back(value);
         }
-        const auto outcome = grid::readNumberBlock(grid::copiedText(table, table.range()));
+        const auto outcome = grid::readNumberBlock(grid::copiedText(table, table.range()), room);
         ASSERT_TRUE(outcome.value) << outcome.reason.toStdString();
         EXPECT_EQ(outcome.value->columns, 5);
         EXPECT_EQ(outcome.value->values, values);
     }
+}
+
+TEST_F(ClipboardNumbers, WhatIsTooLargeIsCountedAndNotRead)
+{
+    const grid::Room small{QStringLiteral("la fila «R-2», columna «C-2»"), 2, 2};
+    const auto reasonOf = [&small](const QString& text) {
+        return grid::readNumberBlock(text, small).reason;
+    };
+    EXPECT_EQ(
+        reasonOf(QStringLiteral("1\t2\n3\t4\nhuevos\tjamón")),
+        QStringLiteral("Los datos del portapapeles ocupan 2 columnas y 3 filas. Desde la fila "
+                       "«R-2», columna «C-2» solo hay sitio para 2 columnas y 2 filas."));
+    EXPECT_EQ(reasonOf(QStringLiteral("1 2 huevos")),
+              QStringLiteral("Los datos del portapapeles ocupan 3 columnas y 1 fila. Desde la fila "
+                             "«R-2», columna «C-2» solo hay sitio para 2 columnas y 2 filas."));
+    EXPECT_EQ(reasonOf(QStringLiteral("1 2\nhuevos 4")),
+              QStringLiteral("Línea 2, campo 1: «huevos» no es un número."));
+
+    constexpr int million = 1'000'000;
+    EXPECT_EQ(reasonOf(QStringLiteral("7\n").repeated(million)).section(QLatin1Char('.'), 0, 0),
+              QStringLiteral("Los datos del portapapeles ocupan 1 columna y 1000000 filas"));
+    EXPECT_EQ(reasonOf(QStringLiteral("7 ").repeated(million)).section(QLatin1Char('.'), 0, 0),
+              QStringLiteral("Los datos del portapapeles ocupan 1000000 columnas y 1 fila"));
+}
+
+TEST_F(ClipboardNumbers, AFieldAsLongAsANovelIsNoNumber)
+{
+    EXPECT_EQ(refusalOf(QString(2001, QLatin1Char('0'))),
+              "Línea 1, campo 1: «" + std::string(40, '0') +
+                  "…» tiene más de 2000 caracteres, no es un número.");
+    EXPECT_EQ(read(QString(1999, QLatin1Char('0')).append(QLatin1Char('7')).toUtf8()).values,
+              Values{7.0});
 }
 
 TEST_F(ClipboardNumbers, AnyTextIsReadOrRefusedWithAReason)
@@ -141,7 +175,7 @@ TEST_F(ClipboardNumbers, AnyTextIsReadOrRefusedWithAReason)
         const auto length = random() % 24;
         for (unsigned k = 0; k < length; ++k)
             text += QLatin1Char(alphabet[random() % alphabet.size()]);
-        const auto outcome = grid::readNumberBlock(text);
+        const auto outcome = grid::readNumberBlock(text, room);
         if (outcome.value) {
             EXPECT_EQ(outcome.value->values.size(),
                       static_cast<std::size_t>(outcome.value->columns) *

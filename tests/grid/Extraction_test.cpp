@@ -306,6 +306,24 @@ TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
               "Línea 2, campo 4: «2 kg» no es un número.");
 }
 
+TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
+{
+    // Twenty thousand labels of each kind: a place for each of their cells would be 400 million.
+    QString text;
+    for (int i = 0; i < 20'000; ++i)
+        text += QStringLiteral("r%1;c%1;t%1;7\n").arg(i);
+    EXPECT_EQ(refusalOf(text.toUtf8()), "Falta la observación de la fila «r0» y la columna «c1».");
+}
+
+TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
+{
+    const QByteArray line = "r;c;t;7\n";
+    EXPECT_EQ(refusalOf(line.repeated(125'001)),
+              "El portapapeles tiene 1000008 caracteres. De un experimento se leen hasta 1000000.");
+    EXPECT_EQ(refusalOf(line.repeated(125'000)),
+              "La fila «r» y la columna «c» tienen dos observaciones (líneas 1 y 2).");
+}
+
 TEST(Extraction, AnyTextIsReadOrRefusedWithAReason)
 {
     const char* const pieces[] = {"A", "B",  "C", "1",  "2",    "24",   ".", ",",  "-",
