@@ -18,7 +18,7 @@ import sys
 import time
 import unittest
 
-from stranger import PATIENCE, wait_for, xdotool
+from stranger import PATIENCE, output, wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -70,27 +70,14 @@ class Life:
 
     def windows(self):
         """The titles of the program's windows on the display."""
-        found = subprocess.run(
-            ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
-            capture_output=True, text=True, check=False,
-        ).stdout.split()
-        names = []
-        for window in found:
-            name = subprocess.run(
-                ["xdotool", "getwindowname", window], capture_output=True, text=True, check=False
-            )
-            names.append(name.stdout.strip())
-        return names
+        found = output("xdotool", "search", "--onlyvisible", "--pid", self.process.pid).split()
+        return [output("xdotool", "getwindowname", window).strip() for window in found]
 
     def has_ended(self):
         return self.process.poll() is not None
 
     def active(self):
-        name = subprocess.run(
-            ["xdotool", "getactivewindow", "getwindowname"],
-            capture_output=True, text=True, check=False,
-        )
-        return name.stdout.strip()
+        return output("xdotool", "getactivewindow", "getwindowname").strip()
 
     def is_at_rest(self):
         """Whether the frame is there, active, and nothing over it."""

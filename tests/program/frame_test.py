@@ -6,12 +6,13 @@ frame_test.py EXECUTABLE, below on_virtual_display.
 """
 
 import pathlib
+import subprocess
 import sys
 import unittest
 
 import pyatspi
 
-from stranger import Program, wait_for
+from stranger import Program, output, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 LOCALE = {"LC_ALL": "es_ES.UTF-8"}
@@ -20,6 +21,10 @@ LOCALE = {"LC_ALL": "es_ES.UTF-8"}
 def place(control):
     box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     return (box.x, box.y, box.width, box.height)
+
+
+def active_window():
+    return output("xdotool", "getactivewindow", "getwindowname")
 
 
 def overlap(a, b):
@@ -70,6 +75,25 @@ class Frame(unittest.TestCase):
         self.assertFalse(self.are_tiled(program))
         program.press("alt+Tab")
         wait_for("the tiles", lambda: self.are_tiled(program))
+
+    def test_the_click_that_comes_back_falls_on_what_was_seen(self):
+        program = self.start()
+        program.click(program.find("push button", "Nuevo Análisis"))
+        program.answer_file_dialog(ROOT / "ejemplos" / "orden3.asc")
+        program.wait_for_focus("radio button «Clásico»")
+        for _ in range(3):
+            before = program.caption()
+            self.assertIn("[Análisis", before)  # maximised over the editor
+            other = subprocess.Popen(["xmessage", "-geometry", "+300+600", "Otro programa"])
+            self.addCleanup(other.kill)
+            wait_for("the other's focus", lambda: "xmessage" in active_window())
+            choice = program.find("radio button", "Secuencias")
+            program.click(choice)
+            wait_for("the choice", lambda: choice.getState().contains(pyatspi.STATE_CHECKED))
+            wait_for("the tiles", lambda: "[" not in program.caption())
+            other.kill()
+            program.click(program.find("radio button", "Clásico"))
+            program.press("alt+minus", "x")  # maximised again
 
     def test_unsaved_data_keep_the_frame_open_until_they_are_answered_for(self):
         program = self.start()

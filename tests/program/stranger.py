@@ -36,6 +36,13 @@ def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
 
 
+def output(*command):
+    """What a command prints; nothing of one that fails."""
+    return subprocess.run(
+        list(map(str, command)), capture_output=True, text=True, check=False
+    ).stdout
+
+
 def screenshot(path):
     """The whole display as a PNG."""
     subprocess.run(["import", "-window", "root", str(path)], check=True)
@@ -205,6 +212,26 @@ class Program:
         """An entry of a menu of the bar, by mouse."""
         self.click(self.find("menu item", menu))
         self.click(self.find("menu item", entry))
+
+    def trigger(self, menu_item):
+        """As assistive technology does: an entry of the bar, wherever it is and whatever is open."""
+        for control in self.controls():
+            if control.getRoleName() == "menu item" and control.name == menu_item:
+                control.queryAction().doAction(0)
+                return
+        raise NotFound(f"no entry {menu_item}")
+
+    def windows(self):
+        """The names of the child windows."""
+        return [child.name for child in self.look("frame")[1:]]  # the first is the program's own
+
+    def caption(self):
+        """What stands on top of the frame, the name of a maximised child included."""
+        for window in output("xdotool", "search", "--onlyvisible", "--pid", self.process.pid).split():
+            name = output("xdotool", "getwindowname", window).strip()
+            if name.startswith("Cuadrado Latino"):
+                return name
+        return None
 
     def answer_file_dialog(self, path):
         """Types a file name into the file dialog that is open and confirms it."""
