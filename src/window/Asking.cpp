@@ -9,11 +9,14 @@ namespace window {
 
 namespace {
 
-bool isWithin(const QObject* object, const QObject& whole)
+/// Whether a question is open to which the object does not belong.
+bool isOutsideQuestion(const QObject& object)
 {
-    while (object != nullptr && object != &whole)
-        object = object->parent();
-    return object != nullptr;
+    const QObject* question = QApplication::activeModalWidget();
+    const QObject* around = &object;
+    while (around != nullptr && around != question)
+        around = around->parent();
+    return question != nullptr && around == nullptr;
 }
 
 /// A pop-up, such as a list of completions, may be nobody's child; it belongs to what is in front.
@@ -32,16 +35,13 @@ bool isAsking()
 
 bool isBehindQuestion(const QObject& receiver, const QEvent& event)
 {
-    const QWidget* question = QApplication::activeModalWidget();
-    if (question == nullptr)
-        return false;
     switch (event.type()) {
     case QEvent::Quit:
-        return true;
+        return isAsking();
     case QEvent::Close:
-        return receiver.isWidgetType() && !isPopup(receiver) && !isWithin(&receiver, *question);
+        return receiver.isWidgetType() && !isPopup(receiver) && isOutsideQuestion(receiver);
     case QEvent::Shortcut:
-        return !isWithin(&receiver, *question);
+        return isOutsideQuestion(receiver);
     default:
         return false;
     }

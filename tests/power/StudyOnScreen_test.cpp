@@ -2,12 +2,16 @@
 // What the user sees while a study runs, and what becomes of clicks made meanwhile.
 #include "power/PowerFixture.h"
 
+#include "window/QtDialogs.h"
+
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTimer>
 
 #include <iostream>
 #include <utility>
@@ -201,6 +205,37 @@ TEST_F(PowerWindow, ClosingAChildsFrameMeanwhileHappensAfterwards)
     EXPECT_FALSE(frame);
     EXPECT_FALSE(doomed);
     EXPECT_TRUE(area.subWindowList().isEmpty());
+}
+
+/// Assistive technology chose an entry meanwhile: what that asks must not lose its keys.
+TEST_F(PowerWindow, WhatIsAskedMeanwhileCanBeAnswered)
+{
+    window::QtDialogs shown;
+    TPotencia asking(shown);
+    asking.setAttribute(Qt::WA_DeleteOnClose, false);
+    asking.show();
+    bool isFirst = true;
+    QObject::connect(&asking, &TPotencia::statusText, &asking, [&] {
+        if (std::exchange(isFirst, false))
+            QMetaObject::invokeMethod(&asking, &TPotencia::GuardarReporte1Click,
+                                      Qt::QueuedConnection);
+    });
+    bool wasAsked = false;
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, &asking, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        hand.stop();
+        wasAsked = true;
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog->isVisible());
+        dialog->reject();
+    });
+    hand.start(10);
+    click(in<QPushButton>(asking, "BtnCalcular"));
+    EXPECT_TRUE(wasAsked);
+    EXPECT_EQ(logOf(asking).size(), 1 + 5 + 6 * 21);
 }
 
 /// A program of its own meets the end: the box as the dialogs were asked for it goes to stderr.

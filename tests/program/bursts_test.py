@@ -26,6 +26,7 @@ BURSTS = int(os.environ.get("CL_BURSTS", 96))
 SEED = int(os.environ.get("CL_SEED", 1))
 
 KEYS = ("F2", "F3", "ctrl+e", "ctrl+w", "ctrl+F4", "alt+F4", "Return", "Escape")
+MORE = ("ctrl+n", "ctrl+a", "F9", "Tab", "ctrl+v", "period", "shift+F5", "alt+minus")
 PAUSES = (1, 5, 20, 80)  # milliseconds
 BURSTS_A_LIFE = 8  # of the program, before it is started afresh
 FRAME = "Cuadrado Latino"
@@ -53,7 +54,8 @@ def bursts(count, seed):
             yield pairs[i // 2 % len(pairs)]
         else:
             yield tuple(
-                (source.choice(PAUSES), source.choice(KEYS)) for _ in range(source.randint(3, 8))
+                (source.choice(PAUSES), source.choice(KEYS if source.random() < 0.75 else MORE))
+                for _ in range(source.randint(3, 8))
             )
 
 

@@ -12,7 +12,7 @@ import unittest
 
 import pyatspi
 
-from stranger import Program, output, wait_for
+from stranger import Program, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 LOCALE = {"LC_ALL": "es_ES.UTF-8"}
@@ -23,8 +23,8 @@ def place(control):
     return (box.x, box.y, box.width, box.height)
 
 
-def active_window():
-    return output("xdotool", "getactivewindow", "getwindowname")
+def is_active(frame):
+    return frame.getState().contains(pyatspi.STATE_ACTIVE)
 
 
 def overlap(a, b):
@@ -86,7 +86,7 @@ class Frame(unittest.TestCase):
             self.assertIn("[Análisis", before)  # maximised over the editor
             other = subprocess.Popen(["xmessage", "-geometry", "+300+600", "Otro programa"])
             self.addCleanup(other.kill)
-            wait_for("the other's focus", lambda: "xmessage" in active_window())
+            wait_for("the other's focus", lambda: not is_active(program.find("frame")))
             choice = program.find("radio button", "Secuencias")
             program.click(choice)
             wait_for("the choice", lambda: choice.getState().contains(pyatspi.STATE_CHECKED))
