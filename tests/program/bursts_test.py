@@ -126,7 +126,7 @@ def editor(life, folder):
 
 
 def editor_of_a_file(life, folder):
-    life.open_file(folder / "orden3.asc", "ctrl+a")
+    life.open_file(folder / "orden3.asc", "alt+a", "e", "a")
     life.press("7", "Return")
 
 
@@ -173,6 +173,7 @@ class Bursts(unittest.TestCase):
             for _ in range(BURSTS_A_LIFE):
                 if not waiting or life.has_ended():
                     break
+                life.press("Escape")  # of a cell that is open
                 room(life, folder)
                 keys = waiting.pop()
                 told = f"{' '.join(f'{pause}ms {key}' for pause, key in keys)} in {room.__name__}"
