@@ -20,8 +20,8 @@
 
 namespace {
 
-/// The error with which a call fails now, 0 for none. Reads by system calls: the C library's own are
-/// the ones that are replaced here.
+/// The error with which a call fails now, 0 for none. Reads by system calls: the C library's own
+/// are the ones that are replaced here.
 int errorOf(std::string_view call)
 {
     const char* name = std::getenv("CL_FAULTS");
@@ -123,6 +123,7 @@ extern "C" int fsync(int descriptor)
 extern "C" int close(int descriptor)
 {
     const int error = isWrittenFile(descriptor) ? errorOf("close") : 0;
-    const int result = static_cast<int>(syscall(SYS_close, descriptor)); // it is closed all the same
+    const int result =
+        static_cast<int>(syscall(SYS_close, descriptor)); // it is closed all the same
     return error != 0 ? failed(error) : result;
 }
