@@ -166,6 +166,7 @@ class Bursts(unittest.TestCase):
         ends = 0
         rooms = itertools.cycle(ROOMS)
         waiting = list(bursts(BURSTS, SEED))
+        told = "its start"
         while waiting:
             room = next(rooms)
             life = Life(self.executable, folder)
@@ -173,8 +174,11 @@ class Bursts(unittest.TestCase):
             for _ in range(BURSTS_A_LIFE):
                 if not waiting or life.has_ended():
                     break
-                life.press("Escape")  # of a cell that is open
-                room(life, folder)
+                try:
+                    life.press("Escape")  # of a cell that is open
+                    room(life, folder)
+                except AssertionError as problem:
+                    self.fail(f"{problem} in {life.windows()}, after {told}")
                 keys = waiting.pop()
                 told = f"{' '.join(f'{pause}ms {key}' for pause, key in keys)} in {room.__name__}"
                 life.burst(keys)
