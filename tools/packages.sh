@@ -2,7 +2,9 @@
 # Debian packages that the project needs, and how to install those that are missing. Sourced by
 # ./run and ./test.
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+build_packages=(
+    g++ cmake ninja-build ccache libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
+)
 
 # A virtual display with a window manager and a stranger's hands: what drives the real program.
 driver_packages=(
@@ -11,7 +13,7 @@ driver_packages=(
 
 test_packages=(
     clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
-    libboost-dev libboost-math-dev locales strace
+    libboost-math-dev locales strace
 )
 
 missing_packages() {
