@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Debian packages that the project needs, and how to install those that are missing. Sourced by
-# ./run and ./test.
+# ./run, ./test and tools/validation.
 
 build_packages=(
     g++ cmake ninja-build ccache libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
@@ -15,6 +15,9 @@ test_packages=(
     clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
     libboost-math-dev locales strace
 )
+
+# What tools/validation needs besides.
+validation_packages=(r-base-core)
 
 missing_packages() {
     local package

@@ -4,11 +4,11 @@
 #include "stats/MATRIX.h"
 
 #include <boost/multiprecision/cpp_int.hpp>
-#include <gtest/gtest.h>
 
 #include <charconv>
 #include <cstdint>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -37,7 +37,8 @@ inline double typedNumber(const std::string& text)
 {
     double value = 0.0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    EXPECT_TRUE(result.ec == std::errc() && result.ptr == text.data() + text.size()) << text;
+    if (result.ec != std::errc() || result.ptr != text.data() + text.size())
+        throw std::invalid_argument(text + " is no number");
     return value;
 }
 
