@@ -5,6 +5,7 @@
 #include "square/Freeze.h"
 #include "square/GridFile.h"
 #include "square/LoadedSquare.h"
+#include "square/ShapeNotice.h"
 #include "square/ShowSquare.h"
 #include "square/UpDown.h"
 #include "window/Caption.h"
@@ -91,7 +92,8 @@ void TEditor::FormCreate(bool openFile)
 
 void TEditor::FormActivate()
 {
-    emit statusText(invitation());
+    const QString notice = shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
+    emit statusText(notice.isEmpty() ? invitation() : notice);
 }
 
 void TEditor::FormDeactivate()
@@ -211,6 +213,7 @@ bool TEditor::load()
         return false;
     }
     rememberFile(*fileName);
+    FormActivate(); // the status line speaks of the new square
     return true;
 }
 
