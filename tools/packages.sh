@@ -1,8 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Debian packages that the project needs, and how to install those that are missing. Sourced by
-# ./run and ./test.
+# ./run, ./test and tools/validation.
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+build_packages=(
+    g++ cmake ninja-build ccache libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
+)
 
 # A virtual display with a window manager and a stranger's hands: what drives the real program.
 driver_packages=(
@@ -11,8 +13,11 @@ driver_packages=(
 
 test_packages=(
     clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
-    libboost-dev libboost-math-dev locales strace
+    libboost-math-dev locales strace
 )
+
+# What tools/validation needs besides.
+validation_packages=(r-base-core)
 
 missing_packages() {
     local package

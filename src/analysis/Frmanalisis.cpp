@@ -7,6 +7,7 @@
 #include "grid/GridError.h"
 #include "grid/NTabEd.h"
 #include "square/LoadedSquare.h"
+#include "square/ShapeNotice.h"
 #include "square/ShowSquare.h"
 #include "window/Caption.h"
 #include "window/Dialogs.h"
@@ -92,7 +93,8 @@ QSize TAnalisis::sizeHint() const
 
 void TAnalisis::FormActivate()
 {
-    emit statusText(invitation());
+    const QString notice = square::shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
+    emit statusText(notice.isEmpty() ? invitation() : notice);
 }
 
 void TAnalisis::FormDeactivate()

@@ -18,13 +18,6 @@ constexpr int generalDigits = 15;
 constexpr int lowestFixedExponent = -5; // 1e-5 is still written out
 constexpr int lowestScientificExponent = 15;
 
-/// A finite number as sign, significant decimal digits and the power of ten of the first of them.
-struct Decimal {
-    bool negative = false;
-    std::string digits; ///< Without trailing zeros; "0" for zero.
-    int exponent = 0;   ///< value = d.ddd x 10^exponent
-};
-
 bool isZero(const Decimal& decimal)
 {
     return decimal.digits == "0";
@@ -36,10 +29,11 @@ void dropTrailingZeros(std::string& digits)
     digits.resize(lastKept == std::string::npos ? 1 : lastKept + 1);
 }
 
-/// Takes "-d.ddde+xx", as std::to_chars writes it, apart.
+/// Takes "-d.ddde+xx", as std::to_chars writes it, apart, without trailing zeros.
 Decimal takeApart(std::string_view scientific)
 {
     Decimal result;
+    result.digits.clear();
     if (scientific.front() == '-') {
         result.negative = true;
         scientific.remove_prefix(1);
@@ -135,21 +129,35 @@ std::string incremented(std::string digits)
     return '1' + digits;
 }
 
+/// The first `kept` of some digits, rounded half up, with zeros where there are fewer: one digit
+/// more where all were 9, "0" or "1" where none is kept.
+std::string roundedTo(std::string digits, std::size_t kept)
+{
+    if (kept >= digits.size())
+        return digits + std::string(kept - digits.size(), '0');
+    const bool up = digits[kept] >= '5';
+    digits.resize(kept);
+    if (digits.empty())
+        digits = "0";
+    return up ? incremented(digits) : digits;
+}
+
 /// |decimal| x 100, rounded half up to a whole number, as its digits.
 std::string roundedHundredths(const Decimal& decimal)
 {
     const int kept = decimal.exponent + 3; // digits up to the second decimal
-    if (kept < 0)
-        return "0";
-    const auto keptDigits = static_cast<std::size_t>(kept);
-    std::string digits = decimal.digits;
-    if (keptDigits >= digits.size())
-        return digits + std::string(keptDigits - digits.size(), '0');
-    const bool up = digits[keptDigits] >= '5';
-    digits.resize(keptDigits);
-    if (digits.empty())
-        digits = "0";
-    return up ? incremented(digits) : digits;
+    return kept < 0 ? "0" : roundedTo(decimal.digits, static_cast<std::size_t>(kept));
+}
+
+/// The decimal with the significant digits of the general form, rounded half away from zero.
+Decimal shortened(const Decimal& decimal)
+{
+    Decimal result = decimal;
+    result.digits = roundedTo(decimal.digits, generalDigits);
+    if (result.digits.size() > generalDigits)
+        ++result.exponent;
+    dropTrailingZeros(result.digits);
+    return result;
 }
 
 bool isDigit(char c)
@@ -241,13 +249,10 @@ QString fullText(double value)
     return std::isfinite(value) ? generalForm(shortestExact(value)) : notFiniteText(value);
 }
 
-QString tableText(double value)
+QString tableText(const Decimal& decimal)
 {
-    if (!std::isfinite(value))
-        return notFiniteText(value);
-    const Decimal decimal = roundedTo(value, generalDigits);
     if (decimal.exponent >= lowestScientificExponent)
-        return generalForm(decimal);
+        return generalForm(shortened(decimal));
 
     std::string hundredths = roundedHundredths(decimal);
     if (hundredths.find_first_not_of('0') == std::string::npos)
@@ -260,6 +265,11 @@ QString tableText(double value)
     decimals.erase(decimals.find_last_not_of('0') + 1);
     return localised((decimal.negative ? "-" : "") + whole +
                      (decimals.empty() ? "" : '.' + decimals));
+}
+
+QString tableText(double value)
+{
+    return std::isfinite(value) ? tableText(roundedTo(value, generalDigits)) : notFiniteText(value);
 }
 
 QString fixedText(double value, int decimals)

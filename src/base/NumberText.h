@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// Numbers into text and typed text into numbers: the only place of the program that does either.
@@ -27,12 +28,22 @@ QString generalText(double value);
 /// As generalText() with as many digits (at most 17) as it takes to read the same double back.
 QString fullText(double value);
 
+/// A number by its decimal digits, however many: d.ddd... x 10^exponent.
+struct Decimal {
+    bool negative = false;
+    std::string digits = "0"; ///< The first is not 0, except in zero, which is "0".
+    int exponent = 0;         ///< of ten, at the first digit
+};
+
 /// The form of the numbers in the analysis-of-variance table, the pattern "#.##".
 ///
-/// At most two decimals, rounded half away from zero on the 15-digit decimal text of the value (so
-/// 2.675, stored as 2.67499..., gives "2.68"), no trailing zeros and no digit forced before the
-/// point: 0.5 gives ".5". What rounds to zero gives "0", never "-0". From 1e15 on, and for what is
-/// not finite, the general form.
+/// At most two decimals, rounded half away from zero, no trailing zeros and no digit forced before
+/// the point: 0.5 gives ".5". What rounds to zero gives "0", never "-0". From 1e15 on the general
+/// form, its 15 digits rounded in the same way.
+QString tableText(const Decimal& value);
+
+/// The same of a double, that is of its decimal text with 15 significant digits (so 2.675, stored
+/// as 2.67499..., gives "2.68"). The general form for what is not finite.
 QString tableText(double value);
 
 /// Exactly `decimals` decimals (0 to 20), correctly rounded; what rounds to zero carries no sign.

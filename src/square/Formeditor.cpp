@@ -6,6 +6,7 @@
 #include "square/Freeze.h"
 #include "square/GridFile.h"
 #include "square/LoadedSquare.h"
+#include "square/ShapeNotice.h"
 #include "square/ShowSquare.h"
 #include "square/UpDown.h"
 #include "window/Caption.h"
@@ -92,7 +93,8 @@ void TEditor::FormCreate(bool openFile)
 
 void TEditor::FormActivate()
 {
-    emit statusText(invitation());
+    const QString notice = shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
+    emit statusText(notice.isEmpty() ? invitation() : notice);
 }
 
 void TEditor::FormDeactivate()
@@ -220,6 +222,7 @@ bool TEditor::load()
     }
     m_handOff.fileOpened = true;
     rememberFile(*fileName, loaded.fingerprint);
+    FormActivate(); // the status line speaks of the new square
     return true;
 }
 

@@ -6,27 +6,7 @@
 #include "stats/WholeNumbers.h"
 #include "stats/WorkingMemory.h"
 
-#include <span>
-
 namespace stats {
-
-namespace {
-
-/// Adds to each treatment's sum the ranks of its observations. A group of ties has the rank of its
-/// last member.
-void addRanks(std::span<const ObservationPair> sorted, std::span<std::int64_t> sums)
-{
-    for (std::size_t first = 0; first < sorted.size();) {
-        std::size_t end = first + 1;
-        while (end < sorted.size() && sorted[end].value == sorted[first].value)
-            ++end;
-        for (; first < end; ++first)
-            sums[static_cast<std::size_t>(sorted[first].label - 1)] +=
-                static_cast<std::int64_t>(end);
-    }
-}
-
-} // namespace
 
 std::int64_t OverallRank(const TMatrix& observations, int column, int row, int n)
 {
@@ -55,7 +35,10 @@ double BennettStatistic(const TMatrix& observations, int n)
 {
     WorkingMemory memory;
     std::pmr::vector<std::int64_t> rankSums(static_cast<std::size_t>(n), memory.resource());
-    addRanks(sortedPairs(observations, n, memory.resource()), rankSums);
+    visitRanks(sortedPairs(observations, n, memory.resource()),
+               [&](int treatment, std::int64_t rank) {
+                   rankSums[static_cast<std::size_t>(treatment - 1)] += rank;
+               });
 
     WideInteger sumOfSquares = 0;
     for (const std::int64_t rankSum : rankSums)

@@ -14,7 +14,8 @@
 /// Observations are addressed (column, row) from 1, in the cyclic layout of treatments
 /// (treatmentOf()); n is the order of the square and alpha the significance level as a fraction.
 /// The program offers orders 3 to 6; a file can bring any other from 1 on, and then what cannot be
-/// computed is reported as "NAN" and never makes a test reject. Numbers carry the user's decimal
+/// computed, a critical value without degrees of freedom included, is reported as "NAN" and never
+/// makes a test reject. Numbers carry the user's decimal
 /// separator.
 namespace stats {
 
@@ -33,7 +34,8 @@ QStringList BennettTest(const TMatrix& observations, int n, double alpha);
 using ExactValues = std::array<double, 1000>;
 
 /// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
-/// from the program's generator, so that two runs on one square differ slightly.
+/// from the program's generator, so that two runs on one square differ: their z by some per cent.
+/// Beyond largestSimulatedOrder the report says that C is not approximated, and decides nothing.
 ///
 /// The exact case sets exactAvailable and fills values and exactCount; any other clears
 /// exactAvailable and leaves them alone. The title is set always.

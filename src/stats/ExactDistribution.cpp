@@ -57,6 +57,18 @@ double ExactDistribution::cumulative(double x) const
     return share(upToX);
 }
 
+double ExactDistribution::shareAbove(double x) const
+{
+    if (std::isnan(x))
+        return x;
+    std::int64_t above = 0;
+    for (const Point& point : m_points) {
+        if (point.value > x)
+            above += point.arrangements;
+    }
+    return share(above);
+}
+
 void ExactDistribution::handOver(std::span<double> out) const
 {
     const auto values = static_cast<std::size_t>(count());

@@ -31,6 +31,10 @@ public:
     /// number for an x that is none.
     double cumulative(double x) const;
 
+    /// P(X > x), as one division of the number of arrangements above x by that of all. Not a number
+    /// for an x that is none.
+    double shareAbove(double x) const;
+
     /// The hand-over form: all values, ascending, followed by their probabilities in the same
     /// order. `out` holds at least 2 count() doubles.
     void handOver(std::span<double> out) const;

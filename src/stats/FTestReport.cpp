@@ -3,6 +3,8 @@
 #include "stats/Estad.h"
 #include "stats/LatinSquareAnova.h"
 
+#include <limits>
+
 namespace stats {
 
 namespace {
@@ -19,14 +21,35 @@ QString rule()
     return QString(75, QLatin1Char('-'));
 }
 
-/// Right-justified; a number that is too wide pushes the rest of its line.
-QString number(double value)
+/// The digits down to the third decimal, the last one that rounding to two decimals looks at.
+base::Decimal decimalOf(const boost::multiprecision::cpp_rational& value)
 {
-    return base::tableText(value).rightJustified(numberWidth);
+    constexpr int decimals = 3;
+    const boost::multiprecision::cpp_int thousandths =
+        abs(numerator(value)) * 1000 / denominator(value);
+    base::Decimal decimal;
+    decimal.negative = value < 0;
+    decimal.digits = thousandths.str();
+    if (thousandths != 0)
+        decimal.exponent = static_cast<int>(decimal.digits.size()) - 1 - decimals;
+    return decimal;
+}
+
+/// Right-justified; a number that is too wide pushes the rest of its line.
+QString justified(const QString& number)
+{
+    return number.rightJustified(numberWidth);
+}
+
+/// Rounded once, from the exact value.
+QString number(const ExactNumber& value)
+{
+    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+    return justified(value ? base::tableText(decimalOf(*value)) : base::tableText(notANumber));
 }
 
 /// A label and the columns that every line of the table has.
-QString lineStart(const QString& label, std::int64_t degrees, double sumOfSquares)
+QString lineStart(const QString& label, std::int64_t degrees, const ExactNumber& sumOfSquares)
 {
     return label + QString::number(degrees).rightJustified(degreesWidth) + afterDegrees +
            number(sumOfSquares);
@@ -37,7 +60,7 @@ QString sourceLine(const QString& label, const VarianceSource& source,
 {
     return lineStart(label, anova.sourceDegrees, source.sumOfSquares) + afterSum +
            number(source.meanSquare) + beforeStatistic + number(source.statistic) +
-           beforeStatistic + number(anova.criticalValue) +
+           beforeStatistic + justified(base::tableText(anova.criticalValue)) +
            (source.significant ? QStringLiteral(" *") : QString());
 }
 

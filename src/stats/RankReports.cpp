@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/NumberText.h"
 #include "stats/Bennett.h"
+#include "stats/CriticalPoints.h"
 #include "stats/DegreesOfFreedom.h"
 #include "stats/Estad.h"
 #include "stats/ReportLines.h"
-#include "stats/STATIS.h"
 #include "stats/Zimmerman.h"
 
 namespace stats {
@@ -15,7 +15,7 @@ QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha)
 {
     const ZimmermanResult result = zimmermanResult(observations, n);
     const RankDegrees degrees(n);
-    const double criticalValue = FQuantile(1.0 - alpha, degrees.numerator, degrees.denominator);
+    const double criticalValue = criticalF(alpha, degrees.numerator, degrees.denominator);
 
     QStringList lines{
         QStringLiteral("Prueba de Zimmerman basada en Rangos"),
@@ -41,7 +41,7 @@ QStringList BennettTest(const TMatrix& observations, int n, double alpha)
 {
     const double b = BennettStatistic(observations, n);
     const int degrees = n - 1;
-    const double criticalValue = ChiSquareQuantile(degrees, 1.0 - alpha);
+    const double criticalValue = criticalChiSquare(alpha, degrees);
 
     QStringList lines{
         QStringLiteral("Prueba de Bennett basada en Rangos"),

@@ -34,6 +34,20 @@ QStringList approximationStart()
     return lines;
 }
 
+/// The lines of the Normal approximation between the statistic and the decision.
+QStringList approximationLines(const SimulatedC& simulated, const TestCResult& result)
+{
+    QStringList lines = approximationStart();
+    lines << QStringLiteral("La distribución de C se aproximó a partir de ") +
+                 QString::number(SimulatedC::squares) + QStringLiteral(" cuadrados latinos")
+          << QStringLiteral("mediante una Normal con media = ") + generalText(simulated.mean) +
+                 QStringLiteral(" y desviación estandar = ") + generalText(simulated.deviation)
+          << QStringLiteral("El valor normalizado de C es ") + generalText(result.normalised)
+          << QStringLiteral("La distribución acumulada para C = ") + generalText(result.cumulative)
+          << QString();
+    return lines;
+}
+
 QString exactTitleOf(QChar statistic, int n)
 {
     return QStringLiteral("Distribución exacta de ") + statistic +
@@ -62,21 +76,14 @@ QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues&
     exactTitle = exactTitleOf(name, n);
 
     QStringList lines{QStringLiteral("C = ") + generalText(result.statistic)};
-    if (result.simulated) {
-        lines += approximationStart();
-        lines << QStringLiteral("La distribución de C se aproximó a partir de ") +
-                     QString::number(SimulatedC::squares) + QStringLiteral(" cuadrados latinos")
-              << QStringLiteral("mediante una Normal con media = ") +
-                     generalText(result.simulated->mean) +
-                     QStringLiteral(" y desviación estandar = ") +
-                     generalText(result.simulated->deviation)
-              << QStringLiteral("El valor normalizado de C es ") + generalText(result.normalised)
-              << QStringLiteral("La distribución acumulada para C = ") +
-                     generalText(result.cumulative)
-              << QString();
-    } else {
-        lines += exactLines(name, result.cumulative);
+    if (!result.exact && !result.simulated) {
+        lines << QStringLiteral("C no se aproxima para cuadrados de orden ") + QString::number(n) +
+                     QStringLiteral(" (el mayor es ") + QString::number(largestSimulatedOrder) +
+                     QStringLiteral("): no se decide nada.");
+        return lines;
     }
+    lines += result.exact ? exactLines(name, result.cumulative)
+                          : approximationLines(*result.simulated, result);
     lines << sequenceDecisionLine(alpha, result.rejected);
     return lines;
 }

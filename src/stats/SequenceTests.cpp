@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/SequenceTests.h"
 
+#include "stats/CriticalPoints.h"
 #include "stats/DegreesOfFreedom.h"
-#include "stats/STATIS.h"
 #include "stats/Sequences.h"
 #include "stats/SquareDraws.h"
 
@@ -10,6 +10,11 @@
 #include <vector>
 
 namespace stats {
+
+bool rejects(const ExactDistribution& distribution, double statistic, double alpha)
+{
+    return distribution.count() > 1 && distribution.shareAbove(statistic) < alpha;
+}
 
 SimulatedC simulateC(int n, RandomIntegers& integers)
 {
@@ -35,13 +40,14 @@ TestCResult testC(const TMatrix& observations, int n, double alpha, RandomIntege
     if (n <= largestExactOrder) {
         result.exact = exactDistributionOfC(n);
         result.cumulative = result.exact->cumulative(result.statistic);
-    } else {
+        result.rejected = rejects(*result.exact, result.statistic, alpha);
+    } else if (n <= largestSimulatedOrder) {
         result.simulated = simulateC(n, integers);
         result.normalised =
             (result.statistic - result.simulated->mean) / result.simulated->variance;
         result.cumulative = NormalCdf(result.normalised);
+        result.rejected = result.cumulative > 1.0 - alpha;
     }
-    result.rejected = result.cumulative > 1.0 - alpha;
     return result;
 }
 
@@ -52,10 +58,10 @@ TestMResult testM(const TMatrix& observations, int n, double alpha)
     if (n <= largestExactOrder) {
         result.exact = exactDistributionOfM(n);
         result.cumulative = result.exact->cumulative(result.statistic);
-        result.rejected = result.cumulative > 1.0 - alpha;
+        result.rejected = rejects(*result.exact, result.statistic, alpha);
     } else {
         const RankDegrees degrees(n);
-        result.criticalValue = FQuantile(1.0 - alpha, degrees.numerator, degrees.denominator);
+        result.criticalValue = criticalF(alpha, degrees.numerator, degrees.denominator);
         result.rejected = result.statistic >= result.criticalValue;
     }
     return result;

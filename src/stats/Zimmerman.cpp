@@ -2,6 +2,7 @@
 #include "stats/Zimmerman.h"
 
 #include "stats/CyclicLayout.h"
+#include "stats/ObservationPairs.h"
 #include "stats/TreatmentSpread.h"
 #include "stats/WorkingMemory.h"
 
@@ -12,14 +13,31 @@ namespace stats {
 
 namespace {
 
-/// The number of i in 1..n with valueAt(i) <= value.
-template <typename ValueAt>
-int rankOf(double value, int n, const ValueAt& valueAt)
+struct Cell {
+    int column = 0;
+    int row = 0;
+};
+
+/// Adds to every cell the rank of its observation within its line. cellOf(line, place), both from 1
+/// to n, is a cell of the square: its lines are the rows or the columns.
+template <typename CellOf>
+void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& cellOf)
 {
-    int rank = 0;
-    for (int i = 1; i <= n; ++i)
-        rank += valueAt(i) <= value ? 1 : 0;
-    return rank;
+    WorkingMemory memory;
+    std::pmr::vector<ObservationPair> pairs(memory.resource());
+    pairs.reserve(static_cast<std::size_t>(std::max(n, 0)));
+    for (int line = 1; line <= n; ++line) {
+        pairs.clear();
+        for (int place = 1; place <= n; ++place) {
+            const Cell cell = cellOf(line, place);
+            pairs.push_back({observations.Elem(cell.column, cell.row), place});
+        }
+        sortByValue(pairs);
+        visitRanks(pairs, [&](int place, std::int64_t rank) {
+            const auto [column, row] = cellOf(line, place);
+            ranks.Elem(column, row, ranks.Elem(column, row) + static_cast<double>(rank));
+        });
+    }
 }
 
 /// The spread of the rank sums, which are whole numbers.
@@ -42,24 +60,12 @@ TreatmentSpread rankSpread(const TMatrix& ranks, int n)
 
 void AddRowRanks(const TMatrix& observations, TMatrix& ranks, int n)
 {
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            const int rank = rankOf(observations.Elem(column, row), n,
-                                    [&](int other) { return observations.Elem(other, row); });
-            ranks.Elem(column, row, ranks.Elem(column, row) + rank);
-        }
-    }
+    addRanks(observations, ranks, n, [](int row, int column) { return Cell{column, row}; });
 }
 
 void AddColumnRanks(const TMatrix& observations, TMatrix& ranks, int n)
 {
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            const int rank = rankOf(observations.Elem(column, row), n,
-                                    [&](int other) { return observations.Elem(column, other); });
-            ranks.Elem(column, row, ranks.Elem(column, row) + rank);
-        }
-    }
+    addRanks(observations, ranks, n, [](int column, int row) { return Cell{column, row}; });
 }
 
 double TreatmentMean(const TMatrix& matrix, int treatment, int n)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/AnalysisFixture.h"
+#include "square/ShapeNotice.h"
 
 #include <QApplication>
 #include <QFontInfo>
@@ -164,9 +165,13 @@ TEST_F(AnalysisOpening, TheGridTakesTheSizeOfTheFile)
     EXPECT_EQ(datos().NrOfColumns(), 4);
     EXPECT_EQ(datos().NrOfRows(), 3);
     EXPECT_EQ(datos().value(4, 3), 12.0);
+    window->FormActivate();
+    EXPECT_EQ(statusTexts.last(), square::shapeNotice(4, 3));
     openSquare({{42}});
     EXPECT_EQ(datos().NrOfColumns(), 1);
     EXPECT_EQ(datos().NrOfRows(), 1);
+    window->FormActivate();
+    EXPECT_TRUE(statusTexts.last().startsWith(QStringLiteral("Seleccione las opciones")));
 }
 
 TEST_F(AnalysisOpening, AFileNameWithAMarkOfCaptionsIsShownWhole)

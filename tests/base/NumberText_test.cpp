@@ -114,6 +114,22 @@ TEST_F(NumberText, TableFormTurnsGeneralForHugeNumbers)
     EXPECT_EQ(base::tableText(-1.5e20), text("-1.5E20"));
 }
 
+TEST_F(NumberText, TableFormRoundsADecimalOfAnyLengthOnce)
+{
+    using base::Decimal;
+    // A double beside it has 16 digits, of which 15 would round twice.
+    EXPECT_EQ(base::tableText(Decimal{false, "123456789012344999", 11}), text("123456789012.34"));
+    EXPECT_EQ(base::tableText(Decimal{true, "123456789012345000", 11}), text("-123456789012.35"));
+    EXPECT_EQ(base::tableText(Decimal{false, "12345678901234567", 14}), text("123456789012345.67"));
+    EXPECT_EQ(base::tableText(Decimal{}), text("0"));
+    EXPECT_EQ(base::tableText(Decimal{true, "4", -3}), text("0"));
+    EXPECT_EQ(base::tableText(Decimal{false, "5", -3}), text(".01"));
+    EXPECT_EQ(base::tableText(Decimal{false, "15555555555555549", 600}),
+              text("1.55555555555555E600"));
+    EXPECT_EQ(base::tableText(Decimal{false, "9999999999999995", 20}), text("1E21"));
+    EXPECT_EQ(base::tableText(Decimal{true, "15", 20}), text("-1.5E20"));
+}
+
 TEST_F(NumberText, FixedTextShowsItsDecimals)
 {
     EXPECT_EQ(base::fixedText(24.0, 3), text("24.000"));

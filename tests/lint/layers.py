@@ -26,7 +26,7 @@ LAYERS = {
 }
 
 # (layer, target): what its files may include beside their own layer.
-NOTHING, QT_CORE = "the C++ library", "Qt Core"
+NOTHING, QT_CORE = "the C++ library and Boost", "Qt Core"
 HALVES = {
     ("base", "base"): (QT_CORE, set()),
     ("stats", "stats"): (NOTHING, set()),

@@ -54,13 +54,13 @@ class Install(unittest.TestCase):
         page = (self.root / "share/man/man1/cuadrado-latino.1").read_text(encoding="utf-8")
         self.assertIn(f"Cuadrado Latino {self.version}", page)
 
-    def test_manual_shows_its_pictures_and_the_samples_are_there(self):
+    def test_what_the_manual_points_at_is_there_and_so_are_the_samples(self):
         documents = self.root / "share/doc/cuadrado-latino"
         manual = (documents / "manual.md").read_text(encoding="utf-8")
-        pictures = [part.split(")")[0] for part in manual.split("](")[1:] if part.startswith("imagenes")]
-        self.assertTrue(pictures)
-        for picture in pictures:
-            self.assertTrue((documents / picture).is_file(), picture)
+        targets = [part.split(")")[0] for part in manual.split("](")[1:]]
+        self.assertTrue([target for target in targets if target.startswith("imagenes")])
+        for target in targets:
+            self.assertTrue((documents / target).is_file(), target)
         self.assertTrue(list((documents / "ejemplos").glob("*.asc")))
 
 

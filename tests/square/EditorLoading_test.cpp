@@ -2,6 +2,7 @@
 #include "square/BadFiles.h"
 #include "square/EditorFilesFixture.h"
 #include "square/LoadedSquare.h"
+#include "square/ShapeNotice.h"
 
 using namespace squarebytes;
 
@@ -121,6 +122,9 @@ TEST_F(EditorFiles, AFileOfFourColumnsAndThreeRowsTakesItsOrderFromTheColumns)
     EXPECT_EQ(datos().value(4, 3), 12.0);
     EXPECT_EQ(reference().NrOfColumns(), 4);
     EXPECT_EQ(reference().NrOfRows(), 4);
+    EXPECT_EQ(m_status.last(), square::shapeNotice(4, 3));
+    load(badfiles::fileOf("3", "3", "FALSE FALSE FALSE", {"1 2 3", "5 6 7", "9 10 11"}));
+    EXPECT_TRUE(m_status.last().startsWith(utf8("Puede manejar archivos")));
 }
 
 TEST_F(EditorFiles, EightColumnsLoadAndLeaveTheSpinnerAtItsLimit)

@@ -112,6 +112,7 @@ void expectSame(const ExactDistribution& distribution, const Table& table)
         EXPECT_EQ(distribution.value(index), static_cast<double>(value)) << value;
         EXPECT_EQ(distribution.probability(index), count / all) << value;
         EXPECT_EQ(distribution.cumulative(static_cast<double>(value)), upTo / all) << value;
+        EXPECT_EQ(distribution.shareAbove(static_cast<double>(value)), (all - upTo) / all) << value;
         ++index;
     }
     EXPECT_EQ(upTo, distribution.arrangements());

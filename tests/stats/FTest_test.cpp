@@ -2,7 +2,9 @@
 #include "stats/Estad.h"
 
 #include "stats/Squares.h"
+#include "stats/TypedSquares.h"
 #include "support/Golden.h"
+#include "support/Sanitizers.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
 
@@ -20,6 +22,71 @@ protected:
 private:
     UserLocale m_point{"C"};
 };
+
+using Fraction = boost::multiprecision::cpp_rational;
+
+/// The pattern "#.##" of an exact number: two decimals, rounded half away from zero.
+QString patternText(const Fraction& value)
+{
+    using boost::multiprecision::cpp_int;
+    const Fraction doubled = abs(value) * 200 + 1; // twice the hundredths, and one half
+    const cpp_int hundredths = numerator(doubled) / (denominator(doubled) * 2);
+    std::string decimals = cpp_int(hundredths % 100 + 100).str().substr(1);
+    decimals.erase(decimals.find_last_not_of('0') + 1);
+    const cpp_int whole = hundredths / 100;
+    if (hundredths == 0)
+        return QStringLiteral("0");
+    return QString::fromStdString((value < 0 ? "-" : "") + (whole == 0 ? "" : whole.str()) +
+                                  (decimals.empty() ? "" : '.' + decimals));
+}
+
+/// The numbers of a line of the table, behind its label and without its mark.
+QStringList numbersOf(const QString& line)
+{
+    QStringList numbers = line.mid(16).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    numbers.removeAll(QStringLiteral("*"));
+    return numbers;
+}
+
+/// The numbers that the table of an analysis must have, line by line, critical values left out.
+QList<QStringList> exactTable(const TypedSquare& square)
+{
+    const ExactAnova exact(square);
+    const int n = square.n;
+    const Fraction errorMean = exact.error / ((n - 1) * (n - 2));
+    const auto source = [&](const Fraction& sum) {
+        const Fraction mean = sum / (n - 1);
+        return QStringList{QString::number(n - 1), patternText(sum), patternText(mean),
+                           patternText(mean / errorMean)};
+    };
+    return {
+        source(exact.rows),
+        source(exact.columns),
+        source(exact.treatments),
+        {QString::number((n - 1) * (n - 2)), patternText(exact.error), patternText(errorMean)},
+        {QString::number(n * n - 1), patternText(exact.total)},
+    };
+}
+
+/// Compares every number of the report with the exact one. @return how many numbers were compared
+int comparedNumbers(const TypedSquare& square)
+{
+    const QStringList lines = stats::FTest(square.doubles, square.n, 0.05);
+    if (ExactAnova(square).error == 0) {
+        EXPECT_EQ(lines.size(), 3);
+        return 0;
+    }
+    const QList<QStringList> expected = exactTable(square);
+    int compared = 0;
+    for (int k = 0; k < expected.size(); ++k) {
+        constexpr int firstSource = 5;
+        const int line = k < 4 ? firstSource + k : firstSource + k + 1; // the rule between
+        EXPECT_EQ(numbersOf(lines.at(line)).mid(0, expected.at(k).size()), expected.at(k))
+            << lines.at(line).toStdString();
+        compared += static_cast<int>(expected.at(k).size()) - 1;
+    }
+    return compared;
+}
 
 const QString exceptionStart = QStringLiteral("**** EXCEPCION : La varianza del error es 0");
 
@@ -52,6 +119,54 @@ TEST_F(FTest, WideValuesPushTheRestOfTheirLine)
     EXPECT_TRUE(matchesGolden("stats/data/f_ancho_95.txt", report(square, 3, 0.05)));
 }
 
+TEST_F(FTest, RoundsTheExactNumberAndNotTheDoubleBesideIt)
+{
+    const TypedSquare square = typedSquare(
+        4, 1, {413, 347, 323, 175, 334, 289, 197, 135, 303, 304, 282, 222, 215, 274, 150, 89});
+    const QStringList lines = stats::FTest(square.doubles, 4, 0.05);
+    EXPECT_EQ(numbersOf(lines[5])[1], QStringLiteral("385.55")); // exactly 385.545
+    EXPECT_EQ(numbersOf(lines[8])[1], QStringLiteral("65.41"));  // exactly 65.405
+    comparedNumbers(square);
+}
+
+TEST_F(FTest, EveryNumberIsTheExactOneRoundedOnce)
+{
+    // One, two and no decimals; at order 4 many sums of squares end in an exact half.
+    constexpr int squares = isSanitized ? 50 : 3800;
+    std::mt19937_64 generator(2026);
+    int compared = 0;
+    for (int n = 3; n <= 6; ++n) {
+        for (int decimals = 0; decimals <= 2; ++decimals) {
+            for (const std::int64_t range : {20, 600}) {
+                for (int k = 0; k < squares; ++k) {
+                    compared +=
+                        comparedNumbers(randomTypedSquare(n, decimals, 0, range, generator));
+                    if (HasFailure())
+                        return;
+                }
+            }
+        }
+    }
+    EXPECT_GE(compared, isSanitized ? 10000 : 1000000);
+}
+
+TEST_F(FTest, NumbersBehindTwelveConstantDigitsAreExact)
+{
+    std::mt19937_64 generator(9);
+    for (int n = 3; n <= 6; ++n) {
+        for (int k = 0; k < 100; ++k)
+            comparedNumbers(randomTypedSquare(n, 1, 10000000000000, 10, generator));
+    }
+}
+
+TEST_F(FTest, SumsBeyondTheDoublesAreWrittenInTheGeneralForm)
+{
+    const QStringList lines =
+        stats::FTest(squareOf({{1e300, 0, 0}, {0, 2e300, 0}, {0, 0, 4e300}}), 3, 0.05);
+    // Rows 21 / 3, correction 49 / 9.
+    EXPECT_EQ(numbersOf(lines[5])[1], QStringLiteral("1.55555555555556E600"));
+}
+
 TEST_F(FTest, WithoutErrorVarianceTheReportEndsAfterSayingSo)
 {
     const QStringList lines = stats::FTest(squareFrom(4, [](int, int) { return 12.0; }), 4, 0.05);
@@ -74,11 +189,11 @@ TEST_F(FTest, DataTooSmallForTheirSquaresStillGetATable)
 
 TEST_F(FTest, OrdersThatOnlyAFileCanBring)
 {
-    for (const int n : {1, 2}) {
+    for (const int n : {1, 2}) { // no error degrees of freedom: neither F nor a critical value
         const QStringList lines = stats::FTest(
             squareFrom(n, [](int column, int row) { return column + 2.0 * row; }), n, 0.05);
         ASSERT_EQ(lines.size(), 13) << n;
-        EXPECT_TRUE(lines[7].endsWith(QStringLiteral("    NAN            0"))) << n;
+        EXPECT_TRUE(lines[7].endsWith(QStringLiteral("    NAN          NAN"))) << n;
         EXPECT_TRUE(lines[8].startsWith(QStringLiteral("Error            0"))) << n;
         EXPECT_TRUE(lines[8].endsWith(QStringLiteral("    NAN"))) << n;
     }

@@ -254,6 +254,45 @@ TEST_F(Reports, OrderOneIsReportedWithoutAStatisticOfM)
     EXPECT_EQ(lines.last(), QStringLiteral("Para alpha = 0.05 se acepta la hipótesis."));
 }
 
+TEST_F(Reports, OrderOneIsNeverRejected)
+{
+    const TMatrix square = squareFrom(1, [](int, int) { return 2.5; });
+    for (int position = 1; position <= 99; ++position) {
+        const double alpha = (100 - position) / 100.0;
+        for (const auto& [kind, name] : testNames()) {
+            const QStringList lines = reportOf(kind, square, 1, alpha);
+            EXPECT_TRUE(lines.filter(QStringLiteral("rechaza")).isEmpty())
+                << name << ' ' << position;
+        }
+    }
+    const QStringList bennett = reportOf(TestKind::Bennett, square, 1, 0.05);
+    EXPECT_EQ(bennett[2], QStringLiteral("Estadística de prueba B= 0"));
+    EXPECT_EQ(bennett[4], QStringLiteral("Valor Crítico Chi2(0 grados de libertad) = NAN"));
+    EXPECT_EQ(bennett.last(), QStringLiteral("Según el valor de B, se acepta H0"));
+    const QStringList zimmerman = reportOf(TestKind::Zimmerman, square, 1, 0.05);
+    EXPECT_EQ(zimmerman[7], QStringLiteral("Valor Crítico F(0,0) = NAN"));
+    const QStringList c = reportOf(TestKind::C, square, 1, 0.05);
+    EXPECT_EQ(c[0], QStringLiteral("C = 0"));
+    EXPECT_EQ(c[2], QStringLiteral("El valor de la distribución acumulada para C es 1"));
+    EXPECT_EQ(c.last(), QStringLiteral("Para alpha = 0.05 se acepta la hipótesis."));
+}
+
+TEST_F(Reports, TestCBeyondItsLargestOrderSaysSoInOneLine)
+{
+    Exact exact;
+    exact.available = true;
+    const TMatrix square =
+        squareFrom(41, [](int column, int row) { return (column * 37 + row * row * 11) % 101; });
+    const QStringList lines = reportOf(TestKind::C, square, 41, 0.99, exact);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("C = 0.")));
+    EXPECT_EQ(lines[1], QStringLiteral("C no se aproxima para cuadrados de orden 41 (el mayor es "
+                                       "40): no se decide nada."));
+    EXPECT_FALSE(exact.available);
+    EXPECT_EQ(exact.title, QStringLiteral("Distribución exacta de C para cuadrados de 41x41"));
+    EXPECT_EQ(reportOf(TestKind::C, square, 40, 0.05).size(), 11);
+}
+
 TEST_F(Reports, OrderTwentyIsAnswered)
 {
     const TMatrix square =

@@ -106,6 +106,79 @@ TEST(SequenceTests, AcceptWhenOneLessAlphaIsReachedExactly)
     EXPECT_TRUE(stats::testM(forM, 3, 0.06).rejected);
 }
 
+namespace {
+
+/// At every level of the bar and for every value, the decision in whole numbers: reject when fewer
+/// than (100 - level) in 100 arrangements lie above.
+void expectDecisionsOfWholeNumbers(const stats::ExactDistribution& distribution, int values)
+{
+    ASSERT_EQ(distribution.count(), values);
+    const std::int64_t all = distribution.arrangements();
+    std::int64_t upTo = 0;
+    int equalities = 0;
+    for (int index = 0; index < values; ++index) {
+        upTo += std::llround(distribution.probability(index) * static_cast<double>(all));
+        for (int level = 1; level <= 99; ++level) {
+            const double alpha = (100 - level) / 100.0;
+            EXPECT_EQ(stats::rejects(distribution, distribution.value(index), alpha),
+                      (all - upTo) * 100 < (100 - level) * all)
+                << "value " << index << ", level " << level;
+            equalities += upTo * 100 == level * all ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(upTo, all);
+    EXPECT_GT(equalities, 0) << "no value reaches a level exactly: the test says little";
+}
+
+} // namespace
+
+TEST(SequenceTests, DecideAtAllLevelsAsWholeNumbersDo)
+{
+    expectDecisionsOfWholeNumbers(stats::exactDistributionOfC(3), 86);
+    expectDecisionsOfWholeNumbers(stats::exactDistributionOfM(3), 112);
+}
+
+TEST(SequenceTests, ALevelThatIsReachedExactlyAccepts)
+{
+    // P = 0.2, and 1.0 - 0.8 is less than 0.2 in doubles.
+    const stats::TMatrix square =
+        squareOf({{41.615, 13.892, 25.721}, {75.286, 53.283, 35.347}, {59.287, 22.279, 32.988}});
+    const stats::TestMResult m = stats::testM(square, 3, 0.8);
+    EXPECT_EQ(m.cumulative, 0.2);
+    EXPECT_FALSE(m.rejected);
+    EXPECT_TRUE(stats::testM(square, 3, 0.81).rejected);
+}
+
+TEST(SequenceTests, OneObservationIsNeverRejected)
+{
+    RandomIntegers integers;
+    const stats::TMatrix square = squareFrom(1, [](int, int) { return 2.0; });
+    for (const double alpha : {0.01, 0.5, 0.99}) {
+        const stats::TestCResult result = stats::testC(square, 1, alpha, integers);
+        EXPECT_EQ(result.statistic, 0.0);
+        EXPECT_FALSE(result.rejected);
+    }
+}
+
+TEST(SequenceTests, CIsNotApproximatedBeyondItsLargestOrder)
+{
+    RandomIntegers integers;
+    const auto squareOfOrder = [](int n) {
+        return squareFrom(n, [](int column, int row) { return column * 37 % 11 + row; });
+    };
+    const int largest = stats::largestSimulatedOrder;
+    EXPECT_TRUE(stats::testC(squareOfOrder(7), 7, 0.05, integers).simulated.has_value());
+    integers = RandomIntegers();
+    const stats::TestCResult result =
+        stats::testC(squareOfOrder(largest + 1), largest + 1, 0.99, integers);
+    EXPECT_GT(result.statistic, 0.0);
+    EXPECT_FALSE(result.exact.has_value());
+    EXPECT_FALSE(result.simulated.has_value());
+    EXPECT_TRUE(std::isnan(result.cumulative));
+    EXPECT_FALSE(result.rejected);
+    EXPECT_EQ(integers.next(), 16838) << "numbers were drawn for nothing";
+}
+
 TEST(SequenceTests, ApproximatedM)
 {
     const stats::TestMResult result = stats::testM(propellantSquare(), 5, 0.05);

@@ -37,6 +37,17 @@ Transcribed transcription(const TMatrix& observations, int n)
     return {t, n * t / (1 - t) * ((n - 1.0) / (n + 1.0))};
 }
 
+/// The rank of a cell within its row plus its rank within its column, by counting.
+double countedRankSum(const TMatrix& observations, int column, int row, int n)
+{
+    int rank = 0;
+    for (int other = 1; other <= n; ++other) {
+        rank += observations.Elem(other, row) <= observations.Elem(column, row) ? 1 : 0;
+        rank += observations.Elem(column, other) <= observations.Elem(column, row) ? 1 : 0;
+    }
+    return rank;
+}
+
 /// Rounding of the transcription's dozens of steps, on values of about 1.
 constexpr double transcriptionTolerance = 1e-13;
 
@@ -57,6 +68,23 @@ TEST(Zimmerman, RanksCountWhatIsAtMostAsLarge)
     for (int row = 1; row <= 3; ++row) {
         for (int column = 1; column <= 3; ++column)
             EXPECT_EQ(ranks.Elem(column, row), squareOf(expectedSums).Elem(column, row));
+    }
+}
+
+TEST(Zimmerman, SortingRanksAsCountingDoes)
+{
+    for (const int n : {1, 2, 3, 6, 8, 9, 64, 65, 100}) { // lines are sorted in two ways
+        RandomSquares squares(n);
+        for (int k = 0; k < 12; ++k) {
+            const TMatrix square = squares.next();
+            TMatrix ranks = TMatrix::Create(n, n);
+            stats::AddRowRanks(square, ranks, n);
+            stats::AddColumnRanks(square, ranks, n);
+            for (int row = 1; row <= n; ++row) {
+                for (int column = 1; column <= n; ++column)
+                    ASSERT_EQ(ranks.Elem(column, row), countedRankSum(square, column, row, n));
+            }
+        }
     }
 }
 
