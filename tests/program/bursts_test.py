@@ -94,7 +94,8 @@ class Life:
     def open_file(self, path, *keys):
         self.press(*keys)
         wait_for("the dialog", lambda: self.active() == "Abrir Archivo")
-        xdotool("type", "--delay", 2, str(path))
+        time.sleep(0.2)  # its list of completions takes keys while it is filled
+        xdotool("type", "--delay", 12, str(path))
         self.press("Return")
         wait_for("the file", lambda: self.has_ended() or self.is_at_rest())
 
