@@ -22,6 +22,7 @@
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QToolBar>
+#include <QWindow>
 
 namespace shell {
 
@@ -80,6 +81,7 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_area);
     connect(m_area, &QMdiArea::subWindowActivated, this, &TPrincipal::subWindowActivated);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &TPrincipal::focusWindowChanged);
 
     createMenus();
     createToolBar();
@@ -174,6 +176,18 @@ void TPrincipal::changeEvent(QEvent* event)
         QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
     if (!m_leftForOwnDialog)
         m_tiling->frameLeft();
+}
+
+/// The frame may be inactive as one of its dialogs opens, and it may be left for the About box and
+/// come back to from another program.
+void TPrincipal::focusWindowChanged(const QWindow* focused)
+{
+    const bool isAsking = QApplication::activeModalWidget() != nullptr;
+    const bool isAbout = focused != nullptr && focused == m_about->windowHandle();
+    if (isAbout || (isAsking && focused != nullptr))
+        m_leftForOwnDialog = true;
+    else if (focused == nullptr && m_about->isVisible() && !isAsking)
+        m_leftForOwnDialog = false;
 }
 
 void TPrincipal::closeEvent(QCloseEvent* event)

@@ -67,6 +67,7 @@ private:
     void bringToFront(QMdiSubWindow* place);
     bool everyChildMayClose();
     void FormActivate();
+    void focusWindowChanged(const QWindow* focused);
     void subWindowActivated(QMdiSubWindow* subWindow);
 
     window::Dialogs& m_dialogs;

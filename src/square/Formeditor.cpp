@@ -9,6 +9,7 @@
 #include "square/ShapeNotice.h"
 #include "square/ShowSquare.h"
 #include "square/UpDown.h"
+#include "window/Asking.h"
 #include "window/Caption.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
@@ -41,6 +42,13 @@ QString invitation()
 QString roundedNotice()
 {
     return QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
+}
+
+QString changedElsewhere(const QString& fileName)
+{
+    return QStringLiteral("El archivo «%1» cambió desde que este editor lo cargó o lo guardó.\n"
+                          "¿Desea reemplazarlo?")
+        .arg(fileName);
 }
 
 window::FileRequest squareFileRequest(const QString& title)
@@ -159,7 +167,7 @@ void TEditor::GuardaryAnalizar1Click()
 void TEditor::NumTratamientosClick()
 {
     const QPointer<TEditor> stillThere(this);
-    if (m_datos->commitEdit())
+    if (!window::isAsking() && m_datos->commitEdit())
         setOrder(m_numTratamientos->Position());
     else if (stillThere)
         m_numTratamientos->setPosition(m_refTratamientos->NrOfColumns());
@@ -170,6 +178,10 @@ void TEditor::NFilasChange()
     // A character that the edit refuses comes here too, without a change.
     if (m_nFilas->text() == m_rowPrefix)
         return;
+    if (window::isAsking()) {
+        m_nFilas->setText(m_rowPrefix);
+        return;
+    }
     m_rowPrefix = m_nFilas->text();
     m_saved = false;
     nameRows(*m_refTratamientos);
@@ -180,6 +192,10 @@ void TEditor::NColumnasChange()
 {
     if (m_nColumnas->text() == m_columnPrefix)
         return;
+    if (window::isAsking()) {
+        m_nColumnas->setText(m_columnPrefix);
+        return;
+    }
     m_columnPrefix = m_nColumnas->text();
     m_saved = false;
     nameColumns(*m_refTratamientos);
@@ -245,30 +261,37 @@ QString TEditor::showLoaded(const SquareData& square)
     return {};
 }
 
-/// Writes the square to its file, or to one that the user is asked for.
-/// @return whether a file holds it now
+/// Writes the square to its file, or to one that the user is asked for. A file that holds it
+/// already is left alone; one that another editor or program has written to since is not replaced
+/// without a question.
+/// @return whether a file holds the square now
 bool TEditor::save()
 {
-    if (isOnDisk())
+    const QByteArray onDisk = base::fingerprint(m_fileName);
+    const bool isUnchanged = !onDisk.isEmpty() && onDisk == m_fileFingerprint;
+    if (m_saved && isUnchanged)
         return true;
+    QString known = m_fileName;
+    if (!onDisk.isEmpty() && !isUnchanged) {
+        const window::Answer answer =
+            m_dialogs.askYesNo(this, changedElsewhere(m_fileName), editorCaption());
+        if (answer == window::Answer::None)
+            return false;
+        if (answer == window::Answer::No)
+            known.clear();
+    }
+    window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
+    request.fileName = m_fileName;
     const std::optional<QString> fileName =
         window::save(m_dialogs, *this,
-                     {squareFileRequest(QStringLiteral("Guardar Archivo")), editorCaption(),
+                     {request, editorCaption(),
                       [this](const QString& chosen) { return Export(*m_datos, chosen); }},
-                     m_fileName);
+                     known);
     if (!fileName)
         return false;
     rememberFile(*fileName, base::fingerprint(*fileName));
     emit statusText(encodingChangesValues(squareOf(*m_datos)) ? roundedNotice() : invitation());
     return true;
-}
-
-/// Whether the file still is what was loaded or saved, and the square too. Another program, or
-/// another editor, may have written to it.
-bool TEditor::isOnDisk() const
-{
-    return m_saved && !m_fileFingerprint.isEmpty() &&
-           base::fingerprint(m_fileName) == m_fileFingerprint;
 }
 
 void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint)

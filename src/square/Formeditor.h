@@ -22,9 +22,10 @@ class UpDown;
 /// the file that they are saved in and loaded from.
 ///
 /// Every command first takes over the cell that is being edited, and does nothing when its text is
-/// refused. A file that holds what the editor shows is not written again. A save that fails tells
-/// the user why and asks for another name; given up it leaves file, caption and Saved() as they
-/// were. So does a file that cannot be loaded.
+/// refused; nothing changes the square while a question is open. A file that holds what the editor
+/// shows is not written again, one that changed since not without a question. A save that fails
+/// tells the user why and asks for another name; given up it leaves file, caption and Saved() as
+/// they were. So does a file that cannot be loaded.
 class TEditor : public window::ChildWindow {
     Q_OBJECT
 
@@ -78,7 +79,6 @@ private:
 
     bool load();
     bool save();
-    bool isOnDisk() const;
     QString showLoaded(const SquareData& square);
     void rememberFile(const QString& fileName, const QByteArray& fingerprint);
     void setOrder(int order);

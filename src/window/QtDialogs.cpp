@@ -84,16 +84,33 @@ private:
     QPointer<Dialog> m_dialog;
 };
 
-QLineEdit* fileNameEdit(const QFileDialog& dialog)
-{
-    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-}
+/// Qt's, but for quotation marks in a name: between two of them it looks for one of several names,
+/// and would save under another name than the one that was typed.
+class FileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    QLineEdit* nameEdit() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
+
+protected:
+    void accept() override
+    {
+        const QLineEdit* edit = nameEdit();
+        if (edit == nullptr || !edit->text().contains(QLatin1Char('"')))
+            QFileDialog::accept();
+        else
+            QtDialogs().showError(
+                this,
+                QStringLiteral("El nombre de un archivo no puede llevar aquí comillas («\"»)."),
+                windowTitle());
+    }
+};
 
 /// Offers a name to change or confirm; as it is, where its folder does not exist and the dialog has
 /// nothing to show for it.
-void offerName(QFileDialog& dialog, const QString& fileName)
+void offerName(FileDialog& dialog, const QString& fileName)
 {
-    QLineEdit* edit = fileNameEdit(dialog);
+    QLineEdit* edit = dialog.nameEdit();
     if (edit == nullptr || QFileInfo(fileName).dir().exists()) {
         dialog.selectFile(fileName);
         return;
@@ -106,7 +123,7 @@ std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request
                                      QFileDialog::AcceptMode mode)
 {
     FileKinds kinds; // outlives the dialog
-    Modal<QFileDialog> dialog(parent, request.title);
+    Modal<FileDialog> dialog(parent, request.title);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
     dialog->setAcceptMode(mode);

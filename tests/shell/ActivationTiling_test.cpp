@@ -113,6 +113,23 @@ TEST_F(ActivationTiling, DoesNotFollowAnOwnDialog)
     EXPECT_FALSE(areTiled());
 }
 
+TEST_F(ActivationTiling, DoesNotFollowAnOwnDialogThatOpenedWhileAnotherProgramWasActive)
+{
+    otherProgram.show();
+    otherProgram.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&otherProgram));
+    QDialog dialog(&frame);
+    dialog.setModal(true);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.close();
+    frame.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    waitALittle();
+    EXPECT_FALSE(areTiled());
+}
+
 TEST_F(ActivationTiling, DoesNotFollowTheAboutBox)
 {
     frame.Acercade1Click();

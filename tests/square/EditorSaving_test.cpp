@@ -172,16 +172,40 @@ TEST_F(EditorFiles, AnUnchangedFileIsNotWrittenAgain)
     EXPECT_EQ(m_requests, QStringList({utf8("analyse ") + path("a.asc"), utf8("close")}));
 }
 
-TEST_F(EditorFiles, AFileThatChangedBehindTheEditorIsWrittenAgain)
+TEST_F(EditorFiles, AFileThatChangedBehindTheEditorIsNotReplacedWithoutAQuestion)
 {
     openWith(ofOrder3());
-    fileOf("de otro");
+    for (const bool isChanged : {false, true}) {
+        if (isChanged)
+            enterIntoCell(1, 1, "7");
+        fileOf("de otro");
+        m_dialogs.questions.clear();
+        m_dialogs.yesNoAnswers = {false};
+        m_dialogs.saveAnswers = {std::nullopt};
+        action("GuardaryAnalizar1").trigger();
+        ASSERT_EQ(m_dialogs.questions.size(), 1U);
+        EXPECT_TRUE(m_dialogs.questions[0].text.contains(path("a.asc")));
+        EXPECT_EQ(m_dialogs.saveRequests.back().fileName, path("a.asc"));
+        EXPECT_EQ(bytesOf("a.asc"), "de otro");
+        EXPECT_TRUE(m_requests.isEmpty());
+    }
+    m_dialogs.yesNoAnswers = {false};
+    m_dialogs.saveAnswers = {path("b.asc")};
     action("Guardar1").trigger();
-    EXPECT_EQ(bytesOf("a.asc"), ofOrder3());
+    EXPECT_EQ(bytesOf("a.asc"), "de otro");
+    EXPECT_EQ(m_editor->FileName(), path("b.asc"));
 
-    ASSERT_TRUE(QFile::remove(path("a.asc")));
-    action("GuardaryAnalizar1").trigger();
-    EXPECT_EQ(bytesOf("a.asc"), ofOrder3());
+    fileOf("de otro", "b.asc");
+    m_dialogs.yesNoAnswers = {true};
+    action("Guardar1").trigger();
+    EXPECT_TRUE(bytesOf("b.asc").contains("\t 7.0000000E+0000\t"));
+
+    // What is gone altogether costs nobody anything.
+    m_dialogs.questions.clear();
+    ASSERT_TRUE(QFile::remove(path("b.asc")));
+    action("Guardar1").trigger();
+    EXPECT_TRUE(QFile::exists(path("b.asc")));
+    EXPECT_TRUE(m_dialogs.questions.empty());
 }
 
 TEST_F(EditorFiles, TheShortcutsWorkAlsoInsideAnOpenCell)

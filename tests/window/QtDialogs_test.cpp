@@ -185,6 +185,57 @@ TEST_F(QtDialogs, OfferedNameAndFilterAreTheRequests)
     EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("reporte.txt"));
 }
 
+TEST_F(QtDialogs, ANameInNoFolderComesBackAsItWasTyped)
+{
+    const QString nowhere = path("no/existe/a.asc");
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        whenOpen<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_TRUE(box.text().contains(path("no/existe"))) << box.text().toStdString();
+            whenOpen<QFileDialog>([&](QFileDialog& again) {
+                EXPECT_EQ(again.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                          nowhere);
+                nameAndAccept(again, path("a.asc"));
+            });
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        nameAndAccept(dialog, nowhere);
+    });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("a.asc"));
+}
+
+TEST_F(QtDialogs, ANameThatCannotBeTakenAsItIsIsRefused)
+{
+    for (const QString& name : {path("a\"b.asc"), path("c\"")}) {
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            whenOpen<QMessageBox>([&](QMessageBox& box) {
+                EXPECT_TRUE(box.text().contains(QStringLiteral("nombre")));
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            nameAndAccept(dialog, name);
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(), name);
+            nameAndAccept(dialog, path("a.asc"));
+        });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("a.asc"));
+    }
+}
+
+TEST_F(QtDialogs, AQuestionGoesWithItsWindow)
+{
+    const auto destroyParentOf = [](QWidget& dialog) { delete dialog.parentWidget(); };
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) { destroyParentOf(dialog); });
+    EXPECT_EQ(dialogs.saveFileName(new QWidget, request), std::nullopt);
+    whenOpen<QMessageBox>([&](QMessageBox& box) { destroyParentOf(box); });
+    EXPECT_EQ(dialogs.askYesNo(new QWidget, request.title, request.title), window::Answer::None);
+    whenOpen<QMessageBox>([&](QMessageBox& box) { destroyParentOf(box); });
+    dialogs.showError(new QWidget, request.title, request.title);
+    whenOpen<QDialog>([&](QDialog& dialog) { destroyParentOf(dialog); });
+    EXPECT_EQ(dialogs.editLine(new QWidget, request.title, request.title, QString()), std::nullopt);
+    whenOpen<QDialog>([&](QDialog& dialog) { destroyParentOf(dialog); });
+    EXPECT_EQ(dialogs.editInteger(new QWidget, request.title, request.title, 1, 0, 2),
+              std::nullopt);
+}
+
 TEST_F(QtDialogs, OpeningTakesOnlyWhatIsThere)
 {
     make("datos.asc");
