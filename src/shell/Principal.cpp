@@ -186,7 +186,7 @@ void TPrincipal::focusWindowChanged(const QWindow* focused)
     const bool isAbout = focused != nullptr && focused == m_about->windowHandle();
     if (isAbout || (isAsking && focused != nullptr))
         m_leftForOwnDialog = true;
-    else if (focused == nullptr && m_about->isVisible() && !isAsking)
+    else if (focused != windowHandle() && m_about->isVisible() && !isAsking)
         m_leftForOwnDialog = false;
 }
 

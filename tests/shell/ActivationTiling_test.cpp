@@ -130,6 +130,15 @@ TEST_F(ActivationTiling, DoesNotFollowAnOwnDialogThatOpenedWhileAnotherProgramWa
     EXPECT_FALSE(areTiled());
 }
 
+TEST_F(ActivationTiling, FollowsAReturnPastTheAboutBox)
+{
+    frame.Acercade1Click();
+    auto* about = frame.findChild<QDialog*>(QStringLiteral("Acerca"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(about));
+    comeBackFrom(otherProgram);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return areTiled(); }));
+}
+
 TEST_F(ActivationTiling, DoesNotFollowTheAboutBox)
 {
     frame.Acercade1Click();
