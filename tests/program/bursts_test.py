@@ -5,7 +5,7 @@
 bursts_test.py EXECUTABLE, below on_virtual_display. Every pair of keys that ask, leave, confirm and
 cancel, and longer runs of them, 1 to 80 milliseconds apart, in every kind of window. After each
 burst every question that is open can be answered, and the program is there, or has ended as it was
-told to. CL_BURSTS (default 96) says how many, CL_SEED (default 1) which.
+told to. CL_BURSTS (default 64) says how many, CL_SEED (default 1) which.
 """
 
 import itertools
@@ -22,7 +22,7 @@ from stranger import PATIENCE, output, wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
-BURSTS = int(os.environ.get("CL_BURSTS", 96))
+BURSTS = int(os.environ.get("CL_BURSTS", 64))
 SEED = int(os.environ.get("CL_SEED", 1))
 
 KEYS = ("F2", "F3", "ctrl+e", "ctrl+w", "ctrl+F4", "alt+F4", "Return", "Escape")
@@ -68,7 +68,7 @@ class Life:
             self.process = subprocess.Popen(
                 [str(executable)], env=ENVIRONMENT, cwd=folder, stderr=errors
             )
-        wait_for("the frame", self.is_at_rest)
+        wait_for("the frame", self.is_at_rest, 2 * PATIENCE)
 
     def windows(self):
         """The titles of the program's windows on the display."""
