@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace window {
 
@@ -19,11 +20,21 @@ bool isOutsideQuestion(const QObject& object)
     return question != nullptr && around == nullptr;
 }
 
-/// A pop-up, such as a list of completions, may be nobody's child; it belongs to what is in front.
-bool isPopup(const QObject& receiver)
+/// Whether closing this would close something behind the question. A pop-up, such as a list of
+/// completions, may be nobody's child; it belongs to what is in front.
+///
+/// A close comes to the desktop's window first, then to the widget in it. A widget that is asking
+/// whether it may close has already said yes to its window, so the window is looked at too.
+bool isClosedBehindQuestion(const QObject& receiver)
 {
-    return receiver.isWidgetType() &&
-           static_cast<const QWidget&>(receiver).windowType() == Qt::Popup;
+    if (receiver.isWidgetType())
+        return static_cast<const QWidget&>(receiver).windowType() != Qt::Popup &&
+               isOutsideQuestion(receiver);
+    if (!receiver.isWindowType() || !isAsking())
+        return false;
+    const auto& window = static_cast<const QWindow&>(receiver);
+    return window.type() != Qt::Popup &&
+           &window != QApplication::activeModalWidget()->windowHandle();
 }
 
 } // namespace
@@ -39,7 +50,7 @@ bool isBehindQuestion(const QObject& receiver, const QEvent& event)
     case QEvent::Quit:
         return isAsking();
     case QEvent::Close:
-        return receiver.isWidgetType() && !isPopup(receiver) && isOutsideQuestion(receiver);
+        return isClosedBehindQuestion(receiver);
     case QEvent::Shortcut:
         return isOutsideQuestion(receiver);
     default:

@@ -153,6 +153,8 @@ protected:
             child->widget()->close();
         }
         frame.close();
+        frame.windowHandle()->close(); // by the desktop
+        EXPECT_TRUE(frame.windowHandle()->isVisible());
         // Assistive technology presses buttons and chooses entries wherever they are.
         for (QAction* action : frame.findChildren<QAction*>()) {
             const bool belongsToTheQuestion =
