@@ -12,6 +12,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -153,7 +154,8 @@ protected:
             child->widget()->close();
         }
         frame.close();
-        frame.windowHandle()->close(); // by the desktop
+        QCloseEvent fromTheDesktop;
+        QCoreApplication::sendEvent(frame.windowHandle(), &fromTheDesktop);
         EXPECT_TRUE(frame.windowHandle()->isVisible());
         // Assistive technology presses buttons and chooses entries wherever they are.
         for (QAction* action : frame.findChildren<QAction*>()) {
