@@ -18,7 +18,7 @@ import sys
 import time
 import unittest
 
-from stranger import PATIENCE, output, wait_for, xdotool
+from stranger import PATIENCE, NotFound, output, wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -92,12 +92,18 @@ class Life:
             time.sleep(0.03)
 
     def open_file(self, path, *keys):
-        self.press(*keys)
-        wait_for("the dialog", lambda: self.active() == "Abrir Archivo")
-        time.sleep(0.2)  # its list of completions takes keys while it is filled
-        xdotool("type", "--delay", 12, str(path))
-        self.press("Return")
-        wait_for("the file", lambda: self.has_ended() or self.is_at_rest())
+        for _ in range(3):  # the dialog's list of completions may take keys while it is filled
+            self.press(*keys)
+            wait_for("the dialog", lambda: self.active() == "Abrir Archivo")
+            time.sleep(0.2)
+            xdotool("type", "--delay", 12, str(path))
+            self.press("Return")
+            try:
+                wait_for("the file", lambda: self.has_ended() or self.is_at_rest(), PATIENCE / 3)
+                return
+            except NotFound:
+                self.answer_everything()
+        raise NotFound(f"{path} could not be opened")
 
     def burst(self, keys):
         command = []
