@@ -92,13 +92,15 @@ class Life:
             time.sleep(0.03)
 
     def open_file(self, path, *keys):
-        for _ in range(3):  # the dialog's list of completions may take keys while it is filled
+        # A dialog of the burst may come only now, and a list of completions takes keys while it is
+        # filled: then it is done again.
+        for _ in range(3):
             self.press(*keys)
-            wait_for("the dialog", lambda: self.active() == "Abrir Archivo")
-            time.sleep(0.2)
-            xdotool("type", "--delay", 12, str(path))
-            self.press("Return")
             try:
+                wait_for("the dialog", lambda: self.active() == "Abrir Archivo", PATIENCE / 3)
+                time.sleep(0.2)
+                xdotool("type", "--delay", 12, str(path))
+                self.press("Return")
                 wait_for("the file", lambda: self.has_ended() or self.is_at_rest(), PATIENCE / 3)
                 return
             except NotFound:
