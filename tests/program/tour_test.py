@@ -189,9 +189,10 @@ class Tour(unittest.TestCase):
         program.press("ctrl+n")
         wait_for("two editors", lambda: len(program.look("frame", "Editor")) == 2)
         program.press("alt+F4")
+        first = program.find("label", QUESTION)
         program.click(program.find("push button", "No"))
-        wait_for("one editor", lambda: len(program.look("frame", "Editor")) == 1)
-        program.find("label", QUESTION)
+        wait_for("the next question", lambda: program.look("label", QUESTION) not in ([], [first]))
+        self.assertEqual(len(program.look("frame", "Editor")), 2)  # both are still there
         program.click(program.find("push button", "Sí"))
         path = SCRATCH / "ultimo.asc"
         program.answer_file_dialog(path)
