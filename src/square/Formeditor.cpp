@@ -268,11 +268,11 @@ QString TEditor::showLoaded(const SquareData& square)
 bool TEditor::save()
 {
     const QByteArray onDisk = base::fingerprint(m_fileName);
-    const bool isUnchanged = !onDisk.isEmpty() && onDisk == m_fileFingerprint;
-    if (m_saved && isUnchanged)
+    const bool canCompare = !onDisk.isEmpty() && !m_fileFingerprint.isEmpty();
+    if (m_saved && canCompare && onDisk == m_fileFingerprint)
         return true;
     QString known = m_fileName;
-    if (!onDisk.isEmpty() && !isUnchanged) {
+    if (canCompare && onDisk != m_fileFingerprint) {
         const window::Answer answer =
             m_dialogs.askYesNo(this, changedElsewhere(m_fileName), editorCaption());
         if (answer == window::Answer::None)
