@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Keys pressed faster than the program answers: whatever it asks, it outlives them.
 
-bursts_test.py EXECUTABLE, below on_virtual_display. Every pair of keys that ask, leave, confirm and
-cancel, and longer runs of them, 1 to 80 milliseconds apart, in every kind of window. After each
+bursts_test.py EXECUTABLE, below on_virtual_display. Pairs of keys that ask, leave, confirm and cancel
+(every pair from 512 bursts on), and longer runs of them, 1 to 80 milliseconds apart, in every kind of window. After each
 burst every question that is open can be answered, and the program is there, or has ended as it was
 told to. CL_BURSTS (default 64) says how many, CL_SEED (default 1) which.
 """
