@@ -213,8 +213,9 @@ TEST_F(Grafica, TableHasItsLayout)
         dialogs.saveAnswers = {path("datos.txt")};
         entry("GuardarDatos1").trigger();
         const QByteArray table = bytesOf(path("datos.txt"));
-        EXPECT_TRUE(matchesGolden(isC ? "distribution/data/tabla_c.txt" : "chart/data/tabla_m.txt",
-                                  table.toStdString()));
+        EXPECT_TRUE(
+            matchesGolden(isC ? "distribution/data/tabla_c.txt" : "distribution/data/tabla_m.txt",
+                          table.toStdString()));
         const QList<QByteArray> lines = table.split('\n');
         ASSERT_EQ(lines.size(), (isC ? 86 : 112) + 3); // title, header, and nothing behind the end
         EXPECT_EQ(lines[1], QByteArray("                Valor ") + (isC ? "c" : "m") +
