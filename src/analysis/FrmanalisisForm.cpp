@@ -5,6 +5,7 @@
 #include "controls/LevelBar.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
+#include "square/extraction/Extraction.h"
 #include "window/Command.h"
 
 #include <QGridLayout>
@@ -124,10 +125,8 @@ QWidget* TAnalisis::createScrollBox()
     m_datos = new grid::TNTabEd(m_dialogs, content);
     m_datos->setObjectName(QStringLiteral("Datos"));
     m_datos->setAccessibleName(QStringLiteral("Datos a analizar"));
-    m_datos->setDefaultColWidth(64);
-    m_datos->setHeaderColumnWidth(80);
-    m_datos->setAutoAdvance(true);
     m_datos->setMinimumSize(200, 120);
+    square::answerExtractions(*m_datos);
     connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::statusText);
 
     auto* layout = new QGridLayout(content);

@@ -3,7 +3,6 @@
 
 #include "base/SafeFile.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/Freeze.h"
 #include "square/editor/GridFile.h"
 #include "square/editor/ShowSquare.h"
 #include "square/editor/UpDown.h"
@@ -209,7 +208,7 @@ void TEditor::DatosChange()
 
 void TEditor::aleatorizar()
 {
-    const Freeze freeze(*m_refTratamientos);
+    const grid::Freeze freeze(*m_refTratamientos);
     const int n = m_refTratamientos->NrOfColumns();
     for (int row = 1; row <= n; ++row) {
         int treatment = row;
@@ -337,14 +336,14 @@ void TEditor::setPrecisions()
 
 void TEditor::nameColumns(grid::TNTabEd& table) const
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     for (int column = 1; column <= table.NrOfColumns(); ++column)
         table.setColumnName(column, numbered(m_columnPrefix, column));
 }
 
 void TEditor::nameRows(grid::TNTabEd& table) const
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     for (int row = 1; row <= table.NrOfRows(); ++row)
         table.setRowName(row, numbered(m_rowPrefix, row));
 }

@@ -6,6 +6,7 @@
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
 #include "square/editor/UpDown.h"
+#include "square/extraction/Extraction.h"
 #include "window/Command.h"
 
 #include <QGroupBox>
@@ -29,9 +30,7 @@ constexpr int highestOrder = 6;
 /// A prefix leaves room for a blank and a number of three digits in the name made of it.
 constexpr int longestPrefix = longestName - 4;
 
-constexpr int observationWidth = 64; // pixels
-constexpr int treatmentWidth = 32;
-constexpr int headerWidth = 80;
+constexpr int treatmentWidth = 32; // pixels
 
 constexpr int dataShare = 3; // of the window's width, in fifths
 constexpr int paneShares = 5;
@@ -55,18 +54,11 @@ QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& a
     return edit;
 }
 
-grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName,
-                       int columnWidth)
+grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName)
 {
     auto* table = new grid::TNTabEd(dialogs);
     table->setObjectName(name);
     table->setAccessibleName(accessibleName);
-    table->setColorNormal(grid::colorFromInteger(8192));
-    table->setColorMarkedA(Qt::red);
-    table->setColorMarkedB(Qt::blue);
-    table->setColorMarkedBoth(grid::colorFromInteger(13369531));
-    table->setDefaultColWidth(columnWidth);
-    table->setHeaderColumnWidth(headerWidth);
     return table;
 }
 
@@ -139,11 +131,11 @@ QWidget* TEditor::createOptions()
 
 QWidget* TEditor::createPanes()
 {
-    m_datos =
-        tableOf(m_dialogs, QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
-    m_datos->setAutoAdvance(true);
+    m_datos = tableOf(m_dialogs, QStringLiteral("Datos"), QStringLiteral("Datos"));
+    answerExtractions(*m_datos);
     m_refTratamientos = tableOf(m_dialogs, QStringLiteral("RefTratamientos"),
-                                QStringLiteral("Referencia: tratamientos"), treatmentWidth);
+                                QStringLiteral("Referencia: tratamientos"));
+    m_refTratamientos->setDefaultColWidth(treatmentWidth);
     m_refTratamientos->setAutoAdvance(false);
     m_refTratamientos->setReadOnly(true);
 

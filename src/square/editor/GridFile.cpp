@@ -3,14 +3,13 @@
 
 #include "base/SafeFile.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/Freeze.h"
 #include "square/editor/ShowSquare.h"
 
 namespace square {
 
 std::optional<QString> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     const EncodedSquare encoded = encode(squareOf(table), fileName, precision);
     if (auto reason = base::writeFile(fileName, encoded.bytes))
         return reason;

@@ -2,13 +2,12 @@
 #include "square/editor/ShowSquare.h"
 
 #include "grid/view/NTabEd.h"
-#include "square/editor/Freeze.h"
 
 namespace square {
 
 void showSquare(const SquareData& data, grid::TNTabEd& table)
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     table.resetTable(data.NrOfColumns(), data.NrOfRows());
     table.setIdentifier(data.Identifier());
     for (int column = 1; column <= data.NrOfColumns(); ++column)
