@@ -198,34 +198,38 @@ void GridCommands::changePrecision(int column)
 
 void GridCommands::undo()
 {
-    if (m_history.undoChangesContents() && !m_rights.canEdit())
-        tellEditingIsOff();
-    else if (const auto place = m_history.undo())
-        tellStep(QStringLiteral("Se deshizo el último cambio de la tabla."), *place);
+    step(m_history.undoChangesContents(), &EditHistory::undo,
+         QStringLiteral("Se deshizo el último cambio de la tabla."));
 }
 
 void GridCommands::redo()
 {
-    if (m_history.redoChangesContents() && !m_rights.canEdit())
+    step(m_history.redoChangesContents(), &EditHistory::redo,
+         QStringLiteral("Se rehízo el cambio de la tabla."));
+}
+
+void GridCommands::step(bool changesContents, std::optional<CellRange> (EditHistory::*takeIt)(),
+                        const QString& told)
+{
+    if (changesContents && !m_rights.canEdit()) {
         tellEditingIsOff();
-    else if (const auto place = m_history.redo())
-        tellStep(QStringLiteral("Se rehízo el cambio de la tabla."), *place);
+        return;
+    }
+    const std::optional<CellRange> place = (m_history.*takeIt)();
+    if (!place)
+        return;
+    // A smaller table hides cells whose history goes on.
+    const CellRange shown = m_model.table().range();
+    const bool hidden = place->cells() > 0 && (place->lastColumn() > shown.lastColumn() ||
+                                               place->lastRow() > shown.lastRow());
+    emit notice(hidden ? told + QStringLiteral(" Alcanza celdas que la tabla no muestra ahora.")
+                       : told);
 }
 
 void GridCommands::tellEditingIsOff()
 {
     if (!m_rights.readOnly)
         emit notice(QStringLiteral("La edición de la tabla está desactivada."));
-}
-
-/// A smaller table hides cells whose history goes on.
-void GridCommands::tellStep(const QString& step, const CellRange& place)
-{
-    const CellRange shown = m_model.table().range();
-    const bool hidden = place.cells() > 0 && (place.lastColumn() > shown.lastColumn() ||
-                                              place.lastRow() > shown.lastRow());
-    emit notice(hidden ? step + QStringLiteral(" Alcanza celdas que la tabla no muestra ahora.")
-                       : step);
 }
 
 } // namespace grid

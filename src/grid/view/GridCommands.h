@@ -8,6 +8,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <utility>
 
 class QKeyEvent;
 class QTableView;
@@ -70,7 +72,9 @@ signals:
     void notice(const QString& text);
 
 private:
-    void tellStep(const QString& step, const CellRange& place);
+    /// Takes a step of the history and tells it.
+    void step(bool changesContents, std::optional<CellRange> (EditHistory::*takeIt)(),
+              const QString& told);
 
     TableModel& m_model;
     EditHistory& m_history;

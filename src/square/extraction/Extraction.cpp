@@ -25,7 +25,7 @@ grid::TableData tableOf(const experiment::LatinSquare& square)
         table.setColumnName(i + 1, square.columns[i]);
         table.setRowName(i + 1, square.rows[i]);
         for (int row = 0; row < n; ++row)
-            table.setValue(i + 1, row + 1, square.values[square.place(row, i)]);
+            table.setValue(i + 1, row + 1, square.values[square.place(i, row)]);
     }
     return table;
 }
