@@ -7,7 +7,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <string>
 
 namespace base {
@@ -160,74 +159,24 @@ Decimal shortened(const Decimal& decimal)
     return result;
 }
 
-bool isDigit(char c)
+/// The number that the whole of a text is in ordinary notation, infinity where it is too large;
+/// nothing where it is none.
+std::optional<double> numberOrInfinity(std::string_view text)
 {
-    return c >= '0' && c <= '9';
-}
-
-bool isSign(char c)
-{
-    return c == '+' || c == '-';
-}
-
-void skipDigits(std::string_view text, std::size_t& at)
-{
-    while (at < text.size() && isDigit(text[at]))
-        ++at;
-}
-
-/// Whether `text` is sign, digits with at most one point, and exponent, and nothing else.
-bool isOrdinaryNotation(std::string_view text)
-{
-    std::size_t at = 0;
-    if (at < text.size() && isSign(text[at]))
-        ++at;
-    const std::size_t firstDigit = at;
-    skipDigits(text, at);
-    std::size_t digits = at - firstDigit;
-    if (at < text.size() && text[at] == '.') {
-        const std::size_t firstDecimal = ++at;
-        skipDigits(text, at);
-        digits += at - firstDecimal;
+    if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos)
+        return std::nullopt; // also "inf" and "nan", which std::from_chars would take
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    double value = 0.0;
+    const char* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, value);
+    if (end != last || error == std::errc::invalid_argument)
+        return std::nullopt;
+    if (error == std::errc::result_out_of_range) { // at either end: Qt tells an infinity from a 0
+        value = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toDouble();
+        value = std::copysign(value, text.starts_with('-') ? -1.0 : 1.0);
     }
-    if (digits == 0)
-        return false;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-        if (++at < text.size() && isSign(text[at]))
-            ++at;
-        const std::size_t firstExponentDigit = at;
-        skipDigits(text, at);
-        if (at == firstExponentDigit)
-            return false;
-    }
-    return at == text.size();
-}
-
-/// Whether a number that std::from_chars found out of range is too small rather than too large.
-bool isTooSmall(std::string_view text)
-{
-    const auto mark = std::min(text.find_first_of("eE"), text.size());
-    // Far beyond any text's length, and far enough from the end of long to be added to one.
-    constexpr long furthest = std::numeric_limits<long>::max() / 2;
-    long exponent = 0;
-    if (mark < text.size()) {
-        std::string_view digits = text.substr(mark + 1);
-        const bool negative = digits.front() == '-';
-        if (digits.front() == '+')
-            digits.remove_prefix(1);
-        const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-        if (read.ec == std::errc::result_out_of_range)
-            return negative;
-        exponent = std::clamp(exponent, -furthest, furthest);
-    }
-    const auto point = std::min(text.find('.'), mark);
-    const auto firstSignificant = text.find_first_of("123456789");
-    return static_cast<long>(point) - static_cast<long>(firstSignificant) + exponent < 0;
-}
-
-TypedNumber refused(const QString& reason)
-{
-    return {std::nullopt, reason};
+    return value;
 }
 
 } // namespace
@@ -300,37 +249,29 @@ QByteArray scientificField(double value, int precision)
 
 std::optional<double> readPlainNumber(std::string_view text)
 {
-    if (!isOrdinaryNotation(text))
-        return std::nullopt;
-    const std::string_view unsignedPlus = text.front() == '+' ? text.substr(1) : text;
-    double value = 0.0;
-    const auto [end, error] =
-        std::from_chars(unsignedPlus.data(), unsignedPlus.data() + unsignedPlus.size(), value);
-    if (error == std::errc::result_out_of_range)
-        return isTooSmall(text) ? std::optional(text.front() == '-' ? -0.0 : 0.0) : std::nullopt;
-    return value;
+    const std::optional<double> value = numberOrInfinity(text);
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
-TypedNumber readTypedNumber(QStringView text)
+Outcome<double> readTypedNumber(QStringView text)
 {
+    using Number = Outcome<double>;
     const QString trimmed = text.trimmed().toString();
     if (trimmed.isEmpty())
-        return refused(QStringLiteral("Falta el número."));
-    const qsizetype separators = trimmed.count(QLatin1Char(',')) + trimmed.count(QLatin1Char('.'));
-    if (separators > 1) {
-        return refused(
+        return Number::refused(QStringLiteral("Falta el número."));
+    const QString plain = QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.'));
+    if (plain.count(QLatin1Char('.')) > 1) {
+        return Number::refused(
             QStringLiteral("«%1» tiene más de un separador decimal. Escriba el número sin "
                            "separador de miles y con una sola coma o un solo punto.")
                 .arg(trimmed));
     }
-    const std::string plain =
-        QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.')).toStdString();
-    if (!isOrdinaryNotation(plain))
-        return refused(QStringLiteral("«%1» no es un número.").arg(trimmed));
-    const std::optional<double> value = readPlainNumber(plain);
+    const std::optional<double> value = numberOrInfinity(plain.toStdString());
     if (!value)
-        return refused(QStringLiteral("«%1» es demasiado grande.").arg(trimmed));
-    return {value, QString()};
+        return Number::refused(QStringLiteral("«%1» no es un número.").arg(trimmed));
+    if (std::isinf(*value))
+        return Number::refused(QStringLiteral("«%1» es demasiado grande.").arg(trimmed));
+    return Number::of(*value);
 }
 
 } // namespace base

@@ -33,6 +33,7 @@ public:
     explicit TableModel(QObject* parent = nullptr);
 
     const TableData& table() const { return m_table; }
+    const record::SquareData& square() const { return m_table.square; }
     /// @throws GridError, with everything as it was
     void resize(int columns, int rows);
     /// Swaps the whole table.

@@ -127,7 +127,7 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
     auto* line = static_cast<QLineEdit*>(editor);
     if (line->isModified())
         return; // what the user has typed outlasts a change of the table behind it
-    m_openedText = base::fullText(m_model.table().value(index.column() + 1, index.row() + 1));
+    m_openedText = base::fullText(m_model.square().value(index.column() + 1, index.row() + 1));
     line->setText(m_openedText);
     line->selectAll();
 }
@@ -138,7 +138,7 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
     const QString text = static_cast<QLineEdit*>(editor)->text();
     if (text == m_openedText)
         return;
-    const base::TypedNumber number = base::readTypedNumber(text);
+    const base::Outcome<double> number = base::readTypedNumber(text);
     if (number.value) {
         emit entered(index.column() + 1, index.row() + 1, *number.value);
         return;
@@ -197,8 +197,8 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
 /// The names of a cell's row and column in a text that has "%1" and "%2" for them.
 QString CellDelegate::nameOf(const QModelIndex& index, const QString& form) const
 {
-    return form.arg(m_model.table().rowName(index.row() + 1),
-                    m_model.table().columnName(index.column() + 1));
+    return form.arg(m_model.square().rowName(index.row() + 1),
+                    m_model.square().columnName(index.column() + 1));
 }
 
 void CellDelegate::tell(const QString& refusal) const

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/Outcome.h"
-#include "grid/model/TableData.h"
+#include "record/SquareData.h"
 
 #include <QStringView>
 
@@ -12,8 +12,8 @@ namespace grid {
 
 /// What "Extract from Clpbrd" brings into a table.
 struct Extraction {
-    TableData table; ///< Its identifier and precisions are those that the table has already.
-    QString notice;  ///< For the status line.
+    record::SquareData square; ///< Its identifier will be the one that the table has already.
+    QString notice;            ///< For the status line.
 };
 
 /// Who knows what a copied experiment is: reads the text of the clipboard, or says for the user why

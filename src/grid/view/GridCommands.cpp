@@ -106,7 +106,7 @@ void GridCommands::attempt(const std::function<void()>& action)
     } catch (const GridError& error) {
         tell(QString::fromUtf8(error.what()));
     } catch (const std::bad_alloc&) {
-        tell(QStringLiteral("NTABED: not enough memory on heap"));
+        tell(record::outOfMemoryMessage());
     }
 }
 
@@ -125,7 +125,7 @@ void GridCommands::copy(Scope scope)
 {
     const CellRange range = rangeOf(m_view, scope);
     if (range.cells() > 0)
-        QGuiApplication::clipboard()->setText(copiedText(m_model.table(), range));
+        QGuiApplication::clipboard()->setText(copiedText(m_model.square(), range));
 }
 
 void GridCommands::paste()
@@ -133,12 +133,12 @@ void GridCommands::paste()
     const CellRange place = selectedRange(m_view);
     if (!m_rights.canEdit() || place.cells() == 0)
         return;
-    const TableData& table = m_model.table();
-    const auto read =
-        readNumberBlock(QGuiApplication::clipboard()->text(),
-                        {QStringLiteral("la fila «%1», columna «%2»")
-                             .arg(table.rowName(place.row), table.columnName(place.column)),
-                         table.columns() - place.column + 1, table.rows() - place.row + 1});
+    const record::SquareData& square = m_model.square();
+    const auto read = readNumberBlock(
+        QGuiApplication::clipboard()->text(),
+        {QStringLiteral("la fila «%1», columna «%2»")
+             .arg(square.rowName(place.row), square.columnName(place.column)),
+         square.NrOfColumns() - place.column + 1, square.NrOfRows() - place.row + 1});
     if (!read.value) {
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Pegar"));
         return;
@@ -156,11 +156,11 @@ void GridCommands::extract()
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Extraer del portapapeles"));
         return;
     }
-    const TableData& before = m_model.table();
-    TableData& table = read.value->table;
-    table.identifier = before.identifier;
-    for (int column = 1; column <= std::min(table.columns(), before.columns()); ++column)
-        table.setPrecision(column, before.precision(column));
+    read.value->square.setIdentifier(m_model.square().Identifier());
+    TableData table(std::move(read.value->square));
+    const int columns = std::min(table.square.NrOfColumns(), m_model.square().NrOfColumns());
+    for (int column = 1; column <= columns; ++column)
+        table.setPrecision(column, m_model.table().precision(column));
     m_history.replaceTable(std::move(table));
     emit notice(read.value->notice);
 }
@@ -175,7 +175,7 @@ void GridCommands::editIdentifier()
     if (m_rights.readOnly)
         return;
     const QString shown =
-        base::withoutControlCharacters(base::decodedText(m_model.table().identifier));
+        base::withoutControlCharacters(base::decodedText(m_model.square().Identifier()));
     const auto edited = m_dialogs.editLine(&m_view, QStringLiteral("Identificador"),
                                            QStringLiteral("Comment:"), shown);
     if (!edited)
@@ -190,7 +190,7 @@ void GridCommands::changePrecision(int column)
     const auto decimals = m_dialogs.editInteger(
         &m_view, QStringLiteral("Precisión"),
         QStringLiteral("Decimales de la columna «%1» (-1: los que tenga cada número):")
-            .arg(m_model.table().columnName(column)),
+            .arg(m_model.square().columnName(column)),
         m_model.table().precision(column), -1, 8);
     if (decimals)
         m_history.setPrecision(column, std::clamp(*decimals, -1, 8));

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace grid {
 
@@ -118,9 +119,9 @@ void TNTabEd::connectParts()
             [this] { setCurrentIndex(readOnly() ? QModelIndex() : m_model->index(0, 0)); });
 }
 
-void TNTabEd::resetTable(int columns, int rows)
+void TNTabEd::setSquare(record::SquareData square)
 {
-    TableData fresh(columns, rows);
+    TableData fresh(std::move(square));
     m_widths->forgetUsers();
     m_model->exchange(fresh);
     clearHistory();

@@ -5,6 +5,7 @@
 #include "grid/model/TableModel.h"
 #include "grid/view/ColumnWidths.h"
 #include "grid/view/GridCommands.h"
+#include "record/SquareData.h"
 #include "window/Dialogs.h"
 
 #include <QByteArray>
@@ -41,18 +42,19 @@ public:
     ~TNTabEd() override;
 
     /// Data columns and rows, headers not counted.
-    int NrOfColumns() const { return m_model->table().columns(); }
-    int NrOfRows() const { return m_model->table().rows(); }
+    int NrOfColumns() const { return square().NrOfColumns(); }
+    int NrOfRows() const { return square().NrOfRows(); }
     /// A new size. What a smaller table hides comes back when it grows again. All or nothing.
     /// @throws GridError "array dimensions zero or negative"; with more than 16 million cells, or
     ///         without the memory for them, "NTABED: not enough memory on heap"
     void setNrOfColumns(int columns) { resizeTable(columns, NrOfRows()); }
     void setNrOfRows(int rows) { resizeTable(NrOfColumns(), rows); }
     void resizeTable(int columns, int rows) { m_model->resize(columns, rows); }
-    /// A fresh table, as for a file that is about to be read into it: zeros, the names "C-1", "R-1"
-    /// and so on, 3 decimals, attributes 0, no marks, no identifier, nothing hidden, no history.
-    /// @throws GridError as resizeTable(), with everything as it was
-    void resetTable(int columns, int rows);
+    /// The square in the table: its size, names, attributes, identifier and values.
+    const record::SquareData& square() const { return m_model->square(); }
+    /// Another square in the place of the whole table: with 3 decimals, without marks or history.
+    /// @throws GridError where the memory does not suffice, with everything as it was
+    void setSquare(record::SquareData square);
 
     /// Decimals shown in a column, stored within -1..8; -1 shows as many as the number has.
     /// An index outside the table is ignored, and 0 when asked for.
@@ -60,24 +62,24 @@ public:
     void setPrecision(int column, int decimals) { m_model->setPrecision(column, decimals); }
 
     /// Names, cut to 50 characters; empty, and ignored, outside the table.
-    QString columnName(int column) const { return m_model->table().columnName(column); }
+    QString columnName(int column) const { return square().columnName(column); }
     void setColumnName(int column, const QString& name) { m_model->setColumnName(column, name); }
-    QString rowName(int row) const { return m_model->table().rowName(row); }
+    QString rowName(int row) const { return square().rowName(row); }
     void setRowName(int row, const QString& name) { m_model->setRowName(row, name); }
 
     /// 0.0, and ignored, outside the table.
-    double value(int column, int row) const { return m_model->table().value(column, row); }
+    double value(int column, int row) const { return square().value(column, row); }
     void setValue(int column, int row, double value) { m_model->setValue(column, row, value); }
 
     /// 0, and ignored, outside the table.
-    std::uint8_t rowAttribute(int row) const { return m_model->table().rowAttribute(row); }
+    std::uint8_t rowAttribute(int row) const { return square().rowAttribute(row); }
     void setRowAttribute(int row, std::uint8_t attribute)
     {
         m_model->setRowAttribute(row, attribute);
     }
 
     /// The comment of the table: the first line of its file, the bytes as they are there.
-    QByteArray Identifier() const { return m_model->table().identifier; }
+    QByteArray Identifier() const { return square().Identifier(); }
     void setIdentifier(const QByteArray& identifier) { m_model->setIdentifier(identifier); }
 
     void clearMarks() { m_model->clearMarks(); }

@@ -17,17 +17,17 @@ QString treatmentKey(const QStringList& treatments)
     return entries.join(QStringLiteral(", "));
 }
 
-grid::TableData tableOf(const experiment::LatinSquare& square)
+record::SquareData recordOf(const experiment::LatinSquare& square)
 {
     const int n = square.order();
-    grid::TableData table(n, n);
+    record::SquareData result(n, n);
     for (int i = 0; i < n; ++i) {
-        table.setColumnName(i + 1, square.columns[i]);
-        table.setRowName(i + 1, square.rows[i]);
+        result.setColumnName(i + 1, square.columns[i]);
+        result.setRowName(i + 1, square.rows[i]);
         for (int row = 0; row < n; ++row)
-            table.setValue(i + 1, row + 1, square.values[square.place(i, row)]);
+            result.setValue(i + 1, row + 1, square.values[square.place(i, row)]);
     }
-    return table;
+    return result;
 }
 
 base::Outcome<grid::Extraction> extractionOf(QStringView text)
@@ -37,7 +37,7 @@ base::Outcome<grid::Extraction> extractionOf(QStringView text)
     if (!read.value)
         return Result::refused(read.reason);
     return Result::of(
-        {tableOf(*read.value),
+        {recordOf(*read.value),
          QStringLiteral("Tratamientos: %1.").arg(treatmentKey(read.value->treatments))});
 }
 

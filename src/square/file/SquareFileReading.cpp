@@ -77,7 +77,7 @@ SquareHeader takeHeader(TextReader& reader)
     return header;
 }
 
-void takeColumnNames(TextReader& reader, SquareData& data)
+void takeColumnNames(TextReader& reader, record::SquareData& data)
 {
     for (int column = 1; column <= data.NrOfColumns(); ++column) {
         const std::optional<QByteArray> name = reader.name();
@@ -87,7 +87,7 @@ void takeColumnNames(TextReader& reader, SquareData& data)
     }
 }
 
-bool takeRowAttribute(TextReader& reader, SquareData& data, int row)
+bool takeRowAttribute(TextReader& reader, record::SquareData& data, int row)
 {
     const std::optional<double> number = reader.number();
     if (!number)
@@ -97,18 +97,18 @@ bool takeRowAttribute(TextReader& reader, SquareData& data, int row)
     return true;
 }
 
-bool takeObservations(TextReader& reader, SquareData& data, int row)
+bool takeObservations(TextReader& reader, record::SquareData& data, int row)
 {
     for (int column = 1; column <= data.NrOfColumns(); ++column) {
         const std::optional<double> value = reader.number();
         if (!value)
             return false;
-        data.setObservation(column, row, *value);
+        data.setValue(column, row, *value);
     }
     return true;
 }
 
-ReadCode takeRows(TextReader& reader, const SquareHeader& header, SquareData& data)
+ReadCode takeRows(TextReader& reader, const SquareHeader& header, record::SquareData& data)
 {
     for (int row = 1; row <= data.NrOfRows(); ++row) {
         if (header.hasRowAttributes && !takeRowAttribute(reader, data, row))
@@ -136,16 +136,17 @@ DecodedSquare decode(const QByteArray& bytes)
     TextReader reader(bytes);
     const SquareHeader header = takeHeader(reader);
     if (header.code != Usable)
-        return {header.code, std::nullopt};
-    if (!sizeProblem(header.nrOfColumns, header.nrOfRows).isEmpty())
-        return {NoRoomOrLineFeed, std::nullopt};
+        return {header.code, std::nullopt, {}};
+    const QString badSize = record::sizeProblem(header.nrOfColumns, header.nrOfRows);
+    if (!badSize.isEmpty())
+        return {NoRoomOrLineFeed, std::nullopt, badSize};
 
-    SquareData data(header.nrOfColumns, header.nrOfRows);
+    record::SquareData data(header.nrOfColumns, header.nrOfRows);
     data.setIdentifier(header.identifier);
     if (header.hasColumnNames)
         takeColumnNames(reader, data);
     const ReadCode code = takeRows(reader, header, data);
-    return {code, std::move(data)};
+    return {code, std::move(data), {}};
 }
 
 } // namespace square

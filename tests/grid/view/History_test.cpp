@@ -11,12 +11,12 @@ base::Outcome<grid::Extraction> squareOfOrder(QStringView digit)
     if (digit.size() != 1)
         return base::Outcome<grid::Extraction>::refused(QStringLiteral("No es un experimento."));
     const int order = digit.front().digitValue();
-    grid::TableData table(order, order);
+    record::SquareData square(order, order);
     for (int i = 1; i <= order; ++i) {
-        table.setColumnName(i, QStringLiteral("c%1").arg(i));
-        table.setValue(i, order, i);
+        square.setColumnName(i, QStringLiteral("c%1").arg(i));
+        square.setValue(i, order, i);
     }
-    return base::Outcome<grid::Extraction>::of({table, QStringLiteral("Traído.")});
+    return base::Outcome<grid::Extraction>::of({square, QStringLiteral("Traído.")});
 }
 
 class History : public GridFixture {
@@ -71,7 +71,7 @@ TEST_F(History, EveryEditIsUndoneToTheBeginningAndRedoneToTheEnd)
 {
     for (const unsigned seed : {1U, 2U, 3U}) {
         std::mt19937 random(seed);
-        table.resetTable(3, 3);
+        table.setSquare({3, 3});
         std::vector<Snapshot> states = {snapshot()};
         for (int i = 0; i < 100; ++i) {
             editAtRandom(random);
