@@ -31,7 +31,10 @@ QColor colorFromInteger(std::uint32_t blueGreenRed);
 /// in cells addressed (column, row) from 1.
 ///
 /// Programs set cells and names through the routines below, which leave no trace in the undo
-/// history and raise no OnChange; what the user does goes through the history.
+/// history and raise no OnChange; what the user does goes through the history. What a form may set
+/// starts as the program has it, so that setNrOfColumns(), setNrOfRows(), setRowAttribute(),
+/// setIdentifier(), setEditingAllowed(), the width of the header column and the colours have no
+/// caller here beside tests: they are for whoever else builds a form with a grid.
 class TNTabEd : public QTableView {
     Q_OBJECT
 
@@ -82,7 +85,6 @@ public:
     QByteArray Identifier() const { return square().Identifier(); }
     void setIdentifier(const QByteArray& identifier) { m_model->setIdentifier(identifier); }
 
-    void clearMarks() { m_model->clearMarks(); }
     /// Forgets what could be undone and redone.
     void clearHistory();
 
@@ -109,7 +111,8 @@ public:
     /// What "Extract from Clpbrd" reads with; without it the entry does nothing.
     void setExtractor(Extractor extractor) { m_commands->setExtractor(std::move(extractor)); }
 
-    /// Pixels. A column is wider than its default where its numbers or its name need it.
+    /// Pixels, 64 and 80 at first. A column is wider than its default where its numbers or its name
+    /// need it.
     void setDefaultColWidth(int width) { m_widths->setUsual(width); }
     void setHeaderColumnWidth(int width) { verticalHeader()->setFixedWidth(width); }
 

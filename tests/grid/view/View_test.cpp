@@ -83,7 +83,6 @@ TEST_F(View, WhatTheProgramDoesIsNoChangeByTheUser)
     table.setRowName(1, QStringLiteral("x"));
     table.setPrecision(1, 0);
     table.setIdentifier("x");
-    table.clearMarks();
     table.setSquare({6, 6});
     EXPECT_EQ(changes.count(), 0);
     EXPECT_EQ(resizes.count(), 0);
