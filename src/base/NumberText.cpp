@@ -32,23 +32,14 @@ void dropTrailingZeros(std::string& digits)
 Decimal takeApart(std::string_view scientific)
 {
     Decimal result;
-    result.digits.clear();
-    if (scientific.front() == '-') {
-        result.negative = true;
-        scientific.remove_prefix(1);
-    }
     const auto mark = scientific.find('e');
-    for (const char c : scientific.substr(0, mark)) {
-        if (c != '.')
-            result.digits += c;
-    }
-    std::string_view exponent = scientific.substr(mark + 1);
-    if (exponent.front() == '+')
-        exponent.remove_prefix(1);
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), result.exponent);
+    result.digits = scientific.substr(0, mark);
+    std::erase_if(result.digits, [](char c) { return c == '-' || c == '.'; });
     dropTrailingZeros(result.digits);
-    if (isZero(result))
-        result.negative = false;
+    result.negative = scientific.front() == '-' && !isZero(result);
+    const std::size_t exponent = mark + (scientific[mark + 1] == '+' ? 2 : 1);
+    std::from_chars(scientific.data() + exponent, scientific.data() + scientific.size(),
+                    result.exponent);
     return result;
 }
 
@@ -62,16 +53,12 @@ std::string_view digitsOf(Buffer& buffer, double value, Form... form)
     return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
-Decimal roundedTo(double value, int significantDigits)
+/// The digits of a value: as few as read back as it, or, rounded, `decimals` behind the first.
+template <typename... Decimals>
+Decimal decimalOf(double value, Decimals... decimals)
 {
     Buffer buffer;
-    return takeApart(digitsOf(buffer, value, std::chars_format::scientific, significantDigits - 1));
-}
-
-Decimal shortestExact(double value)
-{
-    Buffer buffer;
-    return takeApart(digitsOf(buffer, value, std::chars_format::scientific));
+    return takeApart(digitsOf(buffer, value, std::chars_format::scientific, decimals...));
 }
 
 QString notFiniteText(double value)
@@ -115,48 +102,24 @@ QString generalForm(const Decimal& decimal)
                      (fixed ? fixedNotation(decimal) : scientificNotation(decimal)));
 }
 
-/// Adds one unit to the last digit of a row of digits; "99" becomes "100".
-std::string incremented(std::string digits)
+/// The first `kept` digits of a decimal, rounded half away from zero, without trailing zeros.
+Decimal shortened(Decimal decimal, int kept)
 {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        if (*digit != '9') {
-            ++*digit;
-            return digits;
-        }
-        *digit = '0';
+    if (kept < 0)
+        return {};
+    const auto length = static_cast<std::size_t>(kept);
+    const bool up = length < decimal.digits.size() && decimal.digits[length] >= '5';
+    if (length < decimal.digits.size())
+        decimal.digits.resize(length);
+    // One more in the last digit makes zeros of the nines before it.
+    decimal.digits.resize(decimal.digits.find_last_not_of(up ? '9' : '0') + 1);
+    if (up && !decimal.digits.empty()) {
+        ++decimal.digits.back();
+    } else if (up) {
+        decimal.digits = "1";
+        ++decimal.exponent;
     }
-    return '1' + digits;
-}
-
-/// The first `kept` of some digits, rounded half up, with zeros where there are fewer: one digit
-/// more where all were 9, "0" or "1" where none is kept.
-std::string roundedTo(std::string digits, std::size_t kept)
-{
-    if (kept >= digits.size())
-        return digits + std::string(kept - digits.size(), '0');
-    const bool up = digits[kept] >= '5';
-    digits.resize(kept);
-    if (digits.empty())
-        digits = "0";
-    return up ? incremented(digits) : digits;
-}
-
-/// |decimal| x 100, rounded half up to a whole number, as its digits.
-std::string roundedHundredths(const Decimal& decimal)
-{
-    const int kept = decimal.exponent + 3; // digits up to the second decimal
-    return kept < 0 ? "0" : roundedTo(decimal.digits, static_cast<std::size_t>(kept));
-}
-
-/// The decimal with the significant digits of the general form, rounded half away from zero.
-Decimal shortened(const Decimal& decimal)
-{
-    Decimal result = decimal;
-    result.digits = roundedTo(decimal.digits, generalDigits);
-    if (result.digits.size() > generalDigits)
-        ++result.exponent;
-    dropTrailingZeros(result.digits);
-    return result;
+    return decimal.digits.empty() ? Decimal() : decimal;
 }
 
 /// The number that the whole of a text is in ordinary notation, infinity where it is too large;
@@ -189,36 +152,32 @@ QString decimalSeparator()
 
 QString generalText(double value)
 {
-    return std::isfinite(value) ? generalForm(roundedTo(value, generalDigits))
+    return std::isfinite(value) ? generalForm(decimalOf(value, generalDigits - 1))
                                 : notFiniteText(value);
 }
 
 QString fullText(double value)
 {
-    return std::isfinite(value) ? generalForm(shortestExact(value)) : notFiniteText(value);
+    return std::isfinite(value) ? generalForm(decimalOf(value)) : notFiniteText(value);
 }
 
 QString tableText(const Decimal& decimal)
 {
     if (decimal.exponent >= lowestScientificExponent)
-        return generalForm(shortened(decimal));
+        return generalForm(shortened(decimal, generalDigits));
 
-    std::string hundredths = roundedHundredths(decimal);
-    if (hundredths.find_first_not_of('0') == std::string::npos)
-        return QStringLiteral("0");
-    if (hundredths.size() < 2)
-        hundredths.insert(0, 2 - hundredths.size(), '0');
-    std::string whole = hundredths.substr(0, hundredths.size() - 2);
-    std::string decimals = hundredths.substr(hundredths.size() - 2);
-    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
-    decimals.erase(decimals.find_last_not_of('0') + 1);
-    return localised((decimal.negative ? "-" : "") + whole +
-                     (decimals.empty() ? "" : '.' + decimals));
+    constexpr int decimals = 2;
+    const Decimal rounded = shortened(decimal, decimal.exponent + 1 + decimals);
+    std::string text = fixedNotation(rounded);
+    if (text.starts_with("0."))
+        text.erase(0, 1);
+    return localised((rounded.negative ? "-" : "") + text);
 }
 
 QString tableText(double value)
 {
-    return std::isfinite(value) ? tableText(roundedTo(value, generalDigits)) : notFiniteText(value);
+    return std::isfinite(value) ? tableText(decimalOf(value, generalDigits - 1))
+                                : notFiniteText(value);
 }
 
 QString fixedText(double value, int decimals)

@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace grid {
@@ -14,16 +15,9 @@ constexpr int initialSize = 3;
 
 QString markText(std::uint8_t marks)
 {
-    switch (marks) {
-    case MarkA:
-        return QStringLiteral("marca A");
-    case MarkB:
-        return QStringLiteral("marca B");
-    case MarkBoth:
-        return QStringLiteral("marcas A y B");
-    default:
-        return {};
-    }
+    const std::array texts = {QString(), QStringLiteral("marca A"), QStringLiteral("marca B"),
+                              QStringLiteral("marcas A y B")};
+    return texts.at(marks);
 }
 
 } // namespace
@@ -143,11 +137,6 @@ void TableModel::setSilent(bool silent)
     announceHeader(Qt::Vertical, 1, square().NrOfRows());
 }
 
-void TableModel::setEditable(bool editable)
-{
-    m_editable = editable;
-}
-
 int TableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : square().NrOfRows();
@@ -211,16 +200,9 @@ QString TableModel::cellText(int column, int row) const
 
 const QColor& TableModel::colorOf(std::uint8_t marks) const
 {
-    switch (marks) {
-    case MarkA:
-        return m_colors.markedA;
-    case MarkB:
-        return m_colors.markedB;
-    case MarkBoth:
-        return m_colors.markedBoth;
-    default:
-        return m_colors.normal;
-    }
+    const std::array colors = {&m_colors.normal, &m_colors.markedA, &m_colors.markedB,
+                               &m_colors.markedBoth};
+    return *colors.at(marks);
 }
 
 void TableModel::announce(const CellRange& range)

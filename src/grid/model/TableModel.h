@@ -56,7 +56,7 @@ public:
     /// one go at the end.
     void setSilent(bool silent);
     /// Whether cells call themselves editable.
-    void setEditable(bool editable);
+    void setEditable(bool editable) { m_editable = editable; }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;

@@ -13,27 +13,15 @@ namespace square {
 
 namespace {
 
-std::string_view withoutLeadingBlanks(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text;
-}
-
 /// Takes "TRUE" or "FALSE" off the front of a line, in whatever case.
 std::optional<bool> takeFlag(std::string_view& line)
 {
-    constexpr std::string_view words[] = {"FALSE", "TRUE"};
-    line = withoutLeadingBlanks(line);
-    for (const std::string_view word : words) {
-        const std::string_view start = line.substr(0, word.size());
-        const bool same = std::equal(
-            start.begin(), start.end(), word.begin(), word.end(), [](char c, char upper) {
-                return (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c) == upper;
-            });
-        if (same) {
-            line.remove_prefix(word.size());
-            return word == words[1];
-        }
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    for (const std::string_view word : {"FALSE", "TRUE"}) {
+        if (line.size() < word.size() || qstrnicmp(line.data(), word.data(), word.size()) != 0)
+            continue;
+        line.remove_prefix(word.size());
+        return word == "TRUE";
     }
     return std::nullopt;
 }
