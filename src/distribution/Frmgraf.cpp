@@ -26,30 +26,6 @@ QString windowCaption()
     return QStringLiteral("Gráfica");
 }
 
-/// The settings that both charts share.
-void setUp(chart::TRChart& chart, const QString& name, const QString& caption,
-           const QString& ordinate)
-{
-    chart.setObjectName(name);
-    chart.setAccessibleName(caption);
-    chart.setCaption(caption);
-    chart.setIdAbscissa(QStringLiteral("Valor"));
-    chart.setIdOrdinate(ordinate);
-    chart.setGridStyle(chart::GridStyle::gsHorizDotLines);
-    chart.setRangeHiX(10.0);
-    chart.setRangeHiY(10.0);
-    chart.setMinTickX(8);
-    chart.setMinRangeX(1e-10);
-    chart.setMinRangeY(1e-10);
-    chart.setMouseAction(chart::MouseAction::maZoomDrag);
-    chart.setShadowStyle(chart::ShadowStyle::ssFlying);
-    chart.setShortTicksX(true);
-    chart.setShortTicksY(true);
-    chart.setTextBkStyle(chart::TextBkStyle::tbClear);
-    chart.setTextAlignment(chart::TextAlignment::taCenter);
-    chart.setAutoRedraw(true);
-}
-
 void drawCurve(chart::TRChart& chart, std::span<const double> x, std::span<const double> y)
 {
     for (std::size_t i = 0; i < x.size(); ++i) {
@@ -197,15 +173,12 @@ void TGrafica::createMenu()
 
 void TGrafica::createCharts()
 {
-    m_graph = new chart::TRChart;
-    setUp(*m_graph, QStringLiteral("Graph"), windowCaption(), QStringLiteral("P(X=k)"));
-    m_graph->setDecPlaceX(3);
-    m_graph->setDecPlaceY(4);
-    m_graph2 = new chart::TRChart;
-    setUp(*m_graph2, QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
-          QStringLiteral("P(X<=k)"));
-    m_graph2->setDecPlaceX(2);
-    m_graph2->setDecPlaceY(3);
+    m_graph = chart::createChart({QStringLiteral("Graph"), windowCaption(), QStringLiteral("Valor"),
+                                  QStringLiteral("P(X=k)"), 3, 4});
+    m_graph2 = chart::createChart({QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
+                                   QStringLiteral("Valor"), QStringLiteral("P(X<=k)"), 2, 3});
+    for (chart::TRChart* chart : {m_graph, m_graph2})
+        chart->setMinTickX(8);
 
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("Splitter1"));
