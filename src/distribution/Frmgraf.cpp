@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace distribution {
 
@@ -26,13 +27,16 @@ QString windowCaption()
     return QStringLiteral("Gráfica");
 }
 
-void drawCurve(chart::TRChart& chart, std::span<const double> x, std::span<const double> y)
+/// A line through one of the figures of every value.
+void drawCurve(chart::TRChart& chart, const std::vector<stats::ExactFigures>& figures,
+               double stats::ExactFigures::*height)
 {
-    for (std::size_t i = 0; i < x.size(); ++i) {
+    chart.ClearItems();
+    for (std::size_t i = 0; i < figures.size(); ++i) {
         if (i == 0)
-            chart.MoveToXY(x[i], y[i]);
+            chart.MoveToXY(figures[i].value, figures[i].*height);
         else
-            chart.LineToXY(x[i], y[i]);
+            chart.LineToXY(figures[i].value, figures[i].*height);
     }
     chart.FitRangeToData(fitMargin);
 }
@@ -59,20 +63,14 @@ QSize TGrafica::sizeHint() const
     return {544, 375 - usualLowerHeight + lowerChartHeight()};
 }
 
-void TGrafica::setDistribution(std::span<const double> values, int count, const QString& title,
-                               const QString& statName)
+void TGrafica::setDistribution(ShownDistribution distribution)
 {
-    const int held =
-        static_cast<int>(std::min<std::size_t>(values.size() / 2, ExactDistribution::mostValues));
-    m_distribution.Count = std::clamp(count, 0, held);
-    std::copy_n(values.begin(), 2 * m_distribution.Count, m_distribution.Values.begin());
-    m_distribution.Title = title;
-    m_distribution.StatName = statName;
+    m_distribution = std::move(distribution);
 }
 
 void TGrafica::ShowDistribution()
 {
-    const ExactDistribution& shown = m_distribution;
+    const ShownDistribution& shown = m_distribution;
     const QString upper = shown.StatName.toUpper();
     const QString lower = shown.StatName.toLower();
     setWindowTitle(shown.Title);
@@ -82,11 +80,9 @@ void TGrafica::ShowDistribution()
     m_graph2->setIdAbscissa(QStringLiteral("Valor ") + upper);
     m_graph2->setIdOrdinate(QStringLiteral("P(%1<=%2)").arg(upper, lower));
 
-    m_graph->ClearItems();
-    drawCurve(*m_graph, shown.values(), shown.probabilities());
-    m_graph2->ClearItems();
+    drawCurve(*m_graph, shown.figures, &stats::ExactFigures::probability);
     m_graph2->setDataColor(QColor(0, 0, 255));
-    drawCurve(*m_graph2, shown.values(), shown.cumulative());
+    drawCurve(*m_graph2, shown.figures, &stats::ExactFigures::cumulative);
     alignCharts();
 }
 
