@@ -4,8 +4,6 @@
 #include "base/SafeFile.h"
 #include "chart/control/RChart.h"
 #include "window/Command.h"
-#include "window/Dialogs.h"
-#include "window/Saving.h"
 
 #include <QMenu>
 #include <QSplitter>
@@ -21,11 +19,6 @@ namespace {
 constexpr double fitMargin = 2.0; // percent
 constexpr int splitterHeight = 3;
 constexpr int usualLowerHeight = 160;
-
-QString windowCaption()
-{
-    return QStringLiteral("Gráfica");
-}
 
 /// A line through one of the figures of every value.
 void drawCurve(chart::TRChart& chart, const std::vector<stats::ExactFigures>& figures,
@@ -44,14 +37,9 @@ void drawCurve(chart::TRChart& chart, const std::vector<stats::ExactFigures>& fi
 } // namespace
 
 TGrafica::TGrafica(window::Dialogs& dialogs, QWidget* parent)
-    : ChildWindow(parent)
-    , m_dialogs(dialogs)
+    : ChildWindow(QStringLiteral("Grafica"), QStringLiteral("Gráfica"), window::Picture::Graph,
+                  dialogs, parent)
 {
-    setObjectName(QStringLiteral("Grafica"));
-    setAccessibleName(windowCaption());
-    setWindowTitle(windowCaption());
-    setWindowIcon(window::icon(window::Picture::Graph));
-    setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createCharts();
     m_graph->setFocus();
@@ -92,16 +80,6 @@ void TGrafica::FormActivate()
                                    "y doble clic muestra todo."));
 }
 
-void TGrafica::FormDeactivate()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
-void TGrafica::FormClose()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
 void TGrafica::GuardarGrfica1Click()
 {
     saveBitmap(*m_graph, QStringLiteral("Guardar Gráfica"));
@@ -118,10 +96,9 @@ void TGrafica::GuardarDatos1Click()
                                 QStringLiteral("txt"),
                                 QStringLiteral("Archivos de texto (TXT)|*.txt")};
     request.confirmOverwrite = false;
-    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
-                                        return base::writeFile(chosen,
-                                                               distributionTable(m_distribution));
-                                    }});
+    save(request, [this](const QString& chosen) {
+        return base::writeFile(chosen, distributionTable(m_distribution));
+    });
 }
 
 void TGrafica::CopiarGrfica1Click()
@@ -143,10 +120,10 @@ void TGrafica::resizeEvent(QResizeEvent* event)
 void TGrafica::createMenu()
 {
     using window::Picture;
-    m_menu = new QMenu(QStringLiteral("&Gráfica"), this);
-    m_menu->setObjectName(QStringLiteral("Grfica1"));
+    menu()->setTitle(QStringLiteral("&Gráfica"));
+    menu()->setObjectName(QStringLiteral("Grfica1"));
     const auto add = [this](const window::Command& command, void (TGrafica::*handler)()) {
-        window::addEntry(*m_menu, command, this, handler);
+        window::addEntry(*menu(), command, this, handler);
     };
     add({QStringLiteral("GuardarGrfica1"), QStringLiteral("&Guardar Gráfica..."),
          QStringLiteral("Guarda la gráfica de arriba como mapa de bits"), Picture::Save},
@@ -169,7 +146,7 @@ void TGrafica::createMenu()
 
 void TGrafica::createCharts()
 {
-    m_graph = chart::createChart({QStringLiteral("Graph"), windowCaption(), QStringLiteral("Valor"),
+    m_graph = chart::createChart({QStringLiteral("Graph"), plainCaption(), QStringLiteral("Valor"),
                                   QStringLiteral("P(X=k)"), 3, 4});
     m_graph2 = chart::createChart({QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
                                    QStringLiteral("Valor"), QStringLiteral("P(X<=k)"), 2, 3});
@@ -217,15 +194,13 @@ void TGrafica::saveBitmap(const chart::TRChart& chart, const QString& title)
     window::FileRequest request{title, QStringLiteral("grafica.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de Bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    window::save(m_dialogs, *this, {request, windowCaption(), [&chart](const QString& chosen) {
-                                        return chart.SaveAsBitmap(chosen, false);
-                                    }});
+    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, false); });
 }
 
 void TGrafica::copyBitmap(const chart::TRChart& chart)
 {
     if (const auto reason = chart.CopyToClipboardBitmap(false))
-        m_dialogs.showError(this, *reason, windowCaption());
+        dialogs().showError(this, *reason, plainCaption());
 }
 
 } // namespace distribution

@@ -6,10 +6,6 @@
 
 class QAction;
 
-namespace window {
-class Dialogs;
-}
-
 namespace chart {
 class TRChart;
 }
@@ -25,7 +21,6 @@ public:
     /// The reference must outlive the window.
     explicit TGrafica(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
-    QMenu* menu() const override { return m_menu; }
     QSize sizeHint() const override;
 
     /// Takes a distribution over, to be shown by ShowDistribution().
@@ -37,8 +32,6 @@ public:
 
 public slots:
     void FormActivate() override;
-    void FormDeactivate() override;
-    void FormClose() override;
     void GuardarGrfica1Click();
     void GuardaGrficaAcumulada1Click();
     void GuardarDatos1Click();
@@ -56,8 +49,6 @@ private:
     void saveBitmap(const chart::TRChart& chart, const QString& title);
     void copyBitmap(const chart::TRChart& chart);
 
-    window::Dialogs& m_dialogs;
-    QMenu* m_menu = nullptr;
     chart::TRChart* m_graph = nullptr;
     chart::TRChart* m_graph2 = nullptr;
     ShownDistribution m_distribution;
