@@ -2,8 +2,8 @@
 #pragma once
 
 #include "chart/drawing/ChartContents.h"
+#include "chart/scale/ChartView.h"
 #include "chart/scale/ItemList.h"
-#include "chart/scale/ZoomHistory.h"
 
 namespace chart {
 

@@ -30,8 +30,6 @@ TRChart::TRChart(QWidget* parent, Measure measure)
     , m_navigation(*this, m_view)
 {
     installChartAccessibility();
-    for (AxisContents* axis : {&m_contents.x, &m_contents.y})
-        axis->labels.dateTimeFormat = QStringLiteral("dd/MM/yyyy");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -77,23 +75,18 @@ void TRChart::setUseDataOf(TRChart* other)
 {
     if (other == m_source)
         return;
-    if (other != nullptr) {
-        // The items of a chart that draws foreign ones are those of their owner.
-        TRChart* owner = &other->owner();
-        if (owner == this)
-            throw ChartError("RChart: Cannot share data with myself");
-        if (!m_users.empty()) {
-            throw ChartError(
-                "RChart: Cannot use foreign data. Other RCharts are using my own data.");
-        }
-        if (owner != m_source && owner->m_users.size() >= mostDataShares)
-            throw ChartError("RChart: Max. number of data shares exceeded");
-        detachFromSource();
-        owner->m_users.push_back(this);
-        m_source = owner;
-    } else {
-        detachFromSource();
-    }
+    // The items of a chart that draws foreign ones are those of their owner.
+    TRChart* source = other != nullptr ? &other->owner() : nullptr;
+    if (source == this)
+        throw ChartError("RChart: Cannot share data with myself");
+    if (source != nullptr && !m_users.empty())
+        throw ChartError("RChart: Cannot use foreign data. Other RCharts are using my own data.");
+    if (source != nullptr && source != m_source && source->m_users.size() >= mostDataShares)
+        throw ChartError("RChart: Max. number of data shares exceeded");
+    detachFromSource();
+    m_source = source;
+    if (source != nullptr)
+        source->m_users.push_back(this);
     redraw();
 }
 
