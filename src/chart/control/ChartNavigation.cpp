@@ -104,6 +104,8 @@ void ChartNavigation::move(const QPoint& position)
     if (m_gesture != Gesture::None) {
         m_end = position;
         if (m_gesture == Gesture::Pan) {
+            if (m_geometryAtStart->size != m_chart.size()) // resized on the way
+                m_geometryAtStart = m_chart.geometryOf(m_geometryAtStart->view);
             const QRect plot = m_geometryAtStart->layout.plot.translated(m_start - position);
             m_view.moveTo(boundsAcross(betweenMiddles(plot), *m_geometryAtStart),
                           boundsUp(betweenMiddles(plot), *m_geometryAtStart));

@@ -142,8 +142,13 @@ void TRChart::setAutoRedraw(bool on)
 const ChartGeometry& TRChart::geometry() const
 {
     if (!m_geometry || m_geometry->size != size() || m_geometry->view != ranges())
-        m_geometry = m_measure(m_contents, ranges(), size(), font());
+        m_geometry = geometryOf(ranges());
     return *m_geometry;
+}
+
+ChartGeometry TRChart::geometryOf(const View& view) const
+{
+    return m_measure(m_contents, view, size(), font());
 }
 
 QImage TRChart::picture(bool whiteBackground) const
@@ -254,7 +259,7 @@ void TRChart::setRim(std::optional<int>& rim, int width)
 /// How many units of y are as long as one of x on this screen; nothing for a plot without extent.
 std::optional<long double> TRChart::unitRatio(const View& view) const
 {
-    const QRect plot = m_measure(m_contents, view, size(), font()).layout.plot;
+    const QRect plot = geometryOf(view).layout.plot;
     // Its last column and row are the pixels of bounds.
     const int width = plot.right() - plot.left();
     const int height = plot.bottom() - plot.top();

@@ -211,6 +211,8 @@ public:
 
     /// Where everything stands at the present size. The reference holds until the chart changes.
     const ChartGeometry& geometry() const;
+    /// The same for another view.
+    ChartGeometry geometryOf(const View& view) const;
 
     /// The chart as an opaque picture of the control's size in logical pixels, whatever the
     /// screen's scale; null for a chart of no size. With a white background the chart's and the
