@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/RChart.h"
 
-#include "chart/control/ChartAccessible.h"
+#include "chart/control/ChartDescription.h"
 #include "chart/control/ChartPicture.h"
 #include "chart/drawing/ChartDrawing.h"
 
@@ -27,9 +27,11 @@ TRChart::TRChart(QWidget* parent, Measure measure)
     : QWidget(parent)
     , m_measure(std::move(measure))
     , m_view([this](const View& view) { return unitRatio(view); })
-    , m_navigation(*this, m_view)
+    , m_navigation(
+          *this, m_view, [this]() -> const ChartGeometry& { return geometry(); },
+          [this](const View& view) { return geometryOf(view); })
 {
-    installChartAccessibility();
+    installAccessibility();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

@@ -211,8 +211,6 @@ public:
 
     /// Where everything stands at the present size. The reference holds until the chart changes.
     const ChartGeometry& geometry() const;
-    /// The same for another view.
-    ChartGeometry geometryOf(const View& view) const;
 
     /// The chart as an opaque picture of the control's size in logical pixels, whatever the
     /// screen's scale; null for a chart of no size. With a white background the chart's and the
@@ -241,6 +239,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Once per process; calling it again does nothing.
+    static void installAccessibility();
+
     const View& ranges() const { return m_view.shown(); }
     void addItem(ChartItem item);
     void detachFromSource();
@@ -255,6 +256,7 @@ private:
     void setLabelType(Axis axis, AxisContents& contents, LabelType type);
     void setRim(std::optional<int>& rim, int width);
 
+    ChartGeometry geometryOf(const View& view) const;
     std::optional<long double> unitRatio(const View& view) const;
     void contentsChanged();
     void redraw();
