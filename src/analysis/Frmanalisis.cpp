@@ -6,9 +6,7 @@
 #include "distribution/Frmgraf.h"
 #include "grid/model/GridError.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/ShowSquare.h"
 #include "square/file/LoadedSquare.h"
-#include "square/file/ShapeNotice.h"
 #include "window/Caption.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
@@ -192,13 +190,13 @@ void TAnalisis::openChosenFile(window::HandOff& handOff)
 
 bool TAnalisis::importFile(const QString& fileName)
 {
-    const square::LoadedSquare loaded = square::loadSquare(fileName);
-    if (!loaded.data) {
-        showBadFile(loaded.problem);
+    base::Outcome<square::LoadedSquare> loaded = square::loadSquare(fileName);
+    if (!loaded.value) {
+        showBadFile(loaded.reason);
         return false;
     }
     try {
-        square::showSquare(*loaded.data, *m_datos);
+        m_datos->setSquare(std::move(loaded.value->square));
     } catch (const grid::GridError& failure) {
         showBadFile(QString::fromUtf8(failure.what()));
         return false;

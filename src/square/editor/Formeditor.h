@@ -8,13 +8,15 @@ class QLineEdit;
 namespace grid {
 class TNTabEd;
 }
+namespace record {
+class SquareData;
+}
 namespace window {
 struct HandOff;
 }
 
 namespace square {
 
-class SquareData;
 class UpDown;
 
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
@@ -76,7 +78,7 @@ private:
 
     bool load();
     bool save();
-    QString showLoaded(const SquareData& square);
+    QString showLoaded(record::SquareData square);
     void rememberFile(const QString& fileName, const QByteArray& fingerprint);
     void setOrder(int order);
     void DatosResized(int columns);

@@ -27,7 +27,7 @@ constexpr int lowestOrder = 3;
 constexpr int highestOrder = 6;
 
 /// A prefix leaves room for a blank and a number of three digits in the name made of it.
-constexpr int longestPrefix = longestName - 4;
+constexpr int longestPrefix = record::longestName - 4;
 
 constexpr int observationWidth = 64; // pixels
 constexpr int treatmentWidth = 32;
