@@ -5,10 +5,10 @@
 #include "stats/numbers/Bennett.h"
 #include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/LatinSquareAnova.h"
-#include "stats/numbers/RandomIntegers.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
 #include "stats/numbers/Sequences.h"
+#include "stats/numbers/SimulatedSquares.h"
 #include "stats/numbers/Zimmerman.h"
 
 #include <benchmark/benchmark.h>

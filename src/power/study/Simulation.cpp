@@ -10,12 +10,7 @@ namespace power {
 
 namespace {
 
-struct Rejections {
-    int c = 0;
-    int m = 0;
-    int b = 0;
-    int z = 0;
-};
+using Rejections = PerTest<int>;
 
 void count(const BatchStatistics& statistics, int squares, const CriticalValues& critical,
            Rejections& rejections)
@@ -63,7 +58,7 @@ Powers simulatedPowers(const StudySettings& settings, const CriticalValues& crit
     case 6:
         return powersOf<6>(settings, critical, difference, generator);
     default:
-        return {};
+        throw ImpossibleSetting();
     }
 }
 

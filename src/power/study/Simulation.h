@@ -3,24 +3,26 @@
 
 #include "power/study/Aleatorio.h"
 #include "power/study/CriticalValues.h"
-#include "power/study/StudySettings.h"
+#include "power/study/ErrorTerms.h"
 
 namespace power {
 
-/// The share of simulated squares that each test rejects, from 0 to 1.
-struct Powers {
-    double c = 0.0;
-    double m = 0.0;
-    double b = 0.0;
-    double z = 0.0;
+/// What a power study is asked for.
+struct StudySettings {
+    int order = 3;       ///< of the squares, 3 to 6
+    int trials = 1000;   ///< simulated squares per difference
+    double level = 0.95; ///< the probability of the critical values' quantiles
+    ErrorKind errorKind = ErrorKind::Uniform;
 };
 
-/// Simulates settings.trials squares in which treatment t (1 to n) is shifted by t * difference.
+/// The share of simulated squares that each test rejects, from 0 to 1.
+using Powers = PerTest<double>;
+
+/// Simulates settings.trials squares in which treatment t (1 to n) is shifted by t * difference,
+/// which is from 0 to 1.05.
 ///
 /// Numbers are drawn square after square, within a square row after row.
-/// @param settings   an order other than 3 to 6 gives no powers but zeros
-/// @param difference from 0 to 1.05
-/// @throws UnknownErrorKind
+/// @throws ImpossibleSetting
 Powers simulatedPowers(const StudySettings& settings, const CriticalValues& critical,
                        double difference, Aleatorio& generator);
 

@@ -3,8 +3,8 @@
 
 #include "power/study/Aleatorio.h"
 #include "stats/numbers/Bennett.h"
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/Sequences.h"
+#include "stats/numbers/Treatments.h"
 #include "stats/numbers/Zimmerman.h"
 
 namespace power {
@@ -76,13 +76,11 @@ void SquareBatch<n>::evaluateExactly(Numbers numbers, std::size_t lane,
 {
     stats::TMatrix square = stats::TMatrix::Create(n, n);
     std::size_t next = lane * ObservationKeys<n>::cells;
-    for (int i = 1; i <= n; ++i) {
-        for (int j = 1; j <= n; ++j) {
-            const double uniform = Aleatorio::uniformOf(numbers[next++]);
-            square.Elem(i, j,
-                        ErrorDraw(m_kind, uniform, stats::treatmentOf(i, j, n) * m_difference));
-        }
-    }
+    // Columns outside: the layout is the same read either way.
+    stats::visitCells(n, [&](int row, int column, int treatment) {
+        const double uniform = Aleatorio::uniformOf(numbers[next++]);
+        square.Elem(column, row, ErrorDraw(m_kind, uniform, treatment * m_difference));
+    });
     statistics.c[lane] = stats::SequenceC(square, n);
     statistics.m[lane] = stats::SequenceM(square, n);
     statistics.b[lane] = stats::BennettStatistic(square, n);

@@ -5,6 +5,9 @@
 
 class QLineEdit;
 
+namespace controls {
+class UpDown;
+}
 namespace grid {
 class TNTabEd;
 }
@@ -15,7 +18,6 @@ struct HandOff;
 namespace square {
 
 class SquareData;
-class UpDown;
 
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
@@ -86,7 +88,7 @@ private:
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;
-    UpDown* m_numTratamientos = nullptr;
+    controls::UpDown* m_numTratamientos = nullptr;
     QLineEdit* m_nFilas = nullptr;
     QLineEdit* m_nColumnas = nullptr;
     grid::TNTabEd* m_datos = nullptr;

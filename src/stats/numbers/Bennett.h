@@ -14,10 +14,11 @@ namespace stats {
 
 /// The number of observations of the square that are at most as large as that of the cell, itself
 /// included: 1 to N, the highest rank of the group for tied values. Every call is a pass over the
-/// square.
+/// square; only tests and users outside the program call it.
 std::int64_t OverallRank(const TMatrix& observations, int column, int row, int n);
 
-/// The sum of the overall ranks of the cells of a treatment (1 to n).
+/// The sum of the overall ranks of the cells of a treatment (1 to n). Only tests and users outside
+/// the program call it.
 std::int64_t TreatmentRankSum(const TMatrix& observations, int treatment, int n);
 
 /// B = (S / n) 12 / (N (N + 1)) - 3 (N + 1), S being the sum of the squared rank sums; 0 and more.

@@ -2,8 +2,7 @@
 #include "stats/numbers/LatinSquareAnova.h"
 
 #include "stats/numbers/CriticalPoints.h"
-#include "stats/numbers/DecimalSums.h"
-#include "stats/numbers/DegreesOfFreedom.h"
+#include "stats/numbers/TypedDecimal.h"
 
 #include <cmath>
 
@@ -86,8 +85,7 @@ LatinSquareAnova latinSquareAnova(const TMatrix& observations, int n, double alp
     result.sourceDegrees = order - 1;
     result.errorDegrees = (order - 1) * (order - 2);
     result.totalDegrees = order * order - 1;
-    result.criticalValue =
-        criticalF(alpha, asDegrees(result.sourceDegrees), asDegrees(result.errorDegrees));
+    result.criticalValue = criticalF(alpha, result.sourceDegrees, result.errorDegrees);
 
     const std::optional<DecimalSums> sums = decimalSums(observations, n);
     if (!sums)

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/numbers/Zimmerman.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/ObservationPairs.h"
-#include "stats/numbers/TreatmentSpread.h"
-#include "stats/numbers/WorkingMemory.h"
+#include "stats/numbers/Treatments.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace stats {
@@ -23,9 +20,7 @@ struct Cell {
 template <typename CellOf>
 void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& cellOf)
 {
-    WorkingMemory memory;
-    std::pmr::vector<ObservationPair> pairs(memory.resource());
-    pairs.reserve(static_cast<std::size_t>(std::max(n, 0)));
+    std::vector<ObservationPair> pairs;
     for (int line = 1; line <= n; ++line) {
         pairs.clear();
         for (int place = 1; place <= n; ++place) {
@@ -38,22 +33,6 @@ void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& 
             ranks.Elem(column, row, ranks.Elem(column, row) + static_cast<double>(rank));
         });
     }
-}
-
-/// The spread of the rank sums, which are whole numbers.
-TreatmentSpread rankSpread(const TMatrix& ranks, int n)
-{
-    WorkingMemory memory;
-    std::pmr::vector<std::int64_t> sums(static_cast<std::size_t>(n), memory.resource());
-    WideInteger sumOfSquares = 0;
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            const auto rank = static_cast<std::int64_t>(ranks.Elem(column, row));
-            sums[static_cast<std::size_t>(treatmentOf(column, row, n) - 1)] += rank;
-            sumOfSquares += rank * rank;
-        }
-    }
-    return treatmentSpread(sums, sumOfSquares, n);
 }
 
 } // namespace
@@ -71,12 +50,10 @@ void AddColumnRanks(const TMatrix& observations, TMatrix& ranks, int n)
 double TreatmentMean(const TMatrix& matrix, int treatment, int n)
 {
     double sum = 0.0;
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            if (treatmentOf(column, row, n) == treatment)
-                sum += matrix.Elem(column, row);
-        }
-    }
+    visitCells(n, [&](int column, int row, int treatmentOfCell) {
+        if (treatmentOfCell == treatment)
+            sum += matrix.Elem(column, row);
+    });
     return sum / n;
 }
 
@@ -85,11 +62,15 @@ ZimmermanResult zimmermanResult(const TMatrix& observations, int n)
     TMatrix ranks = TMatrix::Create(n, n);
     AddRowRanks(observations, ranks, n);
     AddColumnRanks(observations, ranks, n);
-    const TreatmentSpread spread = rankSpread(ranks, n);
+    TreatmentSums rankSums(n);
+    visitCells(n, [&](int column, int row, int treatment) {
+        rankSums.add(treatment, static_cast<std::int64_t>(ranks.Elem(column, row)));
+    });
+    const WideInteger between = rankSums.between();
+    const WideInteger total = rankSums.total();
     const WideInteger order = n;
-    return {
-        ratio(spread.between, spread.total),
-        ratio((order - 1) * order * spread.between, (order + 1) * (spread.total - spread.between))};
+    return {ratio(between, total),
+            ratio((order - 1) * order * between, (order + 1) * (total - between))};
 }
 
 double ZimmermanStatistic(const TMatrix& observations, int n)

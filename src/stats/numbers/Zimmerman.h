@@ -17,7 +17,8 @@ void AddRowRanks(const TMatrix& observations, TMatrix& ranks, int n);
 /// Adds to every cell of `ranks` the rank of the observation within its column.
 void AddColumnRanks(const TMatrix& observations, TMatrix& ranks, int n);
 
-/// The mean of the n cells of a treatment (1 to n).
+/// The mean of the n cells of a treatment (1 to n). Only tests and users outside the program call
+/// it.
 double TreatmentMean(const TMatrix& matrix, int treatment, int n);
 
 /// The statistic as it is reported. Both are not a number when all cells have the same rank sum (a

@@ -3,27 +3,22 @@
 
 namespace stats {
 
-const std::vector<Approach>& approaches()
+std::vector<Approach> approaches()
 {
-    static const std::vector<Approach> all{Approach::Classical, Approach::Ranks,
-                                           Approach::Sequences};
-    return all;
+    return {Approach::Classical, Approach::Ranks, Approach::Sequences};
 }
 
-const std::vector<TestKind>& testsOf(Approach approach)
+std::vector<TestKind> testsOf(Approach approach)
 {
-    static const std::vector<TestKind> classical{TestKind::F};
-    static const std::vector<TestKind> ranks{TestKind::Zimmerman, TestKind::Bennett};
-    static const std::vector<TestKind> sequences{TestKind::C, TestKind::M};
     switch (approach) {
     case Approach::Classical:
-        return classical;
+        return {TestKind::F};
     case Approach::Ranks:
-        return ranks;
+        return {TestKind::Zimmerman, TestKind::Bennett};
     case Approach::Sequences:
         break;
     }
-    return sequences;
+    return {TestKind::C, TestKind::M};
 }
 
 QString caption(Approach approach)

@@ -3,9 +3,9 @@
 
 #include "base/NumberText.h"
 #include "stats/numbers/Bennett.h"
-#include "stats/numbers/RandomIntegers.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
+#include "stats/numbers/SimulatedSquares.h"
 #include "stats/numbers/Squares.h"
 #include "stats/numbers/Zimmerman.h"
 #include "support/Golden.h"
