@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "power/study/Simulation.h"
+#include "power/study/PowerStudy.h"
 
 /// The power study as a simple program would be quick: one square after the other, one sorting of
 /// each, everything else counted from the order. What squares side by side win is measured against

@@ -2,10 +2,9 @@
 #include "power/study/SquareBatch.h"
 
 #include "power/study/Aleatorio.h"
-#include "stats/numbers/Bennett.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/Sequences.h"
 #include "stats/numbers/Treatments.h"
-#include "stats/numbers/Zimmerman.h"
 
 namespace power {
 
@@ -33,16 +32,6 @@ Lanes<bool> nearTies(const stats::KeyLanes<n>& sorted)
     return near;
 }
 
-template <int n>
-BatchStatistics statisticsOf(const stats::RunLanes<n>& runs, const stats::RankLanes<n>& ranks)
-{
-    const stats::MomentLanes moments = stats::momentLanes(runs.ofTreatments);
-    return {stats::sequenceCFractions<n>(moments, runs).values(),
-            stats::sequenceMFractions<n>(moments, runs).values(),
-            stats::bennettFractions<n>(ranks).values(),
-            stats::zimmermanFractions<n>(ranks).values()};
-}
-
 } // namespace
 
 template <int n>
@@ -59,8 +48,10 @@ BatchStatistics SquareBatch<n>::evaluate(Numbers numbers, int squares) const
     stats::KeyLanes<n> keys = m_keys.keysOf(numbers);
     stats::sortKeys(keys);
     const stats::CodeLanes<n> codes = stats::codesOf<n>(keys);
-    BatchStatistics statistics =
-        statisticsOf<n>(stats::runLanes<n>(codes), stats::rankLanes<n>(codes));
+    const stats::RunLanes runs = stats::runLanes<n>(codes);
+    const stats::RankLanes ranks = stats::rankLanes<n>(codes);
+    BatchStatistics statistics{stats::sequenceCLanes<n>(runs), stats::sequenceMLanes<n>(runs),
+                               stats::bennettLanes<n>(ranks), stats::zimmermanLanes<n>(ranks)};
 
     const Lanes<bool> unsure = nearTies<n>(keys);
     for (std::size_t lane = 0; lane < static_cast<std::size_t>(squares); ++lane) {

@@ -7,23 +7,24 @@ namespace stats {
 
 namespace {
 
-/// The run indices of a sequence of labels, summed up.
-struct RunSums {
-    RunSums(std::span<const ObservationPair> pairs, int n)
-        : ofTreatments(n)
-    {
-        int previousLabel = 0;
-        for (const ObservationPair& pair : pairs) {
-            if (pair.label != previousLabel)
-                ++runs;
-            previousLabel = pair.label;
-            ofTreatments.add(pair.label, runs);
-        }
-    }
-
-    std::int64_t runs = 0;
-    TreatmentSums ofTreatments;
+struct Runs {
+    WideInteger count = 0;
+    Moments<WideInteger> indices;
 };
+
+Runs runsOf(std::span<const ObservationPair> pairs, int n)
+{
+    TreatmentSums indices(n);
+    std::int64_t runs = 0;
+    int previousLabel = 0;
+    for (const ObservationPair& pair : pairs) {
+        if (pair.label != previousLabel)
+            ++runs;
+        previousLabel = pair.label;
+        indices.add(pair.label, runs);
+    }
+    return {runs, indices.moments()};
+}
 
 } // namespace
 
@@ -34,11 +35,8 @@ double SequenceC(const TMatrix& observations, int n)
 
 double SequenceCFromLabels(std::span<const ObservationPair> pairs, int n)
 {
-    const RunSums sums(pairs, n);
-    const WideInteger order = n;
-    const WideInteger runs = sums.runs;
-    return ratio(sums.ofTreatments.squaredDeviations(2, order * (runs + 1)),
-                 4 * order * order * runs * (runs + 1));
+    const Runs runs = runsOf(pairs, n);
+    return formulaOfC<WideInteger>(runs.indices, runs.count, n);
 }
 
 double SequenceM(const TMatrix& observations, int n)
@@ -48,8 +46,7 @@ double SequenceM(const TMatrix& observations, int n)
 
 double SequenceMFromLabels(std::span<const ObservationPair> pairs, int n)
 {
-    const TreatmentSums sums = RunSums(pairs, n).ofTreatments;
-    return ratio(n * sums.between(), sums.total() - sums.between());
+    return formulaOfM<WideInteger>(runsOf(pairs, n).indices, n);
 }
 
 } // namespace stats

@@ -39,9 +39,7 @@ std::vector<double> inBatches(int squares, RandomIntegers& integers)
         for (std::size_t lane = 0; lane < count; ++lane)
             drawSquare<n>(integers, keys, lane);
         sortKeys(keys);
-        const RunLanes<n> runs = runLanes<n>(codesOf<n>(keys));
-        const Lanes<double> batch =
-            sequenceCFractions<n>(momentLanes(runs.ofTreatments), runs).values();
+        const Lanes<double> batch = sequenceCLanes<n>(runLanes<n>(codesOf<n>(keys)));
         values.insert(values.end(), batch.begin(), batch.begin() + count);
     }
     return values;

@@ -7,34 +7,25 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <string_view>
+#include <string>
 
 namespace stats {
 
 namespace {
 
 /// Takes "-d.ddde-xx", the shortest text that std::to_chars has for a double, apart.
-TypedDecimal takeApart(std::string_view text)
+TypedDecimal takeApart(std::string text)
 {
-    const bool negative = text.front() == '-';
-    if (negative)
-        text.remove_prefix(1);
-    const auto mark = text.find('e');
+    const std::size_t point = text.find('.');
+    const auto decimals = point < text.size() ? text.find('e') - point - 1 : 0;
+    if (point < text.size())
+        text.erase(point, 1);
 
     TypedDecimal decimal;
-    for (const char c : text.substr(0, mark)) {
-        if (c != '.')
-            decimal.coefficient = decimal.coefficient * 10 + (c - '0');
-    }
-    if (negative)
-        decimal.coefficient = -decimal.coefficient;
-
-    std::string_view exponent = text.substr(mark + 1);
-    if (exponent.front() == '+')
-        exponent.remove_prefix(1);
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.exponent);
-    if (mark > 1) // the second character is the point, decimals follow
-        decimal.exponent -= static_cast<int>(mark) - 2;
+    const char* const end = text.data() + text.size();
+    const char* const mark = std::from_chars(text.data(), end, decimal.coefficient).ptr;
+    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, decimal.exponent);
+    decimal.exponent -= static_cast<int>(decimals);
     return decimal;
 }
 
@@ -51,15 +42,6 @@ std::optional<std::vector<TypedDecimal>> decimalsOf(const TMatrix& observations,
     return allFinite ? std::optional(std::move(decimals)) : std::nullopt;
 }
 
-/// The powers of ten from 1 to 10^largest.
-std::vector<WholeNumber> powersOfTen(int largest)
-{
-    std::vector<WholeNumber> powers{1};
-    for (int k = 1; k <= largest; ++k)
-        powers.push_back(powers.back() * 10);
-    return powers;
-}
-
 } // namespace
 
 std::optional<TypedDecimal> typedDecimal(double observation)
@@ -72,7 +54,7 @@ std::optional<TypedDecimal> typedDecimal(double observation)
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), observation,
                                    std::chars_format::scientific)
                          .ptr;
-    return takeApart({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
+    return takeApart({buffer.data(), end});
 }
 
 std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
@@ -83,7 +65,9 @@ std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
     const auto [lowest, highest] = std::minmax_element(
         decimals->begin(), decimals->end(),
         [](const TypedDecimal& a, const TypedDecimal& b) { return a.exponent < b.exponent; });
-    const std::vector<WholeNumber> powers = powersOfTen(highest->exponent - lowest->exponent);
+    std::vector<WholeNumber> powersOfTen{1};
+    for (int exponent = lowest->exponent; exponent < highest->exponent; ++exponent)
+        powersOfTen.push_back(powersOfTen.back() * 10);
 
     DecimalSums sums(n);
     sums.exponent = lowest->exponent;
@@ -91,7 +75,7 @@ std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
     visitCells(n, [&](int column, int row, int treatment) {
         const TypedDecimal decimal = *next++;
         const WholeNumber units =
-            powers[static_cast<std::size_t>(decimal.exponent - sums.exponent)] *
+            powersOfTen[static_cast<std::size_t>(decimal.exponent - sums.exponent)] *
             decimal.coefficient;
         sums.rows[static_cast<std::size_t>(row - 1)] += units;
         sums.columns[static_cast<std::size_t>(column - 1)] += units;

@@ -3,10 +3,9 @@
 #include "stats/words/Estad.h"
 
 #include "base/NumberText.h"
-#include "stats/numbers/Bennett.h"
 #include "stats/numbers/CriticalPoints.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/SequenceTests.h"
-#include "stats/numbers/Zimmerman.h"
 
 namespace stats {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/words/TestKind.h"
 
+#include <array>
+
 namespace stats {
 
 std::vector<Approach> approaches()
@@ -23,32 +25,18 @@ std::vector<TestKind> testsOf(Approach approach)
 
 QString caption(Approach approach)
 {
-    switch (approach) {
-    case Approach::Classical:
-        return QStringLiteral("Clásico");
-    case Approach::Ranks:
-        return QStringLiteral("Rangos");
-    case Approach::Sequences:
-        break;
-    }
-    return QStringLiteral("Secuencias");
+    static const std::array captions{QStringLiteral("Clásico"), QStringLiteral("Rangos"),
+                                     QStringLiteral("Secuencias")};
+    return captions.at(static_cast<std::size_t>(approach));
 }
 
 QString caption(TestKind kind)
 {
-    switch (kind) {
-    case TestKind::F:
-        return QStringLiteral("Prueba F");
-    case TestKind::Zimmerman:
-        return QStringLiteral("Zimmerman (F)");
-    case TestKind::Bennett:
-        return QStringLiteral("Bennett (Chi-2)");
-    case TestKind::C:
-        return QStringLiteral("Prueba C (Exacta -> Normal)");
-    case TestKind::M:
-        break;
-    }
-    return QStringLiteral("Prueba M (Exacta -> F)");
+    static const std::array captions{QStringLiteral("Prueba F"), QStringLiteral("Zimmerman (F)"),
+                                     QStringLiteral("Bennett (Chi-2)"),
+                                     QStringLiteral("Prueba C (Exacta -> Normal)"),
+                                     QStringLiteral("Prueba M (Exacta -> F)")};
+    return captions.at(static_cast<std::size_t>(kind));
 }
 
 } // namespace stats

@@ -2,12 +2,11 @@
 #include "stats/words/Estad.h"
 
 #include "base/NumberText.h"
-#include "stats/numbers/Bennett.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
 #include "stats/numbers/SimulatedSquares.h"
 #include "stats/numbers/Squares.h"
-#include "stats/numbers/Zimmerman.h"
 #include "support/Golden.h"
 #include "support/Sanitizers.h"
 #include "support/Text.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/Zimmerman.h"
+#include "stats/numbers/RankStatistics.h"
 
 #include "stats/numbers/ObservationPairs.h"
 #include "stats/numbers/Treatments.h"
@@ -66,16 +66,41 @@ ZimmermanResult zimmermanResult(const TMatrix& observations, int n)
     visitCells(n, [&](int column, int row, int treatment) {
         rankSums.add(treatment, static_cast<std::int64_t>(ranks.Elem(column, row)));
     });
-    const WideInteger between = rankSums.between();
-    const WideInteger total = rankSums.total();
-    const WideInteger order = n;
-    return {ratio(between, total),
-            ratio((order - 1) * order * between, (order + 1) * (total - between))};
+    const Moments<WideInteger> moments = rankSums.moments();
+    return {formulaOfT<WideInteger>(moments, n), formulaOfZ<WideInteger>(moments, n)};
 }
 
 double ZimmermanStatistic(const TMatrix& observations, int n)
 {
     return zimmermanResult(observations, n).z;
+}
+
+std::int64_t OverallRank(const TMatrix& observations, int column, int row, int n)
+{
+    const double value = observations.Elem(column, row);
+    std::int64_t rank = 0;
+    visitCells(n, [&](int otherColumn, int otherRow, int) {
+        rank += observations.Elem(otherColumn, otherRow) <= value ? 1 : 0;
+    });
+    return rank;
+}
+
+std::int64_t TreatmentRankSum(const TMatrix& observations, int treatment, int n)
+{
+    std::int64_t sum = 0;
+    visitCells(n, [&](int column, int row, int treatmentOfCell) {
+        if (treatmentOfCell == treatment)
+            sum += OverallRank(observations, column, row, n);
+    });
+    return sum;
+}
+
+double BennettStatistic(const TMatrix& observations, int n)
+{
+    TreatmentSums rankSums(n);
+    visitRanks(sortedPairs(observations, n),
+               [&](int treatment, std::int64_t rank) { rankSums.add(treatment, rank); });
+    return formulaOfB<WideInteger>(rankSums.moments(), n);
 }
 
 } // namespace stats
