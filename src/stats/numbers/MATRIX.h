@@ -32,6 +32,7 @@ public:
     TMatrix& operator=(TMatrix&& other) noexcept;
     ~TMatrix() = default;
 
+    /// Of the counts only tests and users outside the program ask.
     int NrOfColumns() const { return m_columns; }
     int NrOfRows() const { return m_rows; }
 

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace stats {
 
@@ -48,8 +49,6 @@ std::optional<TypedDecimal> typedDecimal(double observation)
 {
     if (!std::isfinite(observation))
         return std::nullopt;
-    if (observation == 0.0)
-        return TypedDecimal{};
     std::array<char, 32> buffer{}; // "-1.2345678901234567e-308" has 24 characters
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), observation,
                                    std::chars_format::scientific)
