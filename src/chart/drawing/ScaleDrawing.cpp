@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ScaleDrawing.h"
+// The third file of ChartDrawing: the grid, the frame, the ticks and their labels.
+#include "chart/drawing/ChartDrawing.h"
 
 #include <QPainter>
 

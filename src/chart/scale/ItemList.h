@@ -42,12 +42,12 @@ struct ItemAttributes {
 /// One thing to draw, in data coordinates.
 struct ChartItem {
     ItemKind kind = ItemKind::End;
-    std::uint8_t markKind = 0; ///< Marks only; see MarkShapes.h.
+    std::uint8_t markKind = 0; ///< Marks only; see drawMark().
     double x = 0.0;
     double y = 0.0;
     double x2 = 0.0; ///< With hasSecondPair() only.
     double y2 = 0.0;
-    ItemAttributes attributes;
+    ItemAttributes attributes{};
 
     /// Whether every coordinate that counts is a number. Other items are kept but not drawn.
     bool isFinite() const;

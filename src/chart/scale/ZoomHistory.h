@@ -8,10 +8,15 @@
 
 namespace chart {
 
+enum class Axis { X, Y };
+
 /// What a chart shows: the ranges of both axes.
 struct View {
     AxisRange x;
     AxisRange y;
+
+    AxisRange& along(Axis axis) { return axis == Axis::X ? x : y; }
+    const AxisRange& along(Axis axis) const { return axis == Axis::X ? x : y; }
 
     bool operator==(const View&) const = default;
 };

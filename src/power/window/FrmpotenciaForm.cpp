@@ -174,20 +174,10 @@ QWidget* TPotencia::createSettings()
 
 QWidget* TPotencia::createChart()
 {
-    const QString chartCaption = QStringLiteral("Potencias");
-    m_graph = named(new chart::TRChart, QStringLiteral("Graph"), chartCaption);
-    m_graph->setCaption(chartCaption);
-    m_graph->setIdAbscissa(QStringLiteral("Diferencia"));
-    m_graph->setIdOrdinate(QStringLiteral("Potencia"));
-    m_graph->setDecPlaceX(2);
-    m_graph->setDecPlaceY(2);
+    m_graph = chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
+                                  QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2});
     m_graph->setRangeHiX(1.0);
     m_graph->setRangeHiY(1.0);
-    m_graph->setGridStyle(chart::GridStyle::gsHorizDotLines);
-    m_graph->setShadowStyle(chart::ShadowStyle::ssFlying);
-    m_graph->setMouseAction(chart::MouseAction::maZoomDrag);
-    m_graph->setShortTicksX(true);
-    m_graph->setShortTicksY(true);
     return m_graph;
 }
 

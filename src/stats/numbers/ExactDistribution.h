@@ -8,6 +8,13 @@
 
 namespace stats {
 
+/// One value of a distribution with its figures.
+struct ExactFigures {
+    double value;
+    double probability;
+    double cumulative; ///< P(X <= value).
+};
+
 /// The null distribution of a sequence statistic: every arrangement of n labels of each of n
 /// treatments is equally likely.
 ///
@@ -35,8 +42,11 @@ public:
     /// for an x that is none.
     double shareAbove(double x) const;
 
-    /// The hand-over form: all values, ascending, followed by their probabilities in the same
-    /// order. `out` holds at least 2 count() doubles.
+    /// Of every value, ascending; each figure is one division of whole counts.
+    std::vector<ExactFigures> figures() const;
+
+    /// The published hand-over form: all values, ascending, followed by their probabilities in the
+    /// same order. `out` holds at least 2 count() doubles.
     void handOver(std::span<double> out) const;
 
 private:

@@ -99,14 +99,17 @@ QString exactTitleOf(QChar statistic, int n)
            QString::number(n);
 }
 
-void handOver(const std::optional<ExactDistribution>& exact, ExactValues& values,
-              bool& exactAvailable, int& exactCount)
+/// A report in its published form.
+QStringList handOver(const SequenceReport& report, ExactValues& values, bool& exactAvailable,
+                     int& exactCount, QString& exactTitle)
 {
-    exactAvailable = exact.has_value();
-    if (!exact)
-        return;
-    exact->handOver(values);
-    exactCount = exact->count();
+    exactTitle = report.exactTitle;
+    exactAvailable = report.exact.has_value();
+    if (report.exact) {
+        report.exact->handOver(values);
+        exactCount = report.exact->count();
+    }
+    return report.lines;
 }
 
 } // namespace
@@ -155,38 +158,44 @@ QStringList BennettTest(const TMatrix& observations, int n, double alpha)
     return lines;
 }
 
-QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,
-                  bool& exactAvailable, int& exactCount, QString& exactTitle)
+SequenceReport reportC(const TMatrix& observations, int n, double alpha)
 {
     constexpr QLatin1Char name('C');
     const TestCResult result = testC(observations, n, alpha, programIntegers());
-    handOver(result.exact, values, exactAvailable, exactCount);
-    exactTitle = exactTitleOf(name, n);
-
     QStringList lines{QStringLiteral("C = ") + generalText(result.statistic)};
     if (!result.exact && !result.simulated) {
         lines << QStringLiteral("C no se aproxima para cuadrados de orden ") + QString::number(n) +
                      QStringLiteral(" (el mayor es ") + QString::number(largestSimulatedOrder) +
                      QStringLiteral("): no se decide nada.");
-        return lines;
+        return {lines, std::nullopt, exactTitleOf(name, n)};
     }
     lines << (result.exact ? exactLines(name, result.cumulative) : normalLines(result))
           << sequenceDecisionLine(alpha, result.rejected);
-    return lines;
+    return {lines, result.exact, exactTitleOf(name, n)};
+}
+
+SequenceReport reportM(const TMatrix& observations, int n, double alpha)
+{
+    constexpr QLatin1Char name('M');
+    const TestMResult result = testM(observations, n, alpha);
+    QStringList lines{QStringLiteral("M = ") + generalText(result.statistic)};
+    lines << (result.exact ? exactLines(name, result.cumulative) : fLines(result, n))
+          << sequenceDecisionLine(alpha, result.rejected);
+    return {lines, result.exact, exactTitleOf(name, n)};
+}
+
+QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,
+                  bool& exactAvailable, int& exactCount, QString& exactTitle)
+{
+    return handOver(reportC(observations, n, alpha), values, exactAvailable, exactCount,
+                    exactTitle);
 }
 
 QStringList TestM(const TMatrix& observations, int n, double alpha, ExactValues& values,
                   bool& exactAvailable, int& exactCount, QString& exactTitle)
 {
-    constexpr QLatin1Char name('M');
-    const TestMResult result = testM(observations, n, alpha);
-    handOver(result.exact, values, exactAvailable, exactCount);
-    exactTitle = exactTitleOf(name, n);
-
-    QStringList lines{QStringLiteral("M = ") + generalText(result.statistic)};
-    lines << (result.exact ? exactLines(name, result.cumulative) : fLines(result, n))
-          << sequenceDecisionLine(alpha, result.rejected);
-    return lines;
+    return handOver(reportM(observations, n, alpha), values, exactAvailable, exactCount,
+                    exactTitle);
 }
 
 } // namespace stats

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ReadableColor.h"
+#include "chart/drawing/ChartDrawing.h"
 
 #include <gtest/gtest.h>
 

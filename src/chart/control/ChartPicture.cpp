@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The chart as a picture, on the clipboard and in a file.
+#include "chart/control/ChartPicture.h"
+
 #include "base/SafeFile.h"
-#include "chart/control/RChart.h"
 #include "chart/drawing/ChartDrawing.h"
 
 #include <QBuffer>
@@ -22,44 +22,42 @@ QString noSizeReason()
 
 } // namespace
 
-QImage TRChart::picture(bool whiteBackground) const
+QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGeometry& geometry,
+                    const QPalette& palette, bool whiteBackground)
 {
-    QImage image(size(), QImage::Format_RGB32); // opaque, at one pixel per logical pixel
+    QImage image(geometry.size, QImage::Format_RGB32);
     if (image.isNull())
         return image;
-    ChartContents contents = m_contents;
     if (whiteBackground) {
         contents.style.chartColor = Qt::white;
         contents.style.windColor = Qt::white;
     }
     QPainter painter(&image);
-    drawChart(painter, contents, items(), measure(contents, size(), font()), palette());
+    drawChart(painter, contents, items, geometry, palette);
     return image;
 }
 
-std::optional<QString> TRChart::CopyToClipboardBitmap(bool whiteBackground) const
+std::optional<QString> copyPicture(const QImage& picture)
 {
-    const QImage image = picture(whiteBackground);
-    if (image.isNull())
+    if (picture.isNull())
         return noSizeReason();
-    QGuiApplication::clipboard()->setImage(image);
+    QGuiApplication::clipboard()->setImage(picture);
     return std::nullopt;
 }
 
-std::optional<QString> TRChart::SaveAsBitmap(const QString& fileName, bool whiteBackground) const
+std::optional<QString> writePicture(const QString& fileName, const QImage& picture)
 {
-    const QImage image = picture(whiteBackground);
-    if (image.isNull())
+    if (picture.isNull())
         return noSizeReason();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "BMP"))
+    if (!picture.save(&buffer, "BMP"))
         return QStringLiteral("No hay memoria para el mapa de bits.");
-    return base::writeFile(bitmapFileName(fileName), bytes);
+    return base::writeFile(fileName, bytes);
 }
 
-QString TRChart::bitmapFileName(const QString& chosen)
+QString bitmapFileName(const QString& chosen)
 {
     const QFileInfo info(chosen);
     const QString name = info.fileName().section(QLatin1Char('.'), 0, 0) + QStringLiteral(".bmp");

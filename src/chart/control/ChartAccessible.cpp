@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the chart says to assistive technology: a chart with its name, and as its description the
-// numbers that it shows, worked out only when they are asked for.
+#include "chart/control/ChartAccessible.h"
+
 #include "base/NumberText.h"
 #include "chart/control/RChart.h"
 
@@ -34,14 +34,19 @@ QAccessibleInterface* chartInterface(const QString&, QObject* object)
     return chart != nullptr ? new ChartAccessible(chart) : nullptr;
 }
 
+QString boundText(long double bound)
+{
+    return base::generalText(static_cast<double>(bound));
+}
+
 } // namespace
 
-QString TRChart::description() const
+QString chartDescription(const ChartContents& contents, const View& view, const ItemList& items)
 {
     constexpr qsizetype mostPoints = 1000; // more would keep a reader busy for hours
     QStringList points;
     qsizetype left = 0;
-    for (const ChartItem& item : items()) {
+    for (const ChartItem& item : items) {
         if (!item.isFinite())
             continue;
         if (points.size() < mostPoints)
@@ -49,14 +54,11 @@ QString TRChart::description() const
         else
             ++left;
     }
-    QString text =
-        QStringLiteral("Gráfica «%1». Eje horizontal: %2, de %3 a %4. Eje vertical: %5, "
-                       "de %6 a %7. Puntos: %8.")
-            .arg(Caption(), IdAbscissa(), base::generalText(static_cast<double>(RangeLoX())),
-                 base::generalText(static_cast<double>(RangeHiX())), IdOrdinate(),
-                 base::generalText(static_cast<double>(RangeLoY())),
-                 base::generalText(static_cast<double>(RangeHiY())),
-                 QString::number(points.size() + left));
+    QString text = QStringLiteral("Gráfica «%1». Eje horizontal: %2, de %3 a %4. Eje vertical: %5, "
+                                  "de %6 a %7. Puntos: %8.")
+                       .arg(contents.caption, contents.x.id, boundText(view.x.low()),
+                            boundText(view.x.high()), contents.y.id, boundText(view.y.low()),
+                            boundText(view.y.high()), QString::number(points.size() + left));
     for (const QString& point : points)
         text += QLatin1Char('\n') + point;
     if (left > 0)
@@ -64,7 +66,7 @@ QString TRChart::description() const
     return text;
 }
 
-void TRChart::installAccessibility()
+void installChartAccessibility()
 {
     static const bool installed = [] {
         QAccessible::installFactory(chartInterface);
