@@ -156,7 +156,7 @@ TEST_F(PowerStudy, TheNextStudyGoesOnWithTheNumbers)
 TEST_F(PowerStudy, TrialsThatFillNoBatch)
 {
     const StudySettings settings{4, 37, 0.95, ErrorKind::Uniform};
-    const CriticalValues critical{1.6, 0.8476, 7.8, 3.5, 0.02, 0.01};
+    const CriticalValues critical{{1.6, 0.8476, 7.8, 3.5}, 0.02, 0.01};
     Aleatorio generator;
     Aleatorio plainGenerator;
     const Powers powers = simulatedPowers(settings, critical, 0.2, generator);
