@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/ChartNavigation.h"
 
-#include "chart/control/RChart.h"
-
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWidget>
+
+#include <utility>
 
 namespace chart {
 
@@ -70,9 +71,11 @@ std::optional<QRectF> rectangleFor(int key, const QRectF& plot)
 
 } // namespace
 
-ChartNavigation::ChartNavigation(TRChart& chart, ChartView& view)
+ChartNavigation::ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf)
     : m_chart(chart)
     , m_view(view)
+    , m_geometry(std::move(geometry))
+    , m_geometryOf(std::move(geometryOf))
 {
 }
 
@@ -88,13 +91,13 @@ bool ChartNavigation::press(const QMouseEvent& event)
 {
     const QPoint position = event.position().toPoint();
     if (m_action != MouseAction::maZoomDrag || m_gesture != Gesture::None ||
-        !m_chart.geometry().layout.plot.contains(position) ||
+        !m_geometry().layout.plot.contains(position) ||
         (event.button() != Qt::LeftButton && !isPan(event)))
         return false;
     m_gesture = isPan(event) ? Gesture::Pan : Gesture::Zoom;
     m_start = position;
     m_end = position;
-    m_geometryAtStart = m_chart.geometry();
+    m_geometryAtStart = m_geometry();
     updateCursor(position);
     return true;
 }
@@ -104,6 +107,8 @@ void ChartNavigation::move(const QPoint& position)
     if (m_gesture != Gesture::None) {
         m_end = position;
         if (m_gesture == Gesture::Pan) {
+            if (m_geometryAtStart->size != m_chart.size()) // resized on the way
+                m_geometryAtStart = m_geometryOf(m_geometryAtStart->view);
             const QRect plot = m_geometryAtStart->layout.plot.translated(m_start - position);
             m_view.moveTo(boundsAcross(betweenMiddles(plot), *m_geometryAtStart),
                           boundsUp(betweenMiddles(plot), *m_geometryAtStart));
@@ -129,7 +134,8 @@ bool ChartNavigation::doubleClick(const QMouseEvent& event)
 {
     if (m_action != MouseAction::maZoomDrag || event.button() != Qt::LeftButton)
         return false;
-    m_chart.zoomToFullView();
+    m_view.goToFull();
+    m_chart.update();
     updateCursor(event.position().toPoint());
     return true;
 }
@@ -148,13 +154,14 @@ bool ChartNavigation::key(int key)
 bool ChartNavigation::changeViewByKey(int key)
 {
     if (key == Qt::Key_Escape && m_view.history().canGoBack())
-        m_chart.zoomBack();
+        m_view.goBack();
     else if (key == Qt::Key_Home)
-        m_chart.zoomToFullView();
-    else if (const auto shown = rectangleFor(key, betweenMiddles(m_chart.geometry().layout.plot)))
+        m_view.goToFull();
+    else if (const auto shown = rectangleFor(key, betweenMiddles(m_geometry().layout.plot)))
         zoomTo(*shown);
     else
         return false;
+    m_chart.update();
     updateCursor();
     return true;
 }
@@ -162,9 +169,8 @@ bool ChartNavigation::changeViewByKey(int key)
 /// Makes what stands in a rectangle of the present picture fill the plot.
 void ChartNavigation::zoomTo(const QRectF& rectangle)
 {
-    const ChartGeometry& present = m_chart.geometry();
+    const ChartGeometry& present = m_geometry();
     m_view.zoomTo(boundsAcross(rectangle, present), boundsUp(rectangle, present));
-    m_chart.update();
 }
 
 /// Dark dashes on a light line over a tint: one of the three is seen on any colour.
@@ -199,7 +205,7 @@ void ChartNavigation::endGesture()
 
 QRect ChartNavigation::zoomRectangle() const
 {
-    return QRect(m_start, m_end).normalized().intersected(m_chart.geometry().layout.plot);
+    return QRect(m_start, m_end).normalized().intersected(m_geometry().layout.plot);
 }
 
 void ChartNavigation::updateCursor()
@@ -228,7 +234,7 @@ std::optional<ChartCursor> ChartNavigation::cursorAt(const QPoint& position) con
         return ChartCursor::CURHAND;
     if (m_gesture == Gesture::Zoom && isLargeEnough(zoomRectangle()))
         return ChartCursor::CURZOOMD;
-    if (m_gesture == Gesture::None && !m_chart.geometry().layout.plot.contains(position))
+    if (m_gesture == Gesture::None && !m_geometry().layout.plot.contains(position))
         return std::nullopt;
     return m_view.history().canGoBack() ? ChartCursor::CURZOOMP : ChartCursor::CURZOOMW;
 }

@@ -2,19 +2,19 @@
 #pragma once
 
 #include "chart/drawing/ChartGeometry.h"
+#include "chart/scale/ChartView.h"
 
 #include <QCursor>
 #include <QRect>
 
+#include <functional>
 #include <optional>
 
 class QMouseEvent;
 class QPainter;
+class QWidget;
 
 namespace chart {
-
-class ChartView;
-class TRChart;
 
 /// What the left mouse button does over the plot.
 enum class MouseAction { maNone, maZoomDrag };
@@ -39,8 +39,12 @@ QCursor chartCursor(ChartCursor cursor, qreal devicePixelRatio);
 /// shows the full view.
 class ChartNavigation {
 public:
-    /// The chart and its view outlive it.
-    ChartNavigation(TRChart& chart, ChartView& view);
+    /// The chart's layout, of the present view and of another one.
+    using Present = std::function<const ChartGeometry&()>;
+    using Of = std::function<ChartGeometry(const View&)>;
+
+    /// The chart and its view outlive it. What it does to the view is painted at once.
+    ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf);
 
     MouseAction action() const { return m_action; }
     void setAction(MouseAction action);
@@ -66,8 +70,10 @@ private:
     void updateCursor();
     std::optional<ChartCursor> cursorAt(const QPoint& position) const;
 
-    TRChart& m_chart;
+    QWidget& m_chart;
     ChartView& m_view;
+    Present m_geometry;
+    Of m_geometryOf;
     MouseAction m_action = MouseAction::maNone;
     Gesture m_gesture = Gesture::None;
     QPoint m_start;

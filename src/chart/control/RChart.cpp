@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/RChart.h"
 
-#include "chart/control/ChartAccessible.h"
+#include "chart/control/ChartDescription.h"
 #include "chart/control/ChartPicture.h"
 #include "chart/drawing/ChartDrawing.h"
 
@@ -27,11 +27,11 @@ TRChart::TRChart(QWidget* parent, Measure measure)
     : QWidget(parent)
     , m_measure(std::move(measure))
     , m_view([this](const View& view) { return unitRatio(view); })
-    , m_navigation(*this, m_view)
+    , m_navigation(
+          *this, m_view, [this]() -> const ChartGeometry& { return geometry(); },
+          [this](const View& view) { return geometryOf(view); })
 {
-    installChartAccessibility();
-    for (AxisContents* axis : {&m_contents.x, &m_contents.y})
-        axis->labels.dateTimeFormat = QStringLiteral("dd/MM/yyyy");
+    installAccessibility();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -77,23 +77,18 @@ void TRChart::setUseDataOf(TRChart* other)
 {
     if (other == m_source)
         return;
-    if (other != nullptr) {
-        // The items of a chart that draws foreign ones are those of their owner.
-        TRChart* owner = &other->owner();
-        if (owner == this)
-            throw ChartError("RChart: Cannot share data with myself");
-        if (!m_users.empty()) {
-            throw ChartError(
-                "RChart: Cannot use foreign data. Other RCharts are using my own data.");
-        }
-        if (owner != m_source && owner->m_users.size() >= mostDataShares)
-            throw ChartError("RChart: Max. number of data shares exceeded");
-        detachFromSource();
-        owner->m_users.push_back(this);
-        m_source = owner;
-    } else {
-        detachFromSource();
-    }
+    // The items of a chart that draws foreign ones are those of their owner.
+    TRChart* source = other != nullptr ? &other->owner() : nullptr;
+    if (source == this)
+        throw ChartError("RChart: Cannot share data with myself");
+    if (source != nullptr && !m_users.empty())
+        throw ChartError("RChart: Cannot use foreign data. Other RCharts are using my own data.");
+    if (source != nullptr && source != m_source && source->m_users.size() >= mostDataShares)
+        throw ChartError("RChart: Max. number of data shares exceeded");
+    detachFromSource();
+    m_source = source;
+    if (source != nullptr)
+        source->m_users.push_back(this);
     redraw();
 }
 
@@ -149,8 +144,13 @@ void TRChart::setAutoRedraw(bool on)
 const ChartGeometry& TRChart::geometry() const
 {
     if (!m_geometry || m_geometry->size != size() || m_geometry->view != ranges())
-        m_geometry = m_measure(m_contents, ranges(), size(), font());
+        m_geometry = geometryOf(ranges());
     return *m_geometry;
+}
+
+ChartGeometry TRChart::geometryOf(const View& view) const
+{
+    return m_measure(m_contents, view, size(), font());
 }
 
 QImage TRChart::picture(bool whiteBackground) const
@@ -261,7 +261,7 @@ void TRChart::setRim(std::optional<int>& rim, int width)
 /// How many units of y are as long as one of x on this screen; nothing for a plot without extent.
 std::optional<long double> TRChart::unitRatio(const View& view) const
 {
-    const QRect plot = m_measure(m_contents, view, size(), font()).layout.plot;
+    const QRect plot = geometryOf(view).layout.plot;
     // Its last column and row are the pixels of bounds.
     const int width = plot.right() - plot.left();
     const int height = plot.bottom() - plot.top();

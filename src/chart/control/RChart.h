@@ -239,6 +239,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// Once per process; calling it again does nothing.
+    static void installAccessibility();
+
     const View& ranges() const { return m_view.shown(); }
     void addItem(ChartItem item);
     void detachFromSource();
@@ -253,6 +256,7 @@ private:
     void setLabelType(Axis axis, AxisContents& contents, LabelType type);
     void setRim(std::optional<int>& rim, int width);
 
+    ChartGeometry geometryOf(const View& view) const;
     std::optional<long double> unitRatio(const View& view) const;
     void contentsChanged();
     void redraw();

@@ -5,7 +5,7 @@
 #include "chart/scale/AxisScale.h"
 #include "chart/scale/AxisTicks.h"
 #include "chart/scale/ChartLayout.h"
-#include "chart/scale/ZoomHistory.h"
+#include "chart/scale/ChartView.h"
 
 #include <QFont>
 

@@ -1,13 +1,55 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "chart/scale/AxisRange.h"
 #include "chart/scale/DataExtent.h"
-#include "chart/scale/ZoomHistory.h"
 
+#include <cstddef>
+#include <deque>
 #include <functional>
 #include <optional>
 
 namespace chart {
+
+enum class Axis { X, Y };
+
+/// What a chart shows: the ranges of both axes.
+struct View {
+    AxisRange x;
+    AxisRange y;
+
+    AxisRange& along(Axis axis) { return axis == Axis::X ? x : y; }
+    const AxisRange& along(Axis axis) const { return axis == Axis::X ? x : y; }
+
+    bool operator==(const View&) const = default;
+};
+
+/// The views of a chart in the order in which they came, the newest being the one on the screen.
+///
+/// The oldest is the full view. When the history is full the one after it is forgotten.
+class ZoomHistory {
+public:
+    static constexpr std::size_t depth = 64;
+
+    explicit ZoomHistory(const View& full);
+
+    /// A new view becomes the newest; one equal to the newest changes nothing.
+    void record(const View& view);
+    /// Forgets everything: `full` is the full view and the only one.
+    void restart(const View& full);
+
+    bool canGoBack() const { return m_views.size() > 1; }
+    /// Drops the newest view where there is an older one. @return the newest now
+    const View& goBack();
+    /// Drops all but the full view. @return it
+    const View& goToFull();
+
+    std::size_t size() const { return m_views.size(); }
+    const View& newest() const { return m_views.back(); }
+
+private:
+    std::deque<View> m_views; ///< Never empty.
+};
 
 /// What a chart shows, how it came to it, and the two rules that tie its ranges to something else:
 /// equal units and dates.

@@ -38,11 +38,6 @@ void ExactDistribution::add(double value)
     ++m_arrangements;
 }
 
-double ExactDistribution::probability(int index) const
-{
-    return share(point(index).arrangements);
-}
-
 double ExactDistribution::cumulative(double x) const
 {
     if (std::isnan(x))

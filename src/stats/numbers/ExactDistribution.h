@@ -27,12 +27,13 @@ public:
 
     /// The number of distinct values.
     int count() const { return static_cast<int>(m_points.size()); }
-    /// The number of arrangements.
-    std::int64_t arrangements() const { return m_arrangements; }
-
-    /// The values, ascending, and their probabilities; index from 0 to count() - 1.
+    /// The values, ascending; index from 0 to count() - 1.
     double value(int index) const { return point(index).value; }
-    double probability(int index) const;
+
+    // For tests and the outside.
+    /// The number of arrangements, and the share of them that has a value.
+    std::int64_t arrangements() const { return m_arrangements; }
+    double probability(int index) const { return share(point(index).arrangements); }
 
     /// P(X <= x) for one of the values; between two values that of the next larger one. Not a
     /// number for an x that is none.

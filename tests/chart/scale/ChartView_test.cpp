@@ -9,6 +9,8 @@ using chart::Axis;
 using chart::AxisRange;
 using chart::ChartError;
 using chart::ChartView;
+using chart::View;
+using chart::ZoomHistory;
 
 namespace {
 
@@ -19,21 +21,75 @@ AxisRange range(double low, double high)
     return made;
 }
 
+View viewUpTo(double high)
+{
+    View view;
+    view.x.setBounds(0.0L, high);
+    return view;
+}
+
 /// A view on a plot twice as wide as high.
-class ChartViewRules : public ::testing::Test {
+class ChartViewTest : public ::testing::Test {
 protected:
     void expectShown(const AxisRange& x, const AxisRange& y) const
     {
-        EXPECT_EQ(view.shown(), (chart::View{x, y}));
+        EXPECT_EQ(view.shown(), (View{x, y}));
     }
 
     std::optional<long double> unitRatio = 0.5L;
-    ChartView view{[this](const chart::View&) { return unitRatio; }};
+    ChartView view{[this](const View&) { return unitRatio; }};
 };
 
 } // namespace
 
-TEST_F(ChartViewRules, EqualUnitsMoveTheHighBoundOfTheOtherAxis)
+TEST(ZoomHistory, GoesBackStepByStepAndStopsAtTheFullView)
+{
+    ZoomHistory history(viewUpTo(10.0));
+    history.record(viewUpTo(5.0));
+    history.record(viewUpTo(2.0));
+    EXPECT_TRUE(history.canGoBack());
+    EXPECT_EQ(history.goBack(), viewUpTo(5.0));
+    EXPECT_EQ(history.goBack(), viewUpTo(10.0));
+    EXPECT_FALSE(history.canGoBack());
+    EXPECT_EQ(history.goBack(), viewUpTo(10.0));
+}
+
+TEST(ZoomHistory, GoesToTheFullViewAtOnce)
+{
+    ZoomHistory history(viewUpTo(10.0));
+    history.record(viewUpTo(5.0));
+    history.record(viewUpTo(2.0));
+    EXPECT_EQ(history.goToFull(), viewUpTo(10.0));
+    EXPECT_EQ(history.size(), 1U);
+}
+
+TEST(ZoomHistory, SameViewIsNoNewEntry)
+{
+    ZoomHistory history(viewUpTo(10.0));
+    history.record(viewUpTo(10.0));
+    EXPECT_EQ(history.size(), 1U);
+}
+
+TEST(ZoomHistory, FullHistoryForgetsItsOldStepsButNotTheFullView)
+{
+    ZoomHistory history(viewUpTo(1000.0));
+    for (int i = 1; i <= 500; ++i)
+        history.record(viewUpTo(i));
+    EXPECT_EQ(history.size(), ZoomHistory::depth);
+    EXPECT_EQ(history.newest(), viewUpTo(500.0));
+    EXPECT_EQ(history.goBack(), viewUpTo(499.0));
+    EXPECT_EQ(history.goToFull(), viewUpTo(1000.0));
+}
+
+TEST(ZoomHistory, RestartMakesANewFullView)
+{
+    ZoomHistory history(viewUpTo(10.0));
+    history.record(viewUpTo(5.0));
+    history.restart(viewUpTo(7.0));
+    EXPECT_EQ(history.goToFull(), viewUpTo(7.0));
+}
+
+TEST_F(ChartViewTest, EqualUnitsMoveTheHighBoundOfTheOtherAxis)
 {
     view.setIsometric(true);
     expectShown(range(0.0, 10.0), range(0.0, 5.0));
@@ -47,7 +103,7 @@ TEST_F(ChartViewRules, EqualUnitsMoveTheHighBoundOfTheOtherAxis)
     expectShown(range(0.0, 3.0), range(0.0, 4.0));
 }
 
-TEST_F(ChartViewRules, FitShowsAllThatWasAskedForAndIsTheFullView)
+TEST_F(ChartViewTest, FitShowsAllThatWasAskedForAndIsTheFullView)
 {
     view.setIsometric(true);
     view.fit({0.0L, 10.0L}, {0.0L, 10.0L});
@@ -57,7 +113,7 @@ TEST_F(ChartViewRules, FitShowsAllThatWasAskedForAndIsTheFullView)
     EXPECT_FALSE(view.history().canGoBack());
 }
 
-TEST_F(ChartViewRules, MovesAreRecordedAtTheirEnd)
+TEST_F(ChartViewTest, MovesAreRecordedAtTheirEnd)
 {
     view.moveTo({1.0L, 11.0L}, {0.0L, 10.0L});
     view.moveTo({2.0L, 12.0L}, {0.0L, 10.0L});
@@ -68,7 +124,7 @@ TEST_F(ChartViewRules, MovesAreRecordedAtTheirEnd)
     expectShown(range(0.0, 10.0), range(0.0, 10.0));
 }
 
-TEST_F(ChartViewRules, DatesAreRefusedAloudOrPassedOver)
+TEST_F(ChartViewTest, DatesAreRefusedAloudOrPassedOver)
 {
     EXPECT_NO_THROW(view.setDates(Axis::X, true));
     EXPECT_THROW(view.setRange(Axis::X, range(0.0, 1e-6)), ChartError);

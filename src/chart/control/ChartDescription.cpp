@@ -1,38 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/control/ChartAccessible.h"
+#include "chart/control/ChartDescription.h"
 
 #include "base/NumberText.h"
-#include "chart/control/RChart.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
+#include <QStringList>
 
 namespace chart {
 
 namespace {
-
-class ChartAccessible : public QAccessibleWidget {
-public:
-    explicit ChartAccessible(TRChart* chart)
-        : QAccessibleWidget(chart, QAccessible::Chart)
-    {
-    }
-
-    QString text(QAccessible::Text kind) const override
-    {
-        const auto* chart = static_cast<const TRChart*>(object());
-        if (kind == QAccessible::Description)
-            return chart->description();
-        const QString own = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && own.isEmpty() ? chart->Caption() : own;
-    }
-};
-
-QAccessibleInterface* chartInterface(const QString&, QObject* object)
-{
-    auto* chart = qobject_cast<TRChart*>(object);
-    return chart != nullptr ? new ChartAccessible(chart) : nullptr;
-}
 
 QString boundText(long double bound)
 {
@@ -64,15 +39,6 @@ QString chartDescription(const ChartContents& contents, const View& view, const 
     if (left > 0)
         text += QStringLiteral("\n... y %1 más").arg(left);
     return text;
-}
-
-void installChartAccessibility()
-{
-    static const bool installed = [] {
-        QAccessible::installFactory(chartInterface);
-        return true;
-    }();
-    static_cast<void>(installed);
 }
 
 } // namespace chart
