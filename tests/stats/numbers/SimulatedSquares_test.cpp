@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/SquareDraws.h"
+#include "stats/numbers/SimulatedSquares.h"
 
 #include "stats/numbers/Sequences.h"
 

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/Zimmerman.h"
+#include "stats/numbers/RankStatistics.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/ObservationPairs.h"
-#include "stats/numbers/TreatmentSpread.h"
-#include "stats/numbers/WorkingMemory.h"
+#include "stats/numbers/Treatments.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace stats {
@@ -23,9 +20,7 @@ struct Cell {
 template <typename CellOf>
 void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& cellOf)
 {
-    WorkingMemory memory;
-    std::pmr::vector<ObservationPair> pairs(memory.resource());
-    pairs.reserve(static_cast<std::size_t>(std::max(n, 0)));
+    std::vector<ObservationPair> pairs;
     for (int line = 1; line <= n; ++line) {
         pairs.clear();
         for (int place = 1; place <= n; ++place) {
@@ -38,22 +33,6 @@ void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& 
             ranks.Elem(column, row, ranks.Elem(column, row) + static_cast<double>(rank));
         });
     }
-}
-
-/// The spread of the rank sums, which are whole numbers.
-TreatmentSpread rankSpread(const TMatrix& ranks, int n)
-{
-    WorkingMemory memory;
-    std::pmr::vector<std::int64_t> sums(static_cast<std::size_t>(n), memory.resource());
-    WideInteger sumOfSquares = 0;
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            const auto rank = static_cast<std::int64_t>(ranks.Elem(column, row));
-            sums[static_cast<std::size_t>(treatmentOf(column, row, n) - 1)] += rank;
-            sumOfSquares += rank * rank;
-        }
-    }
-    return treatmentSpread(sums, sumOfSquares, n);
 }
 
 } // namespace
@@ -71,12 +50,10 @@ void AddColumnRanks(const TMatrix& observations, TMatrix& ranks, int n)
 double TreatmentMean(const TMatrix& matrix, int treatment, int n)
 {
     double sum = 0.0;
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            if (treatmentOf(column, row, n) == treatment)
-                sum += matrix.Elem(column, row);
-        }
-    }
+    visitCells(n, [&](int column, int row, int treatmentOfCell) {
+        if (treatmentOfCell == treatment)
+            sum += matrix.Elem(column, row);
+    });
     return sum / n;
 }
 
@@ -85,16 +62,45 @@ ZimmermanResult zimmermanResult(const TMatrix& observations, int n)
     TMatrix ranks = TMatrix::Create(n, n);
     AddRowRanks(observations, ranks, n);
     AddColumnRanks(observations, ranks, n);
-    const TreatmentSpread spread = rankSpread(ranks, n);
-    const WideInteger order = n;
-    return {
-        ratio(spread.between, spread.total),
-        ratio((order - 1) * order * spread.between, (order + 1) * (spread.total - spread.between))};
+    TreatmentSums rankSums(n);
+    visitCells(n, [&](int column, int row, int treatment) {
+        rankSums.add(treatment, static_cast<std::int64_t>(ranks.Elem(column, row)));
+    });
+    const Moments<WideInteger> moments = rankSums.moments();
+    return {formulaOfT<WideInteger>(moments, n), formulaOfZ<WideInteger>(moments, n)};
 }
 
 double ZimmermanStatistic(const TMatrix& observations, int n)
 {
     return zimmermanResult(observations, n).z;
+}
+
+std::int64_t OverallRank(const TMatrix& observations, int column, int row, int n)
+{
+    const double value = observations.Elem(column, row);
+    std::int64_t rank = 0;
+    visitCells(n, [&](int otherColumn, int otherRow, int) {
+        rank += observations.Elem(otherColumn, otherRow) <= value ? 1 : 0;
+    });
+    return rank;
+}
+
+std::int64_t TreatmentRankSum(const TMatrix& observations, int treatment, int n)
+{
+    std::int64_t sum = 0;
+    visitCells(n, [&](int column, int row, int treatmentOfCell) {
+        if (treatmentOfCell == treatment)
+            sum += OverallRank(observations, column, row, n);
+    });
+    return sum;
+}
+
+double BennettStatistic(const TMatrix& observations, int n)
+{
+    TreatmentSums rankSums(n);
+    visitRanks(sortedPairs(observations, n),
+               [&](int treatment, std::int64_t rank) { rankSums.add(treatment, rank); });
+    return formulaOfB<WideInteger>(rankSums.moments(), n);
 }
 
 } // namespace stats

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/SquareDraws.h"
+#include "stats/numbers/SimulatedSquares.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/LaneRuns.h"
 #include "stats/numbers/Sequences.h"
+#include "stats/numbers/Treatments.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace stats {
 
@@ -18,14 +19,12 @@ template <int n>
 void drawSquare(RandomIntegers& integers, KeyLanes<n>& keys, std::size_t lane)
 {
     constexpr int placeBits = 6;
-    for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column) {
-            const int place = (column - 1) * n + row - 1;
-            const Key level = (integers.next() << placeBits) + place;
-            keys[static_cast<std::size_t>(place)][lane] =
-                lowestKey + (level << codeBits) + treatmentOf(column, row, n) - 1;
-        }
-    }
+    visitCells(n, [&](int column, int row, int treatment) {
+        const int place = (column - 1) * n + row - 1;
+        const Key level = (integers.next() << placeBits) + place;
+        keys[static_cast<std::size_t>(place)][lane] =
+            lowestKey + (level << codeBits) + treatment - 1;
+    });
 }
 
 /// Orders 4 to 6, many squares at a time.
@@ -40,9 +39,7 @@ std::vector<double> inBatches(int squares, RandomIntegers& integers)
         for (std::size_t lane = 0; lane < count; ++lane)
             drawSquare<n>(integers, keys, lane);
         sortKeys(keys);
-        const RunLanes<n> runs = runLanes<n>(codesOf<n>(keys));
-        const Lanes<double> batch =
-            sequenceCFractions<n>(momentLanes(runs.ofTreatments), runs).values();
+        const Lanes<double> batch = sequenceCLanes<n>(runLanes<n>(codesOf<n>(keys)));
         values.insert(values.end(), batch.begin(), batch.begin() + count);
     }
     return values;
@@ -54,16 +51,19 @@ std::vector<double> oneByOne(int n, int squares, RandomIntegers& integers)
     TMatrix square = TMatrix::Create(n, n);
     std::vector<double> values(static_cast<std::size_t>(squares));
     for (double& value : values) {
-        for (int row = 1; row <= n; ++row) {
-            for (int column = 1; column <= n; ++column)
-                square.Elem(column, row, integers.next());
-        }
+        visitCells(n, [&](int column, int row, int) { square.Elem(column, row, integers.next()); });
         value = SequenceC(square, n);
     }
     return values;
 }
 
 } // namespace
+
+RandomIntegers& programIntegers()
+{
+    static RandomIntegers generator;
+    return generator;
+}
 
 std::vector<double> sequenceCOfRandomSquares(int n, int squares, RandomIntegers& integers)
 {
@@ -77,6 +77,23 @@ std::vector<double> sequenceCOfRandomSquares(int n, int squares, RandomIntegers&
     default:
         return oneByOne(n, squares, integers);
     }
+}
+
+SimulatedC simulateC(int n, RandomIntegers& integers)
+{
+    const std::vector<double> values = sequenceCOfRandomSquares(n, SimulatedC::squares, integers);
+    double sum = 0.0;
+    for (const double value : values)
+        sum += value;
+
+    SimulatedC result;
+    result.mean = sum / SimulatedC::squares;
+    double squaredDeviations = 0.0;
+    for (const double value : values)
+        squaredDeviations += (value - result.mean) * (value - result.mean);
+    result.variance = squaredDeviations / (SimulatedC::squares - 1);
+    result.deviation = std::sqrt(result.variance);
+    return result;
 }
 
 } // namespace stats
