@@ -2,9 +2,9 @@
 #include "square/editor/Formeditor.h"
 
 #include "base/SafeFile.h"
+#include "controls/UpDown.h"
 #include "grid/view/NTabEd.h"
 #include "square/editor/GridFile.h"
-#include "square/editor/UpDown.h"
 #include "square/file/LoadedSquare.h"
 #include "window/Asking.h"
 #include "window/Caption.h"

@@ -5,6 +5,9 @@
 
 class QLineEdit;
 
+namespace controls {
+class UpDown;
+}
 namespace grid {
 class TNTabEd;
 }
@@ -17,7 +20,6 @@ struct HandOff;
 
 namespace square {
 
-class UpDown;
 
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
@@ -88,7 +90,7 @@ private:
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;
-    UpDown* m_numTratamientos = nullptr;
+    controls::UpDown* m_numTratamientos = nullptr;
     QLineEdit* m_nFilas = nullptr;
     QLineEdit* m_nColumnas = nullptr;
     grid::TNTabEd* m_datos = nullptr;

@@ -3,10 +3,10 @@
 #include "square/editor/Formeditor.h"
 
 #include "controls/Named.h"
+#include "controls/UpDown.h"
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
-#include "square/editor/UpDown.h"
 #include "square/extraction/Extraction.h"
 #include "window/Command.h"
 
@@ -86,8 +86,9 @@ void TEditor::createControls()
 QWidget* TEditor::createOptions()
 {
     const QString order = QStringLiteral("Número de tratamientos");
-    m_numTratamientos = controls::named(new UpDown(lowestOrder, highestOrder),
-                                        QStringLiteral("NumTratamientos"), order);
+    m_numTratamientos = controls::named(
+        new controls::UpDown(lowestOrder, highestOrder, 1, controls::UpDown::Typing::Nothing),
+        QStringLiteral("NumTratamientos"), order);
     controls::named(m_numTratamientos->edit(), QStringLiteral("Edit1"), order);
     m_rowPrefix = QStringLiteral("Fila");
     m_columnPrefix = QStringLiteral("Col");
@@ -155,7 +156,7 @@ void TEditor::createMenu()
 
 void TEditor::connectControls()
 {
-    connect(m_numTratamientos, &UpDown::Click, this, &TEditor::NumTratamientosClick);
+    connect(m_numTratamientos, &controls::UpDown::Click, this, &TEditor::NumTratamientosClick);
     connect(m_nFilas, &QLineEdit::textChanged, this, &TEditor::NFilasChange);
     connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);
