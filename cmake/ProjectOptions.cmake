@@ -12,7 +12,8 @@ target_compile_options(
         -Wall
         -Wextra
         -Wpedantic
-        -Wshadow
+        # Sources that are compiled as one see each other's local names.
+        $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
         -Wold-style-cast
         -Wnon-virtual-dtor
         -Woverloaded-virtual
@@ -20,7 +21,9 @@ target_compile_options(
         # machine need it off.
         -ffp-contract=off
 )
-target_compile_definitions(project_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+target_compile_definitions(
+    project_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER
+)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 if(CL_WARNINGS_AS_ERRORS)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form of the power window: its components, their names and where they stand.
+// Of Frmpotencia.h: the form, its components, their names and where they stand.
 #include "power/window/Frmpotencia.h"
 
 #include "chart/control/RChart.h"

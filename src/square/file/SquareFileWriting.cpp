@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Of SquareFile.h: from a square to bytes.
 #include "square/file/SquareFile.h"
 
 #include "base/FileText.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Of Estad.h: the report of the F test.
 #include "base/NumberText.h"
 #include "stats/numbers/LatinSquareAnova.h"
 #include "stats/words/Estad.h"

@@ -2,6 +2,7 @@
 #include "chart/drawing/ItemDrawing.h"
 
 #include "chart/drawing/MarkShapes.h"
+#include "support/SpecialNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +10,10 @@
 #include <QPainter>
 
 #include <cmath>
-#include <limits>
 
 using chart::ItemKind;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A curved line covers no pixel quite.
 constexpr int mostlyInked = 150;
