@@ -21,9 +21,7 @@ target_compile_options(
         # machine need it off.
         -ffp-contract=off
 )
-target_compile_definitions(
-    project_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER
-)
+target_compile_definitions(project_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 if(CL_WARNINGS_AS_ERRORS)

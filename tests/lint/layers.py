@@ -32,9 +32,13 @@ FOLDERS = {
     "grid/model": (GUI, {"base", "record"}),
     "grid/view": (WIDGETS, {"base", "record", "experiment", "window", "controls", "grid/model"}),
     "square/file": (CORE, {"base", "record"}),
+    "square/extraction": (WIDGETS, {"base", "experiment", "grid"}),
     "square/editor": (
         WIDGETS,
-        {"base", "record", "experiment", "window", "controls", "grid", "square/file"},
+        {
+            "base", "record", "experiment", "window", "controls", "grid", "square/file",
+            "square/extraction",
+        },
     ),
     "chart/scale": (CORE, {"base"}),
     "chart/drawing": (GUI, {"base", "chart/scale"}),

@@ -32,9 +32,9 @@ def noted_dependencies(build):
     noted, current = {}, []
     for line in log.splitlines():
         if line.startswith("    "):
-            path = (build / line.strip()).resolve()
-            if path.is_relative_to(ROOT):
-                current.append(path)
+            path = os.path.normpath(os.path.join(build, line.strip()))
+            if path.startswith(f"{ROOT}/"):
+                current.append(pathlib.Path(path))
         elif ": #deps" in line:
             current = noted.setdefault(line.split(": #deps")[0], [])
     return noted
