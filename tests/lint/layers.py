@@ -7,7 +7,7 @@ and the headers of the tests; which parts of Qt it takes is its own affair.
 
 A unit is a header and its sources: the `.cpp` of its name, and those that open with a comment
 
-    // Of Header.h: what of it is written here
+    // The second file of Header: what of it is written here
 
 which every other `.cpp` but main.cpp must have. No units include each other in a circle.
 """
@@ -71,7 +71,7 @@ KNOW_THE_EDITOR = ("square/editor", "shell")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]', re.MULTILINE)
 QT_CLASS = re.compile(r"^Q(?:[A-Z]|t[A-Z])")
-PART = re.compile(r"\A(?:// SPDX[^\n]*\n)?// Of (\w+\.h): ")
+PART = re.compile(r"\A(?:// SPDX[^\n]*\n)?// The (?:second|third|fourth) file of (\w+): ")
 
 
 def includes(text, kind):
@@ -120,7 +120,7 @@ def unit_of(path, text, headers):
     if path.suffix == ".h" or f"{stem}.h" in headers or path.name == "main.cpp":
         return stem
     of = PART.match(text)
-    header = str(path.with_name(of.group(1))) if of else ""
+    header = str(path.with_name(f"{of.group(1)}.h")) if of else ""
     return header.removesuffix(".h") if header in headers else None
 
 
@@ -179,7 +179,7 @@ def complaints(root):
             yield from against_the_folder(folder, f"tests/{name}", text)
     graph, homeless = units_of(sources)
     for name in homeless:
-        yield f"src/{name}: no header of its name, and no first line '// Of Header.h: ...'"
+        yield f"src/{name}: no header of its name, and no first line '// The second file of Header: ...'"
     for circle in circles(graph):
         yield f"a circle: {circle}"
 

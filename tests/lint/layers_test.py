@@ -85,12 +85,12 @@ class Units(unittest.TestCase):
         self.assertEqual((graph, homeless), ({"a/A": {"a/B"}, "a/B": set()}, []))
 
     def test_second_source_names_its_header(self):
-        second = "// SPDX-License-Identifier: X\n// Of A.h: the keys.\n"
+        second = "// SPDX-License-Identifier: X\n// The second file of A: the keys.\n"
         graph, homeless = units_of({"a/A.h": "", "a/AKeys.cpp": second + '#include "a/B.h"'})
         self.assertEqual((graph, homeless), ({"a/A": {"a/B"}}, []))
 
     def test_source_without_a_header_is_found(self):
-        for opening in ("", "// The keys.\n", "// Of Gone.h: the keys.\n"):
+        for opening in ("", "// The keys.\n", "// The second file of Gone: the keys.\n"):
             self.assertEqual(units_of({"a/A.h": "", "a/AKeys.cpp": opening})[1], ["a/AKeys.cpp"])
 
     def test_main_needs_no_header(self):

@@ -102,8 +102,8 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     auto* editor = new QLineEdit(parent);
     editor->setObjectName(QStringLiteral("CellEditor"));
     editor->setAccessibleName(QStringLiteral("Dato de la fila %1, columna %2")
-                                  .arg(m_model.table().rowName(index.row() + 1),
-                                       m_model.table().columnName(index.column() + 1)));
+                                  .arg(m_model.square().rowName(index.row() + 1),
+                                       m_model.square().columnName(index.column() + 1)));
     editor->setAutoFillBackground(true);
     editor->setAlignment(Qt::AlignRight);
     // Selected text stands out more than selected cells.
@@ -129,7 +129,7 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
     auto* line = static_cast<QLineEdit*>(editor);
     if (line->isModified())
         return; // what the user has typed outlasts a change of the table behind it
-    m_openedText = base::fullText(m_model.table().value(index.column() + 1, index.row() + 1));
+    m_openedText = base::fullText(m_model.square().value(index.column() + 1, index.row() + 1));
     line->setText(m_openedText);
     line->selectAll();
 }
@@ -197,8 +197,8 @@ QString CellDelegate::refusal() const
         return {};
     return QStringLiteral("%1\nCelda: fila «%2», columna «%3».")
         .arg(base::readTypedNumber(base::shortened(text)).reason,
-             m_model.table().rowName(m_index.row() + 1),
-             m_model.table().columnName(m_index.column() + 1));
+             m_model.square().rowName(m_index.row() + 1),
+             m_model.square().columnName(m_index.column() + 1));
 }
 
 void CellDelegate::tell(const QString& reason) const

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 
 #include <new>
+#include <utility>
 
 namespace grid {
 
@@ -33,12 +34,12 @@ TNTabEd::~TNTabEd() = default;
 
 int TNTabEd::NrOfColumns() const
 {
-    return m_model->table().columns();
+    return m_model->square().NrOfColumns();
 }
 
 int TNTabEd::NrOfRows() const
 {
-    return m_model->table().rows();
+    return m_model->square().NrOfRows();
 }
 
 void TNTabEd::setNrOfColumns(int columns)
@@ -56,9 +57,14 @@ void TNTabEd::resizeTable(int columns, int rows)
     m_model->resize(columns, rows);
 }
 
-void TNTabEd::resetTable(int columns, int rows)
+const record::SquareData& TNTabEd::square() const
 {
-    TableData fresh(columns, rows);
+    return m_model->square();
+}
+
+void TNTabEd::setSquare(record::SquareData square)
+{
+    TableData fresh(std::move(square));
     m_columnsSetByUser.clear();
     m_model->exchange(fresh);
     clearHistory();
@@ -76,7 +82,7 @@ void TNTabEd::setPrecision(int column, int decimals)
 
 QString TNTabEd::columnName(int column) const
 {
-    return m_model->table().columnName(column);
+    return m_model->square().columnName(column);
 }
 
 void TNTabEd::setColumnName(int column, const QString& name)
@@ -86,7 +92,7 @@ void TNTabEd::setColumnName(int column, const QString& name)
 
 QString TNTabEd::rowName(int row) const
 {
-    return m_model->table().rowName(row);
+    return m_model->square().rowName(row);
 }
 
 void TNTabEd::setRowName(int row, const QString& name)
@@ -96,7 +102,7 @@ void TNTabEd::setRowName(int row, const QString& name)
 
 double TNTabEd::value(int column, int row) const
 {
-    return m_model->table().value(column, row);
+    return m_model->square().value(column, row);
 }
 
 void TNTabEd::setValue(int column, int row, double value)
@@ -106,7 +112,7 @@ void TNTabEd::setValue(int column, int row, double value)
 
 std::uint8_t TNTabEd::rowAttribute(int row) const
 {
-    return m_model->table().rowAttribute(row);
+    return m_model->square().rowAttribute(row);
 }
 
 void TNTabEd::setRowAttribute(int row, std::uint8_t attribute)
@@ -116,7 +122,7 @@ void TNTabEd::setRowAttribute(int row, std::uint8_t attribute)
 
 QByteArray TNTabEd::Identifier() const
 {
-    return m_model->table().identifier;
+    return m_model->square().Identifier();
 }
 
 void TNTabEd::setIdentifier(const QByteArray& identifier)

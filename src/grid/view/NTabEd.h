@@ -3,6 +3,7 @@
 
 #include "grid/model/CellRange.h"
 #include "grid/model/GridError.h"
+#include "record/SquareData.h"
 #include "window/Dialogs.h"
 
 #include <QByteArray>
@@ -51,10 +52,11 @@ public:
     void setNrOfColumns(int columns);
     void setNrOfRows(int rows);
     void resizeTable(int columns, int rows);
-    /// A fresh table, as for a file that is about to be read into it: zeros, the names "C-1", "R-1"
-    /// and so on, 3 decimals, attributes 0, no marks, no identifier, nothing hidden, no history.
-    /// @throws GridError as resizeTable(), with everything as it was
-    void resetTable(int columns, int rows);
+    /// The square in the table: its size, names, attributes, identifier and values.
+    const record::SquareData& square() const;
+    /// Another square in the place of the whole table: with 3 decimals, without marks or history.
+    /// @throws GridError where the memory does not suffice, with everything as it was
+    void setSquare(record::SquareData square);
 
     /// Decimals shown in a column, stored within -1..8; -1 shows as many as the number has.
     /// An index outside the table is ignored, and 0 when asked for.

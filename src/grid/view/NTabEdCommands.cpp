@@ -27,15 +27,15 @@ namespace {
 TableData tableOf(const experiment::LatinSquare& square, const TableData& before)
 {
     const int n = square.order();
-    TableData table(n, n);
-    table.identifier = before.identifier;
+    TableData table(record::SquareData(n, n));
+    table.square.setIdentifier(before.square.Identifier());
     for (int i = 1; i <= n; ++i) {
-        table.setColumnName(i, square.columns[i - 1]);
-        table.setRowName(i, square.rows[i - 1]);
-        if (i <= before.columns())
+        table.square.setColumnName(i, square.columns[i - 1]);
+        table.square.setRowName(i, square.rows[i - 1]);
+        if (i <= before.square.NrOfColumns())
             table.setPrecision(i, before.precision(i));
         for (int row = 1; row <= n; ++row)
-            table.setValue(i, row, square.values[square.place(row - 1, i - 1)]);
+            table.square.setValue(i, row, square.values[square.place(row - 1, i - 1)]);
     }
     return table;
 }
@@ -120,8 +120,7 @@ void TNTabEd::attempt(const std::function<void()>& action)
     } catch (const GridError& error) {
         m_dialogs.showError(this, QString::fromUtf8(error.what()), QStringLiteral("Error"));
     } catch (const std::bad_alloc&) {
-        m_dialogs.showError(this, QStringLiteral("NTABED: not enough memory on heap"),
-                            QStringLiteral("Error"));
+        m_dialogs.showError(this, record::outOfMemoryMessage(), QStringLiteral("Error"));
     }
 }
 
@@ -153,7 +152,7 @@ void TNTabEd::clear(const CellRange& range)
 void TNTabEd::copy(const CellRange& range)
 {
     if (range.cells() > 0)
-        QGuiApplication::clipboard()->setText(copiedText(m_model->table(), range));
+        QGuiApplication::clipboard()->setText(copiedText(m_model->square(), range));
 }
 
 void TNTabEd::paste()

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Of Formeditor.h: what the editor looks like, its controls, its menu, and what they call.
+// The second file of Formeditor: its look, controls and menu, and what they call.
 #include "square/editor/Formeditor.h"
 
 #include "controls/Named.h"
+#include "controls/UpDown.h"
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
-#include "square/editor/UpDown.h"
 #include "window/Command.h"
 
 #include <QGroupBox>
@@ -27,7 +27,7 @@ constexpr int lowestOrder = 3;
 constexpr int highestOrder = 6;
 
 /// A prefix leaves room for a blank and a number of three digits in the name made of it.
-constexpr int longestPrefix = longestName - 4;
+constexpr int longestPrefix = record::longestName - 4;
 
 constexpr int observationWidth = 64; // pixels
 constexpr int treatmentWidth = 32;
@@ -100,8 +100,9 @@ void TEditor::createControls()
 QWidget* TEditor::createOptions()
 {
     const QString order = QStringLiteral("Número de tratamientos");
-    m_numTratamientos = controls::named(new UpDown(lowestOrder, highestOrder),
-                                        QStringLiteral("NumTratamientos"), order);
+    m_numTratamientos = controls::named(
+        new controls::UpDown(lowestOrder, highestOrder, 1, controls::UpDown::Typing::Nothing),
+        QStringLiteral("NumTratamientos"), order);
     controls::named(m_numTratamientos->edit(), QStringLiteral("Edit1"), order);
     m_rowPrefix = QStringLiteral("Fila");
     m_columnPrefix = QStringLiteral("Col");
@@ -167,7 +168,7 @@ void TEditor::createMenu()
 
 void TEditor::connectControls()
 {
-    connect(m_numTratamientos, &UpDown::Click, this, &TEditor::NumTratamientosClick);
+    connect(m_numTratamientos, &controls::UpDown::Click, this, &TEditor::NumTratamientosClick);
     connect(m_nFilas, &QLineEdit::textChanged, this, &TEditor::NFilasChange);
     connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Of Estad.h: the report of the F test.
+// The second file of Estad: the classical F test with its table.
+#include "stats/words/Estad.h"
+
 #include "base/NumberText.h"
 #include "stats/numbers/LatinSquareAnova.h"
-#include "stats/words/Estad.h"
 
 #include <limits>
 

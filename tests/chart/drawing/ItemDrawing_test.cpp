@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ItemDrawing.h"
+#include "chart/drawing/ChartDrawing.h"
 
-#include "chart/drawing/MarkShapes.h"
 #include "support/SpecialNumbers.h"
 
 #include <gtest/gtest.h>
@@ -27,8 +26,8 @@ protected:
 
     ItemDrawing()
     {
-        for (chart::AxisContents* axis : {&m_contents.x, &m_contents.y})
-            axis->range.setBounds(0.0L, 100.0L);
+        for (chart::AxisRange* range : {&m_view.x, &m_view.y})
+            range->setBounds(0.0L, 100.0L);
         m_contents.rims = {20, 16, 20, 16};
         m_contents.style.shadowWidth = 4;
     }
@@ -53,7 +52,7 @@ protected:
         image.fill(Qt::white);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        const chart::ChartGeometry geometry = measure(m_contents, QSize(140, 140), QFont());
+        const chart::ChartGeometry geometry = measure(m_contents, m_view, QSize(140, 140), QFont());
         EXPECT_EQ(geometry.layout.plot, QRect(QPoint(left, 20), QPoint(120, bottom)));
         drawItems(painter, m_items, geometry, QColor(0, 255, 0));
         return image;
@@ -76,6 +75,7 @@ protected:
 
 private:
     chart::ChartContents m_contents;
+    chart::View m_view;
     chart::ItemList m_items;
 };
 

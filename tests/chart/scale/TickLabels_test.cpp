@@ -3,7 +3,6 @@
 
 #include "chart/scale/RangeOf.h"
 
-#include "chart/scale/ChartError.h"
 #include "chart/scale/DateTimeScale.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"

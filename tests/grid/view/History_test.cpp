@@ -90,7 +90,7 @@ TEST_F(History, EveryEditIsUndoneToTheBeginningAndRedoneToTheEnd)
 {
     for (const unsigned seed : {1U, 2U, 3U}) {
         std::mt19937 random(seed);
-        table.resetTable(3, 3);
+        table.setSquare({3, 3});
         std::vector<Snapshot> states = {snapshot()};
         for (int i = 0; i < 100; ++i) {
             editAtRandom(random);
