@@ -12,6 +12,7 @@
 #include "square/editor/Formeditor.h"
 #include "window/ChildWindow.h"
 #include "window/Command.h"
+#include "window/Icons.h"
 
 #include <QApplication>
 #include <QCloseEvent>
