@@ -34,7 +34,8 @@ class TPotencia : public window::ChildWindow {
 
 public:
     /// The reference must outlive the window.
-    explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr);
+    explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr,
+                       const StudySettings& settings = {});
 
     QSize sizeHint() const override;
 
@@ -54,10 +55,6 @@ public slots:
     void GuardarGrafica1Click();
     void GuardarReporte1Click();
 
-protected:
-    /// What the next study is asked for.
-    virtual StudySettings settings() const { return m_settings; }
-
 private:
     void createMenu();
     void createPopups();
@@ -75,7 +72,7 @@ private:
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 
-    StudySettings m_settings;
+    StudySettings m_settings; ///< Of the next study.
 
     QMenu* m_menuSig = nullptr;
     QMenu* m_menuDist = nullptr;
