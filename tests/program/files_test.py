@@ -105,7 +105,7 @@ class Files(ProgramTest):
         folder = SCRATCH / "sesion"
         folder.mkdir()
         trace = SCRATCH / "llamadas.txt"
-        tracer = ["strace", "-D", "-f", "-qq", "-e", f"trace={CALLS}", "-s", "400", "-o", str(trace)]
+        tracer = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-e", f"trace={CALLS}", "-s", "400", "-o", str(trace)]
         program = self.start(under=tracer)
         named = self.whole_session(program, folder)
 
