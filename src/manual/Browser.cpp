@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "manual/Browser.h"
+
+#include "manual/Chapters.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QImage>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextTable>
+
+#include <algorithm>
+
+namespace manual {
+
+namespace {
+
+constexpr qreal margin = 18; // pixels around the text
+constexpr qreal cellPadding = 5;
+
+QString fileOf(const QUrl& url)
+{
+    return QLatin1Char(':') + url.path();
+}
+
+bool isHeading(const QTextBlock& block)
+{
+    return block.blockFormat().headingLevel() > 0;
+}
+
+bool isCode(const QTextBlock& block)
+{
+    return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
+}
+
+/// A colour between the text's and its ground: `share` of the text's.
+QColor between(const QPalette& palette, qreal share)
+{
+    const QColor text = palette.color(QPalette::Text);
+    const QColor ground = palette.color(QPalette::Base);
+    const auto mixed = [share](float a, float b) {
+        return static_cast<float>(a * share + b * (1 - share));
+    };
+    return QColor::fromRgbF(mixed(text.redF(), ground.redF()),
+                            mixed(text.greenF(), ground.greenF()),
+                            mixed(text.blueF(), ground.blueF()));
+}
+
+} // namespace
+
+Browser::Browser(QWidget* parent)
+    : QTextBrowser(parent)
+{
+    setObjectName(QStringLiteral("Texto"));
+    setOpenExternalLinks(false);
+    document()->setDocumentMargin(margin);
+}
+
+QString Browser::chapter() const
+{
+    return chapterOf(source());
+}
+
+void Browser::showChapter(const QString& chapter)
+{
+    setSource(chapterUrl(chapter), QTextDocument::MarkdownResource);
+}
+
+QVariant Browser::loadResource(int type, const QUrl& name)
+{
+    const QUrl url = source().resolved(name);
+    if (type == QTextDocument::ImageResource)
+        return fittedPicture(url);
+    return QTextBrowser::loadResource(type, name);
+}
+
+void Browser::doSetSource(const QUrl& name, QTextDocument::ResourceType type)
+{
+    QTextBrowser::doSetSource(name, type);
+    document()->setDocumentMargin(margin);
+    format();
+    if (name.hasFragment())
+        scrollToHeading(name.fragment(QUrl::FullyDecoded));
+    emit chapterShown(document()->firstBlock().text());
+}
+
+void Browser::resizeEvent(QResizeEvent* event)
+{
+    QTextBrowser::resizeEvent(event);
+    fitPictures();
+}
+
+void Browser::changeEvent(QEvent* event)
+{
+    QTextBrowser::changeEvent(event);
+    const bool looksDifferent =
+        event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+    if (looksDifferent && !m_isFormatting && !source().isEmpty()) {
+        const int place = verticalScrollBar()->value();
+        reload();
+        verticalScrollBar()->setValue(place);
+    }
+}
+
+/// Markdown says what a piece of text is, and not how it looks.
+void Browser::format()
+{
+    const QScopedValueRollback<bool> formatting(m_isFormatting, true);
+    const bool undo = document()->isUndoRedoEnabled();
+    document()->setUndoRedoEnabled(false);
+    formatTables();
+    formatBlocks();
+    fitPictures();
+    document()->setUndoRedoEnabled(undo);
+}
+
+void Browser::formatBlocks()
+{
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const qreal space = fontMetrics().height() * 0.5;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        QTextCursor cursor(block);
+        cursor.select(QTextCursor::BlockUnderCursor);
+        QTextBlockFormat layout = block.blockFormat();
+        if (isCode(block)) {
+            // A block of code is many blocks of text: only the outer ones keep a distance.
+            layout.setTopMargin(isCode(block.previous()) ? 0 : space);
+            layout.setBottomMargin(isCode(block.next()) ? 0 : space);
+            layout.setLeftMargin(space);
+            layout.setNonBreakableLines(true);
+            layout.setBackground(between(palette(), 0.06));
+            QTextCharFormat letters;
+            letters.setFontFamilies({fixed.family()});
+            letters.setFontFixedPitch(true);
+            cursor.mergeCharFormat(letters);
+        } else if (QTextCursor(block).currentTable() == nullptr) {
+            layout.setTopMargin(isHeading(block) ? 2 * space : 0);
+            layout.setBottomMargin(block.textList() != nullptr ? space / 2 : space);
+            layout.setLineHeight(118, QTextBlockFormat::ProportionalHeight);
+        }
+        QTextCursor(block).setBlockFormat(layout);
+    }
+}
+
+void Browser::formatTables()
+{
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (table == nullptr)
+            continue;
+        QTextTableFormat look = table->format();
+        look.setBorder(1);
+        look.setBorderCollapse(true);
+        look.setBorderBrush(between(palette(), 0.35));
+        look.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        look.setCellPadding(cellPadding);
+        look.setCellSpacing(0);
+        look.setTopMargin(cellPadding);
+        look.setBottomMargin(2 * cellPadding);
+        table->setFormat(look);
+        for (int column = 0; column < table->columns(); ++column) {
+            QTextTableCell cell = table->cellAt(0, column);
+            QTextCharFormat heading = cell.format();
+            heading.setBackground(between(palette(), 0.1));
+            cell.setFormat(heading);
+        }
+    }
+}
+
+/// Gives the document each of its pictures in the size that there is room for now.
+void Browser::fitPictures()
+{
+    bool changed = false;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextImageFormat image = piece.fragment().charFormat().toImageFormat();
+            if (!image.isValid())
+                continue;
+            const QUrl name(image.name());
+            document()->addResource(QTextDocument::ImageResource, name,
+                                    fittedPicture(source().resolved(name)));
+            changed = true;
+        }
+    }
+    if (changed)
+        document()->markContentsDirty(0, document()->characterCount());
+}
+
+void Browser::scrollToHeading(const QString& anchor)
+{
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (!isHeading(block) || anchorOf(block.text()) != anchor)
+            continue;
+        QTextCursor cursor(block);
+        setTextCursor(cursor);
+        const int place = verticalScrollBar()->value() + cursorRect(cursor).top();
+        verticalScrollBar()->setValue(place - static_cast<int>(margin));
+        return;
+    }
+}
+
+QImage Browser::fittedPicture(const QUrl& name) const
+{
+    QImage picture(fileOf(name));
+    if (picture.isNull())
+        return picture;
+    const qreal ratio = devicePixelRatioF();
+    const qreal room = viewport()->width() - 2 * margin;
+    const qreal width = std::clamp<qreal>(room, 100, picture.width());
+    const int pixels = qRound(width * ratio);
+    if (pixels != picture.width())
+        picture = picture.scaledToWidth(pixels, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+} // namespace manual
