@@ -2,14 +2,14 @@
 
 // Nanoseconds for each statistic and order, and for the exact distributions of order 3.
 
-#include "stats/Bennett.h"
-#include "stats/ExactDistribution.h"
-#include "stats/LatinSquareAnova.h"
-#include "stats/RandomIntegers.h"
-#include "stats/STATIS.h"
-#include "stats/SequenceTests.h"
-#include "stats/Sequences.h"
-#include "stats/Zimmerman.h"
+#include "stats/numbers/Bennett.h"
+#include "stats/numbers/ExactDistribution.h"
+#include "stats/numbers/LatinSquareAnova.h"
+#include "stats/numbers/RandomIntegers.h"
+#include "stats/numbers/STATIS.h"
+#include "stats/numbers/SequenceTests.h"
+#include "stats/numbers/Sequences.h"
+#include "stats/numbers/Zimmerman.h"
 
 #include <benchmark/benchmark.h>
 

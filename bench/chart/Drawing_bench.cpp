@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long it takes to draw charts of 300 and of 100,000 lines into a picture of 1920 x 1080.
-#include "chart/RChart.h"
+#include "chart/control/RChart.h"
 
 #include <benchmark/benchmark.h>
 

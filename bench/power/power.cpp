@@ -3,10 +3,10 @@
 // How fast the power study is, and how fast against two measures taken in the same run: a plain
 // transcription of its method, and drawing its random numbers and nothing else.
 
-#include "power/PlainStudy.h"
-#include "power/PowerStudy.h"
-#include "stats/LaneSort.h"
-#include "stats/SequenceTests.h"
+#include "power/study/PlainStudy.h"
+#include "power/study/PowerStudy.h"
+#include "stats/numbers/LaneSort.h"
+#include "stats/numbers/SequenceTests.h"
 
 #include <benchmark/benchmark.h>
 

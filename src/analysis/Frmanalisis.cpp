@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/Frmanalisis.h"
 
-#include "analysis/RadioGroup.h"
 #include "base/SafeFile.h"
-#include "chart/Frmgraf.h"
-#include "grid/GridError.h"
-#include "grid/NTabEd.h"
-#include "square/LoadedSquare.h"
-#include "square/ShapeNotice.h"
-#include "square/ShowSquare.h"
+#include "controls/RadioGroup.h"
+#include "distribution/Frmgraf.h"
+#include "grid/model/GridError.h"
+#include "grid/view/NTabEd.h"
+#include "square/editor/ShowSquare.h"
+#include "square/file/LoadedSquare.h"
+#include "square/file/ShapeNotice.h"
 #include "window/Caption.h"
 #include "window/Dialogs.h"
 #include "window/HandOff.h"
@@ -147,7 +147,7 @@ void TAnalisis::SpeedButton1Click()
 
 void TAnalisis::veClick()
 {
-    auto* graph = new chart::TGrafica(m_dialogs, window());
+    auto* graph = new distribution::TGrafica(m_dialogs, window());
     graph->setDistribution(m_exactValues, m_exactCount, m_exactTitle, m_exactName);
     graph->ShowDistribution();
     emit graphOpened(graph);

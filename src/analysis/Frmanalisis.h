@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "stats/Estad.h"
+#include "stats/words/Estad.h"
 #include "window/ChildWindow.h"
 
 class QLabel;
@@ -17,9 +17,11 @@ class Dialogs;
 struct HandOff;
 } // namespace window
 
-namespace analysis {
-
+namespace controls {
 class RadioGroup;
+}
+
+namespace analysis {
 
 /// The window that analyses one square: choice of approach, test and level, the report and its
 /// export.
@@ -95,8 +97,8 @@ private:
     QMenu* m_menu = nullptr;
     QToolButton* m_ve = nullptr;
     grid::TNTabEd* m_datos = nullptr;
-    RadioGroup* m_approaches = nullptr;
-    RadioGroup* m_tests = nullptr;
+    controls::RadioGroup* m_approaches = nullptr;
+    controls::RadioGroup* m_tests = nullptr;
     QLabel* m_level = nullptr;
     QScrollBar* m_levelBar = nullptr;
     QPlainTextEdit* m_report = nullptr;

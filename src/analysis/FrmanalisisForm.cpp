@@ -2,9 +2,9 @@
 // The form of the analysis window: its components, their names and where they stand.
 #include "analysis/Frmanalisis.h"
 
-#include "analysis/LevelBar.h"
-#include "analysis/RadioGroup.h"
-#include "grid/NTabEd.h"
+#include "controls/LevelBar.h"
+#include "controls/RadioGroup.h"
+#include "grid/view/NTabEd.h"
 #include "window/Command.h"
 
 #include <QGridLayout>
@@ -150,16 +150,17 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     options->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 
     m_approaches =
-        new RadioGroup(QStringLiteral("RadioGroup1"), QStringLiteral("Enfoque"), options);
-    m_tests = new RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
-    connect(m_approaches, &RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
+        new controls::RadioGroup(QStringLiteral("RadioGroup1"), QStringLiteral("Enfoque"), options);
+    m_tests =
+        new controls::RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
+    connect(m_approaches, &controls::RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
     m_approaches->setItems(approachCaptions());
     m_approaches->setItemIndex(0); // which offers its tests
     m_tests->reserve(mostTests());
 
     m_level = new QLabel(options);
     m_level->setObjectName(QStringLiteral("LabelConf"));
-    m_levelBar = new LevelBar(options);
+    m_levelBar = new controls::LevelBar(options);
     m_levelBar->setObjectName(QStringLiteral("ScrollBar1"));
     m_levelBar->setAccessibleName(QStringLiteral("Nivel de significancia, en porcentaje"));
     connect(m_levelBar, &QScrollBar::valueChanged, this, &TAnalisis::ScrollBar1Change);

@@ -2,14 +2,14 @@
 #include "shell/Principal.h"
 
 #include "analysis/Frmanalisis.h"
-#include "power/Frmpotencia.h"
+#include "power/window/Frmpotencia.h"
 #include "shell/Acercade.h"
 #include "shell/ActivationTiling.h"
 #include "shell/Arrangement.h"
 #include "shell/ChildPlace.h"
 #include "shell/StatusLine.h"
 #include "shell/WindowList.h"
-#include "square/Formeditor.h"
+#include "square/editor/Formeditor.h"
 #include "window/ChildWindow.h"
 #include "window/Command.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "analysis/Frmanalisis.h"
-#include "analysis/RadioGroup.h"
 #include "base/SafeFile.h"
-#include "grid/NTabEd.h"
+#include "controls/RadioGroup.h"
+#include "grid/view/NTabEd.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Text.h"
 #include "window/HandOff.h"
@@ -115,8 +115,8 @@ protected:
         EXPECT_NE(found, nullptr) << name;
         return found;
     }
-    analysis::RadioGroup& approaches() const { return *find<analysis::RadioGroup>("RadioGroup1"); }
-    analysis::RadioGroup& tests() const { return *find<analysis::RadioGroup>("RadioGroup2"); }
+    controls::RadioGroup& approaches() const { return *find<controls::RadioGroup>("RadioGroup1"); }
+    controls::RadioGroup& tests() const { return *find<controls::RadioGroup>("RadioGroup2"); }
     QScrollBar& level() const { return *find<QScrollBar>("ScrollBar1"); }
     grid::TNTabEd& datos() const { return *find<grid::TNTabEd>("Datos"); }
     QToolButton& ve() const { return *find<QToolButton>("ve"); }
@@ -135,7 +135,7 @@ protected:
     }
 
     static void click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
-    void choose(analysis::RadioGroup& group, int index) const
+    void choose(controls::RadioGroup& group, int index) const
     {
         click(find<QRadioButton>(
             QStringLiteral("%1Item%2").arg(group.objectName()).arg(index).toLatin1().constData()));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/AnalysisFixture.h"
-#include "chart/Frmgraf.h"
+#include "distribution/Frmgraf.h"
 
 #include <numeric>
 
@@ -13,12 +13,12 @@ protected:
         openSquare(orderThree);
         QObject::connect(window, &analysis::TAnalisis::graphOpened, window,
                          [this](window::ChildWindow* graph) {
-                             graphs.push_back(qobject_cast<chart::TGrafica*>(graph));
+                             graphs.push_back(qobject_cast<distribution::TGrafica*>(graph));
                          });
         show();
     }
 
-    std::vector<QPointer<chart::TGrafica>> graphs;
+    std::vector<QPointer<distribution::TGrafica>> graphs;
 };
 
 } // namespace
@@ -32,13 +32,13 @@ TEST_F(AnalysisGraph, EveryClickOpensOneMoreGraphOfTheLastDistribution)
     click(&ve());
     ASSERT_EQ(graphs.size(), 3U);
 
-    const chart::ExactDistribution& c = graphs[0]->distribution();
+    const distribution::ExactDistribution& c = graphs[0]->distribution();
     EXPECT_EQ(c.Count, 86);
     EXPECT_EQ(c.StatName, QStringLiteral("c"));
     EXPECT_EQ(c.Title, QStringLiteral("Distribución exacta de C para cuadrados de 3x3"));
     EXPECT_EQ(graphs[0]->windowTitle(), c.Title);
 
-    const chart::ExactDistribution& m = graphs[2]->distribution();
+    const distribution::ExactDistribution& m = graphs[2]->distribution();
     EXPECT_EQ(m.Count, 112);
     EXPECT_EQ(m.StatName, QStringLiteral("m"));
     EXPECT_EQ(m.Title, QStringLiteral("Distribución exacta de M para cuadrados de 3x3"));

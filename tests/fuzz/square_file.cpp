@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes have a code, and what loads survives a save.
-#include "square/SquareFile.h"
+#include "square/file/SquareFile.h"
 
 #include <cstdlib>
 

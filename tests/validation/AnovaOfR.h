@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "stats/TypedSquares.h"
+#include "stats/numbers/TypedSquares.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "power/Aleatorio.h"
-#include "stats/STATIS.h"
+#include "power/study/Aleatorio.h"
+#include "stats/numbers/STATIS.h"
 #include "validation/Sections.h"
 
 #include <boost/math/distributions/chi_squared.hpp>

@@ -2,12 +2,12 @@
 #include "validation/RejectionShares.h"
 
 #include "base/NumberText.h"
-#include "power/Simulation.h"
-#include "stats/Bennett.h"
-#include "stats/CriticalPoints.h"
-#include "stats/LatinSquareAnova.h"
-#include "stats/SequenceTests.h"
-#include "stats/Zimmerman.h"
+#include "power/study/Simulation.h"
+#include "stats/numbers/Bennett.h"
+#include "stats/numbers/CriticalPoints.h"
+#include "stats/numbers/LatinSquareAnova.h"
+#include "stats/numbers/SequenceTests.h"
+#include "stats/numbers/Zimmerman.h"
 
 #include <algorithm>
 #include <cmath>

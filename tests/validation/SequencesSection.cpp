@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/NumberText.h"
-#include "stats/SequenceTests.h"
-#include "stats/Squares.h"
+#include "stats/numbers/SequenceTests.h"
+#include "stats/numbers/Squares.h"
 #include "validation/Sections.h"
 
 #include <boost/multiprecision/cpp_int.hpp>

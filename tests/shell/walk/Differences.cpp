@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/walk/Differences.h"
 
-#include "square/Formeditor.h"
+#include "square/editor/Formeditor.h"
 #include "window/ChildWindow.h"
 
 #include <QApplication>

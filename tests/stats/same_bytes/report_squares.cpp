@@ -3,7 +3,7 @@
 // Prints the reports of many squares. Built by several compilers at several levels of
 // optimisation, it must print the same bytes each time.
 
-#include "stats/Estad.h"
+#include "stats/words/Estad.h"
 
 #include <QLocale>
 

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "distribution/ExactDistribution.h"
+#include "window/ChildWindow.h"
+
+#include <span>
+
+class QAction;
+
+namespace window {
+class Dialogs;
+}
+
+namespace chart {
+class TRChart;
+}
+
+namespace distribution {
+
+/// The window that shows an exact distribution: the point probabilities above, the cumulative ones
+/// below. It keeps its own copy, so it outlives the window that it came from.
+class TGrafica : public window::ChildWindow {
+    Q_OBJECT
+
+public:
+    /// The reference must outlive the window.
+    explicit TGrafica(window::Dialogs& dialogs, QWidget* parent = nullptr);
+
+    QMenu* menu() const override { return m_menu; }
+    QSize sizeHint() const override;
+
+    /// Takes a distribution over, to be shown by ShowDistribution().
+    /// @param values `count` values, ascending, then as many probabilities; of a count that the
+    ///        span or the window has no room for only what fits
+    /// @param statName "c" or "m"
+    void setDistribution(std::span<const double> values, int count, const QString& title,
+                         const QString& statName);
+    const ExactDistribution& distribution() const { return m_distribution; }
+
+    /// Draws the distribution on both charts.
+    void ShowDistribution();
+
+public slots:
+    void FormActivate() override;
+    void FormDeactivate() override;
+    void FormClose() override;
+    void GuardarGrfica1Click();
+    void GuardaGrficaAcumulada1Click();
+    void GuardarDatos1Click();
+    void CopiarGrfica1Click();
+    void Copiar1Click();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void createMenu();
+    void createCharts();
+    int lowerChartHeight() const;
+    void alignCharts();
+    void saveBitmap(const chart::TRChart& chart, const QString& title);
+    void copyBitmap(const chart::TRChart& chart);
+
+    window::Dialogs& m_dialogs;
+    QMenu* m_menu = nullptr;
+    chart::TRChart* m_graph = nullptr;
+    chart::TRChart* m_graph2 = nullptr;
+    ExactDistribution m_distribution;
+};
+
+} // namespace distribution

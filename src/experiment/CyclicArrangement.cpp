@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "experiment/LatinSquare.h"
+
+#include <algorithm>
+#include <numeric>
+
+// A Latin square can be rearranged into the cyclic one exactly when it is isotopic to the addition
+// table of the integers modulo n. Let s_r be the permutation of the treatments that takes the first
+// row into row r, column by column. In the addition table the s_r are the rotations, and
+// rearranging rows, columns and treatments keeps them, but for renaming, the n powers of one
+// n-cycle; where they are, any n-cycle among them generates the others. So it is enough to find one
+// n-cycle among the s_r and to see whether every row is the first one moved along it.
+// (J. Denes, A. D. Keedwell, Latin Squares and their Applications, 2nd ed., 2015, chapter 1.)
+
+namespace experiment {
+
+namespace {
+
+using Numbers = std::vector<int>;
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+/// s_r as treatment -> treatment.
+Numbers stepFromFirstRow(const LatinSquare& square, int row)
+{
+    Numbers step(at(square.order()));
+    for (int column = 0; column < square.order(); ++column)
+        step[at(square.layout[square.place(0, column)])] = square.layout[square.place(row, column)];
+    return step;
+}
+
+/// Where each treatment stands on the cycle that starts at treatment 0; empty where the cycle does
+/// not pass through all of them.
+Numbers placesOnCycle(const Numbers& step)
+{
+    Numbers places(step.size(), -1);
+    int length = 0;
+    for (int treatment = 0; places[at(treatment)] < 0; treatment = step[at(treatment)])
+        places[at(treatment)] = length++;
+    return at(length) == step.size() ? places : Numbers();
+}
+
+/// How far along the cycle each row lies from the first one; empty where a row is not the first one
+/// moved along it.
+Numbers distancesOfRows(const LatinSquare& square, const Numbers& places)
+{
+    const int n = square.order();
+    Numbers distances(at(n));
+    for (int row = 0; row < n; ++row) {
+        for (int column = 0; column < n; ++column) {
+            const int distance = (places[at(square.layout[square.place(row, column)])] -
+                                  places[at(square.layout[square.place(0, column)])] + n) %
+                                 n;
+            if (column > 0 && distance != distances[at(row)])
+                return {};
+            distances[at(row)] = distance;
+        }
+    }
+    return distances;
+}
+
+/// A shift and how many of the numbers it leaves equal to their index.
+struct Shift {
+    int shift = 0;
+    int kept = 0;
+};
+
+/// The shift for which (factor * distances[i] + shift) mod n equals i most often.
+Shift bestShift(const Numbers& distances, int factor)
+{
+    const int n = static_cast<int>(distances.size());
+    Numbers kept(at(n));
+    for (int i = 0; i < n; ++i)
+        ++kept[at(((i - factor * distances[at(i)]) % n + n) % n)];
+    const auto best = std::max_element(kept.begin(), kept.end());
+    return {static_cast<int>(best - kept.begin()), *best};
+}
+
+LatinSquare arranged(const LatinSquare& square, const Numbers& newRows, const Numbers& newColumns,
+                     const Numbers& newTreatments)
+{
+    LatinSquare result = square;
+    for (int i = 0; i < square.order(); ++i) {
+        result.rows[newRows[at(i)]] = square.rows[i];
+        result.columns[newColumns[at(i)]] = square.columns[i];
+        result.treatments[newTreatments[at(i)]] = square.treatments[i];
+    }
+    for (int row = 0; row < square.order(); ++row) {
+        for (int column = 0; column < square.order(); ++column) {
+            const std::size_t from = square.place(row, column);
+            const std::size_t to = square.place(newRows[at(row)], newColumns[at(column)]);
+            result.values[to] = square.values[from];
+            result.layout[to] = newTreatments[at(square.layout[from])];
+        }
+    }
+    return result;
+}
+
+/// (factor * x + shift) mod n for each x.
+Numbers moved(const Numbers& distances, int factor, int shift)
+{
+    const int n = static_cast<int>(distances.size());
+    Numbers result;
+    for (const int distance : distances)
+        result.push_back((factor * distance + shift) % n);
+    return result;
+}
+
+} // namespace
+
+std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square)
+{
+    const int n = square.order();
+    Numbers places;
+    for (int row = 1; row < n && places.empty(); ++row)
+        places = placesOnCycle(stepFromFirstRow(square, row));
+    if (places.empty())
+        return std::nullopt;
+    const Numbers rows = distancesOfRows(square, places);
+    if (rows.empty())
+        return std::nullopt;
+    Numbers columns;
+    for (int column = 0; column < n; ++column)
+        columns.push_back(places[at(square.layout[square.place(0, column)])]);
+
+    // With row i at rows[i] and column j at columns[j] the treatment at places[k] is the sum of the
+    // two modulo n. Multiplying all three by a factor prime to n and shifting rows and columns
+    // gives every other arrangement.
+    int factor = 1;
+    Shift rowShift = bestShift(rows, factor);
+    Shift columnShift = bestShift(columns, factor);
+    for (int other = 2; other < n; ++other) {
+        if (std::gcd(other, n) != 1)
+            continue;
+        const Shift ofRows = bestShift(rows, other);
+        const Shift ofColumns = bestShift(columns, other);
+        if (std::pair(ofRows.kept, ofColumns.kept) > std::pair(rowShift.kept, columnShift.kept)) {
+            factor = other;
+            rowShift = ofRows;
+            columnShift = ofColumns;
+        }
+    }
+    return arranged(square, moved(rows, factor, rowShift.shift),
+                    moved(columns, factor, columnShift.shift),
+                    moved(places, factor, rowShift.shift + columnShift.shift));
+}
+
+} // namespace experiment

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "experiment/Experiment.h"
+
+#include "base/FieldLines.h"
+#include "base/NumberText.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace experiment {
+
+namespace {
+
+constexpr QChar blank = QLatin1Char(' ');
+
+/// A cell taken apart; without a treatment where it could not be.
+struct Cell {
+    QString treatment;
+    double value = 0.0;
+};
+
+std::optional<double> number(QStringView text)
+{
+    return base::readTypedNumber(text).value;
+}
+
+bool areDigits(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+}
+
+/// Whether "head tail" may be one number with its thousands set apart: "1 024".
+bool mayBeGrouped(QStringView head, QStringView tail)
+{
+    const qsizetype sign = head.startsWith(QLatin1Char('-')) ? 1 : 0;
+    const QStringView thousands = head.sliced(sign);
+    const qsizetype decimals =
+        std::find_if(tail.begin(), tail.end(),
+                     [](QChar c) { return c == QLatin1Char(',') || c == QLatin1Char('.'); }) -
+        tail.begin();
+    return !thousands.isEmpty() && thousands.size() <= 3 && areDigits(thousands) && decimals == 3 &&
+           areDigits(tail.first(decimals));
+}
+
+bool endsInSign(QStringView text)
+{
+    return text.endsWith(QLatin1Char('-')) || text.endsWith(QLatin1Char('+'));
+}
+
+/// "A 24" or "24 A", parts separated by single blanks.
+///
+/// Refused where a sign or thousands set apart by a blank would go to the treatment: "A - 5",
+/// "A 1 024", "1 024 A".
+std::optional<Cell> cellOfParts(QStringView text)
+{
+    const std::vector<QStringView> parts = base::fieldsOf(text, blank);
+    const std::size_t last = parts.size() - 1;
+    const std::optional<double> atStart = number(parts.front());
+    const std::optional<double> atEnd = number(parts.back());
+    if (atEnd && (!atStart || last == 1)) {
+        const QStringView treatment = text.chopped(parts.back().size() + 1);
+        if (endsInSign(treatment) || (last > 1 && mayBeGrouped(parts[last - 1], parts[last])))
+            return std::nullopt;
+        return Cell{treatment.toString(), *atEnd};
+    }
+    if (atStart && !atEnd && !(last > 1 && mayBeGrouped(parts[0], parts[1])))
+        return Cell{text.sliced(parts.front().size() + 1).toString(), *atStart};
+    return std::nullopt;
+}
+
+/// "A24" or "24A": letters and number without a blank between.
+std::optional<Cell> cellOfLettersAndNumber(QStringView text)
+{
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    const auto leading = std::find_if_not(text.begin(), text.end(), isLetter) - text.begin();
+    if (leading > 0) {
+        if (const auto value = number(text.sliced(leading)))
+            return Cell{text.first(leading).toString(), *value};
+        return std::nullopt;
+    }
+    const auto trailing = std::find_if_not(text.rbegin(), text.rend(), isLetter) - text.rbegin();
+    if (trailing > 0) {
+        if (const auto value = number(text.chopped(trailing)))
+            return Cell{text.last(trailing).toString(), *value};
+    }
+    return std::nullopt;
+}
+
+std::optional<Cell> readCell(QStringView field)
+{
+    const QString text = labelText(field);
+    return text.contains(blank) ? cellOfParts(text) : cellOfLettersAndNumber(text);
+}
+
+/// Whether a treatment of the first line comes again below it. Names may look like cells ("Fila
+/// 1"), but the treatments in a line of cells are those of the others.
+bool firstLineSharesTreatments(const FieldLines& lines)
+{
+    std::set<QString> below;
+    for (std::size_t line = 1; line < lines.size(); ++line) {
+        for (std::size_t field = 1; field < lines[line].size(); ++field) {
+            if (const std::optional<Cell> cell = readCell(lines[line][field]))
+                below.insert(cell->treatment);
+        }
+    }
+    return std::any_of(lines.front().begin() + 1, lines.front().end(), [&](QStringView field) {
+        const std::optional<Cell> cell = readCell(field);
+        return cell && below.count(cell->treatment) != 0;
+    });
+}
+
+/// A name, or "R-1" and the like where there is none.
+QString labelOr(QStringView label, QLatin1Char letter, std::size_t number)
+{
+    return label.isEmpty() ? QStringLiteral("%1-%2").arg(letter).arg(number) : labelText(label);
+}
+
+} // namespace
+
+std::vector<SquareLabels> possibleSquareLabels(const FieldLines& lines)
+{
+    const std::size_t height = lines.size();
+    const std::size_t width = height == 0 ? 0 : lines.back().size();
+    const bool rectangular = std::all_of(
+        lines.begin(), lines.end(), [width](const auto& fields) { return fields.size() == width; });
+    if (!rectangular) {
+        const bool onlyTheFirstShorter =
+            lines.front().size() + 1 == width && height == width &&
+            std::all_of(lines.begin() + 1, lines.end(),
+                        [width](const auto& fields) { return fields.size() == width; });
+        return onlyTheFirstShorter ? std::vector{SquareLabels::Both} : std::vector<SquareLabels>{};
+    }
+    if (height < 2)
+        return {};
+    if (height == width + 1)
+        return {SquareLabels::Columns};
+    if (height + 1 == width)
+        return {SquareLabels::Rows};
+    if (height != width)
+        return {};
+    if (lines.front().front().isEmpty())
+        return {SquareLabels::Both};
+    if (height == 2 || firstLineSharesTreatments(lines))
+        return {SquareLabels::None, SquareLabels::Both};
+    return {SquareLabels::Both, SquareLabels::None};
+}
+
+base::Outcome<Experiment> readExperimentSquare(const FieldLines& lines, SquareLabels labels)
+{
+    const std::size_t firstLine =
+        labels == SquareLabels::Columns || labels == SquareLabels::Both ? 1 : 0;
+    const std::size_t firstField =
+        labels == SquareLabels::Rows || labels == SquareLabels::Both ? 1 : 0;
+    // A first line without a field above the row names is one field short.
+    const std::size_t columnLabelShift = lines.front().size() < lines.back().size() ? 1 : 0;
+
+    Experiment experiment;
+    for (std::size_t line = firstLine; line < lines.size(); ++line) {
+        for (std::size_t field = firstField; field < lines[line].size(); ++field) {
+            const QStringView text = lines[line][field];
+            const std::optional<Cell> cell = readCell(text);
+            if (!cell) {
+                return base::Outcome<Experiment>::refused(
+                    QStringLiteral("Línea %1, campo %2: «%3» no es un tratamiento con su "
+                                   "observación, como «A 24».")
+                        .arg(line + 1)
+                        .arg(field + 1)
+                        .arg(base::shortened(text)));
+            }
+            const QStringView rowLabel = firstField == 1 ? lines[line].front() : QStringView();
+            const QStringView columnLabel =
+                firstLine == 1 ? lines.front()[field - columnLabelShift] : QStringView();
+            experiment.push_back({labelOr(rowLabel, QLatin1Char('R'), line + 1 - firstLine),
+                                  labelOr(columnLabel, QLatin1Char('C'), field + 1 - firstField),
+                                  cell->treatment, cell->value, static_cast<int>(line) + 1});
+        }
+    }
+    return base::Outcome<Experiment>::of(std::move(experiment));
+}
+
+} // namespace experiment

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Outcome.h"
+#include "grid/model/TableData.h"
+
+#include <QStringView>
+
+#include <vector>
+
+namespace grid {
+
+/// A rectangle of numbers, row by row.
+struct NumberBlock {
+    int columns = 0;
+    int rows = 0;
+    std::vector<double> values;
+};
+
+/// Cells as text for the clipboard: the columns of a row separated by tabs, the rows by line feeds.
+///
+/// Each number has all its digits and the user's decimal separator, so that what is pasted back is
+/// what was copied.
+QString copiedText(const TableData& table, const CellRange& range);
+
+/// Where a rectangle of numbers is to go.
+struct Room {
+    QString start; ///< For a message: "la fila «R-1», columna «C-1»".
+    int columns = 0;
+    int rows = 0;
+};
+
+/// Reads a rectangle of numbers separated by tabs, semicolons or blanks, decimals after a point or
+/// a comma, lines ended by LF or CRLF. Anything else is refused: an empty text or line, lines of
+/// different length, a field that is no number, a rectangle that is larger than the room for it.
+/// What lies beyond that room is counted but not read.
+base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room);
+
+} // namespace grid

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "grid/model/TableData.h"
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+#include <vector>
+
+namespace grid {
+
+/// The colour of a cell's number by its marks.
+struct MarkColors {
+    QColor normal;
+    QColor markedA;
+    QColor markedB;
+    QColor markedBoth;
+
+    bool operator==(const MarkColors&) const = default;
+};
+
+/// A TableData as item views see it: numbers as they are shown, names in the headers.
+///
+/// The model's own indexes count from 0, as the toolkit wants it; the routines of this class count
+/// columns and rows from 1. It does not take edits through setData(): they pass through the undo
+/// history of the view, which calls the routines below.
+class TableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    /// 3 x 3. @throws GridError
+    explicit TableModel(QObject* parent = nullptr);
+
+    const TableData& table() const { return m_table; }
+    /// @throws GridError, with everything as it was
+    void resize(int columns, int rows);
+    /// Swaps the whole table.
+    void exchange(TableData& other);
+
+    void setValue(int column, int row, double value);
+    /// Writes a rectangle of values or marks, row by row, hidden cells included.
+    void setStoredValues(const CellRange& range, const std::vector<double>& values);
+    void setStoredMarks(const CellRange& range, const std::vector<std::uint8_t>& marks);
+    void clearMarks();
+    void setPrecision(int column, int decimals);
+    void setColumnName(int column, const QString& name);
+    void setRowName(int row, const QString& name);
+    void setRowAttribute(int row, std::uint8_t attribute);
+    void setIdentifier(const QByteArray& identifier);
+
+    const MarkColors& colors() const { return m_colors; }
+    void setColors(const MarkColors& colors);
+    /// While silent the model tells no view of new values, marks and names; it makes up for it in
+    /// one go at the end.
+    void setSilent(bool silent);
+    /// Whether cells call themselves editable.
+    void setEditable(bool editable);
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    QString cellText(int column, int row) const;
+    const QColor& colorOf(std::uint8_t marks) const;
+    /// Tells the views that the shown part of a range has changed.
+    void announce(const CellRange& range);
+    void announceHeader(Qt::Orientation orientation, int first, int last);
+
+    TableData m_table;
+    MarkColors m_colors;
+    bool m_editable = true;
+    bool m_silent = false;
+};
+
+} // namespace grid

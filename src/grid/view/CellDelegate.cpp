@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "grid/view/CellDelegate.h"
+
+#include "base/FieldLines.h"
+#include "base/NumberText.h"
+#include "grid/model/TableModel.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPalette>
+
+#include <algorithm>
+#include <optional>
+
+namespace grid {
+
+namespace {
+
+constexpr int editorMargin = 12; // pixels left and right of the text, together
+
+/// The step by which a key leaves an open cell; nothing for keys that edit it.
+std::optional<CursorStep> stepOf(const QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return CursorStep::Next;
+    case Qt::Key_Tab:
+        return CursorStep::Right;
+    case Qt::Key_Backtab:
+        return CursorStep::Left;
+    case Qt::Key_Up:
+        return CursorStep::Up;
+    case Qt::Key_Down:
+        return CursorStep::Down;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// Whether the user is still at the open cell although it lost the focus: to another window of the
+/// desktop (not to another child of the same frame) or to a menu.
+bool isPassing(const QFocusEvent& event, const QWidget& editor)
+{
+    if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason)
+        return true;
+    const QWidget* focus = QApplication::focusWidget();
+    return event.reason() == Qt::ActiveWindowFocusReason &&
+           (focus == nullptr || focus == &editor || focus->window() != editor.window());
+}
+
+/// Ctrl+E, which a line edit takes for a second End key and a window for its command.
+bool isSecondEndOfLine(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::MoveToEndOfLine) && key.key() != Qt::Key_End;
+}
+
+/// Makes an editor as wide as its text, at least as its cell and at most up to the table's edge.
+void widen(QLineEdit& editor)
+{
+    const int needed = editor.fontMetrics().horizontalAdvance(editor.text()) + editorMargin;
+    const int room = editor.parentWidget()->width() - editor.x();
+    editor.resize(std::max(editor.minimumWidth(), std::min(needed, room)), editor.height());
+}
+
+} // namespace
+
+CellDelegate::CellDelegate(const TableModel& model, window::Dialogs& dialogs, QWidget* view)
+    : QStyledItemDelegate(view)
+    , m_model(model)
+    , m_dialogs(dialogs)
+    , m_view(view)
+{
+}
+
+bool CellDelegate::accept()
+{
+    return m_editor == nullptr || leaveBy(CursorStep::Stay);
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    QStyleOptionViewItem plain = option;
+    plain.state &= ~QStyle::State_HasFocus;
+    QStyledItemDelegate::paint(painter, plain, index);
+    if (!(option.state & QStyle::State_HasFocus))
+        return;
+    // The cursor: a frame that stands out on selected and other cells alike.
+    painter->save();
+    painter->setPen(QPen(option.palette.color(QPalette::Link), 2));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter->restore();
+}
+
+QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const
+{
+    auto* editor = new QLineEdit(parent);
+    editor->setObjectName(QStringLiteral("CellEditor"));
+    editor->setAccessibleName(QStringLiteral("Dato de la fila %1, columna %2")
+                                  .arg(m_model.table().rowName(index.row() + 1),
+                                       m_model.table().columnName(index.column() + 1)));
+    editor->setAutoFillBackground(true);
+    editor->setAlignment(Qt::AlignRight);
+    // Selected text stands out more than selected cells.
+    QPalette colors = editor->palette();
+    colors.setColor(QPalette::Highlight, colors.color(QPalette::Link));
+    colors.setColor(QPalette::HighlightedText, Qt::white);
+    editor->setPalette(colors);
+    connect(editor, &QLineEdit::textChanged, editor, [editor] { widen(*editor); });
+    m_editor = editor;
+    m_index = index;
+    return editor;
+}
+
+void CellDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
+{
+    if (editor == m_editor)
+        m_editor = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    auto* line = static_cast<QLineEdit*>(editor);
+    if (line->isModified())
+        return; // what the user has typed outlasts a change of the table behind it
+    m_openedText = base::fullText(m_model.table().value(index.column() + 1, index.row() + 1));
+    line->setText(m_openedText);
+    line->selectAll();
+}
+
+void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
+                                const QModelIndex& index) const
+{
+    const QString text = static_cast<QLineEdit*>(editor)->text();
+    if (text == m_openedText)
+        return;
+    const QString reason = refusal();
+    if (reason.isEmpty()) {
+        emit entered(index.column() + 1, index.row() + 1, *base::readTypedNumber(text).value);
+        return;
+    }
+    // A box in the middle of a click would take the mouse's release from the widget clicked on.
+    QMetaObject::invokeMethod(
+        m_view,
+        [this, reason] { tell(reason + QStringLiteral("\nSe conserva el dato anterior.")); },
+        Qt::QueuedConnection);
+}
+
+void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const
+{
+    auto* line = static_cast<QLineEdit*>(editor);
+    line->setMinimumWidth(option.rect.width());
+    line->setGeometry(option.rect);
+    widen(*line);
+}
+
+bool CellDelegate::eventFilter(QObject* object, QEvent* event)
+{
+    // A line edit that is being destroyed sends events when it is none any more.
+    if (qobject_cast<QLineEdit*>(object) == nullptr || object != m_editor)
+        return QStyledItemDelegate::eventFilter(object, event);
+    if (event->type() == QEvent::KeyPress) {
+        if (const auto step = stepOf(*static_cast<QKeyEvent*>(event))) {
+            leaveBy(*step);
+            return true;
+        }
+    }
+    if (event->type() == QEvent::ShortcutOverride &&
+        isSecondEndOfLine(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::FocusOut &&
+        (m_telling || isPassing(*static_cast<QFocusEvent*>(event), *m_editor)))
+        return false;
+    return QStyledItemDelegate::eventFilter(object, event);
+}
+
+void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    // The colour of a mark shows on selected cells too.
+    option->palette.setBrush(QPalette::HighlightedText, option->palette.brush(QPalette::Text));
+}
+
+QString CellDelegate::refusal() const
+{
+    const QString text = m_editor->text();
+    if (text == m_openedText || base::readTypedNumber(text).value)
+        return {};
+    return QStringLiteral("%1\nCelda: fila «%2», columna «%3».")
+        .arg(base::readTypedNumber(base::shortened(text)).reason,
+             m_model.table().rowName(m_index.row() + 1),
+             m_model.table().columnName(m_index.column() + 1));
+}
+
+void CellDelegate::tell(const QString& reason) const
+{
+    m_dialogs.showError(m_view, reason, QStringLiteral("Dato no válido"));
+}
+
+bool CellDelegate::leaveBy(CursorStep step)
+{
+    if (m_telling)
+        return false;
+    const QPointer<CellDelegate> stillThere(this);
+    const QPointer<QLineEdit> editor = m_editor;
+    const QString reason = refusal();
+    if (!reason.isEmpty()) {
+        m_telling = true;
+        tell(reason);
+        if (stillThere)
+            m_telling = false;
+        if (editor) {
+            editor->setFocus();
+            editor->selectAll();
+        }
+        return false;
+    }
+    emit commitData(editor);
+    if (!stillThere)
+        return false;
+    if (editor == m_editor)
+        emit closeEditor(editor, NoHint);
+    emit left(step);
+    return true;
+}
+
+} // namespace grid

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "power/window/Frmpotencia.h"
+
+#include "base/SafeFile.h"
+#include "chart/control/RChart.h"
+#include "power/window/CurveColors.h"
+#include "power/window/PendingInput.h"
+#include "power/window/UpDown.h"
+#include "window/Dialogs.h"
+#include "window/Icons.h"
+#include "window/Saving.h"
+
+#include <QApplication>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace power {
+
+namespace {
+
+constexpr double fitMargin = 2.0; // percent
+constexpr std::uint8_t curveMark = 2;
+
+QString windowCaption()
+{
+    return QStringLiteral("Potencia");
+}
+
+QString atRest()
+{
+    return QStringLiteral("Listo.");
+}
+
+/// The busy cursor, wherever the mouse is, for as long as it exists.
+class BusyCursor {
+public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+} // namespace
+
+TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
+    : ChildWindow(parent)
+    , m_dialogs(dialogs)
+    , m_curves{{colorOfC, &Powers::c, {}},
+               {colorOfBennett, &Powers::b, {}},
+               {colorOfM, &Powers::m, {}},
+               {colorOfZimmerman, &Powers::z, {}}}
+{
+    setObjectName(QStringLiteral("Potencia"));
+    setAccessibleName(windowCaption());
+    setWindowTitle(windowCaption());
+    setWindowIcon(window::icon(window::Picture::Power));
+    setAttribute(Qt::WA_DeleteOnClose);
+    createMenu();
+    createPopups();
+    createLayout();
+    resize(sizeHint());
+}
+
+QSize TPotencia::sizeHint() const
+{
+    return {880, 560};
+}
+
+void TPotencia::FormActivate()
+{
+    emit statusText(atRest());
+}
+
+void TPotencia::FormDeactivate()
+{
+    emit statusText(atRest());
+}
+
+void TPotencia::FormClose()
+{
+    emit statusText(atRest());
+}
+
+void TPotencia::BtnCalcularClick()
+{
+    try {
+        const BusyCursor busy;
+        m_graph->ClearItems();
+        runPowerStudy(settings(), programAleatorio(), stats::programIntegers(), *this);
+        emit statusText(atRest());
+        paintNow();
+    } catch (const UnknownErrorKind& failure) {
+        m_dialogs.showError(this, QString::fromUtf8(failure.what()),
+                            QGuiApplication::applicationDisplayName());
+        std::_Exit(EXIT_FAILURE); // a broken program: nothing of it can be trusted to be put away
+    }
+    discardPendingInput();
+}
+
+void TPotencia::BtnSigClick()
+{
+    popUpBelow(*m_menuSig, *m_btnSig);
+}
+
+void TPotencia::N901Click()
+{
+    setLevel(90);
+}
+
+void TPotencia::N951Click()
+{
+    setLevel(95);
+}
+
+void TPotencia::N981Click()
+{
+    setLevel(98);
+}
+
+void TPotencia::N991Click()
+{
+    setLevel(99);
+}
+
+void TPotencia::BtnDistClick()
+{
+    popUpBelow(*m_menuDist, *m_btnDist);
+}
+
+void TPotencia::Uniforme1Click()
+{
+    setErrorKind(ErrorKind::Uniform);
+}
+
+void TPotencia::Exponencial1Click()
+{
+    setErrorKind(ErrorKind::Exponential);
+}
+
+void TPotencia::Triangular1Click()
+{
+    setErrorKind(ErrorKind::Triangular);
+}
+
+void TPotencia::UpDown1Click()
+{
+    m_settings.order = m_order->Position();
+}
+
+void TPotencia::UpDown2Click()
+{
+    m_settings.trials = m_trials->Position();
+}
+
+void TPotencia::GuardarGrafica1Click()
+{
+    window::FileRequest request{QStringLiteral("Guardar Gráfica de Potencia"),
+                                QStringLiteral("grafica potencia.bmp"), QStringLiteral("bmp"),
+                                QStringLiteral("Mapa de bits (BMP)|*.bmp")};
+    request.writtenName = chart::TRChart::bitmapFileName;
+    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
+                                        return m_graph->SaveAsBitmap(chosen, false);
+                                    }});
+}
+
+void TPotencia::GuardarReporte1Click()
+{
+    QString text;
+    for (const QString& line : m_log->toPlainText().split(QLatin1Char('\n')))
+        text += line + QStringLiteral("\r\n");
+    window::save(
+        m_dialogs, *this,
+        {{QStringLiteral("Guardar Reporte"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
+          QStringLiteral("Texto|*.txt")},
+         windowCaption(),
+         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); }});
+}
+
+void TPotencia::logLine(const QString& line)
+{
+    QTextCursor end(m_log->document());
+    end.movePosition(QTextCursor::End);
+    end.insertBlock();
+    end.insertText(line);
+}
+
+void TPotencia::pointDone(const PowerPoint& point)
+{
+    for (Curve& curve : m_curves) {
+        const QPointF reached(point.difference, point.powers.*curve.power);
+        if (point.difference == 0.0)
+            curve.end = reached;
+        m_graph->setDataColor(curve.color);
+        m_graph->MoveToXY(curve.end.x(), curve.end.y());
+        m_graph->LineToXY(reached.x(), reached.y());
+        curve.end = reached;
+        m_graph->MarkAtXY(reached.x(), reached.y(), curveMark);
+    }
+    m_graph->FitRangeToData(fitMargin);
+    emit statusText(
+        QStringLiteral("Calculando potencias: %1 de %2").arg(point.number).arg(point.count));
+    paintNow();
+}
+
+/// Paints what has changed in the frame, the status line included, and handles no other event: the
+/// study must not meet a click or a close half-way.
+void TPotencia::paintNow()
+{
+    m_log->verticalScrollBar()->setValue(m_log->verticalScrollBar()->maximum());
+    QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
+}
+
+void TPotencia::setLevel(int percent)
+{
+    m_settings.level = percent / 100.0;
+    m_btnSig->setText(QStringLiteral("Nivel de Significancia %1%").arg(percent));
+    m_btnSig->setAccessibleName(m_btnSig->text());
+}
+
+void TPotencia::setErrorKind(ErrorKind kind)
+{
+    m_settings.errorKind = kind;
+    m_btnDist->setText(caption(kind));
+    m_btnDist->setAccessibleName(m_btnDist->text());
+}
+
+/// At the place that the form's and the button's positions add up to, as a point of the screen,
+/// moved only as far as the screen's edges ask for.
+void TPotencia::popUpBelow(QMenu& popup, const QPushButton& button) const
+{
+    constexpr int fromLeft = 10;
+    constexpr int fromBottom = 90;
+    const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+    const QPoint form = frame ? frame->pos() : pos();
+    const QPoint wanted(form.x() + button.x() + fromLeft,
+                        form.y() + button.y() + button.height() + fromBottom);
+    const QRect area = screen()->availableGeometry();
+    const QSize size = popup.sizeHint();
+    popup.popup({std::clamp(wanted.x(), area.left(),
+                            std::max(area.left(), area.right() + 1 - size.width())),
+                 std::clamp(wanted.y(), area.top(),
+                            std::max(area.top(), area.bottom() + 1 - size.height()))});
+}
+
+} // namespace power

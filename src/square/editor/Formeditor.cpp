@@ -1,0 +1,358 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "square/editor/Formeditor.h"
+
+#include "base/SafeFile.h"
+#include "grid/view/NTabEd.h"
+#include "square/editor/Freeze.h"
+#include "square/editor/GridFile.h"
+#include "square/editor/ShowSquare.h"
+#include "square/editor/UpDown.h"
+#include "square/file/LoadedSquare.h"
+#include "square/file/ShapeNotice.h"
+#include "window/Asking.h"
+#include "window/Caption.h"
+#include "window/Dialogs.h"
+#include "window/HandOff.h"
+#include "window/Icons.h"
+#include "window/Saving.h"
+
+#include <QLineEdit>
+#include <QPointer>
+
+#include <utility>
+
+namespace square {
+
+namespace {
+
+constexpr int observationDecimals = 3;
+constexpr int treatmentDecimals = 0;
+
+QString editorCaption()
+{
+    return QStringLiteral("Editor");
+}
+
+QString invitation()
+{
+    return QStringLiteral("Puede manejar archivos de datos para el análisis aquí. Para analizar "
+                          "los datos actuales use la opción 'Guardar y Analizar'");
+}
+
+QString roundedNotice()
+{
+    return QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
+}
+
+QString changedElsewhere(const QString& fileName)
+{
+    return QStringLiteral("El archivo «%1» cambió desde que este editor lo cargó o lo guardó.\n"
+                          "¿Desea reemplazarlo?")
+        .arg(fileName);
+}
+
+window::FileRequest squareFileRequest(const QString& title)
+{
+    window::FileRequest request;
+    request.title = title;
+    request.suffix = QStringLiteral("asc");
+    request.filter = QStringLiteral("ASCII|*.asc");
+    return request;
+}
+
+QString numbered(const QString& prefix, int number)
+{
+    return QStringLiteral("%1 %2").arg(prefix, QString::number(number));
+}
+
+} // namespace
+
+TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
+    : ChildWindow(parent)
+    , m_handOff(handOff)
+    , m_dialogs(dialogs)
+{
+    setObjectName(QStringLiteral("Editor"));
+    setWindowTitle(editorCaption());
+    setWindowIcon(window::icon(window::Picture::Editor));
+    setAccessibleName(editorCaption());
+    setAttribute(Qt::WA_DeleteOnClose);
+    createControls();
+    createMenu();
+    connectControls();
+
+    const bool openOnCreate = std::exchange(m_handOff.openOnCreate, false);
+    FormCreate(openOnCreate);
+    // Without a file the editor goes again, and the keyboard stays where it was.
+    if (m_handOff.fileOpened)
+        m_datos->setFocus();
+}
+
+void TEditor::FormCreate(bool openFile)
+{
+    if (openFile) {
+        m_saved = true; // unless a file is loaded there is nothing here to ask about
+        load();
+        return;
+    }
+    m_handOff.fileOpened = true;
+    setOrder(m_numTratamientos->Position());
+}
+
+void TEditor::FormActivate()
+{
+    const QString notice = shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
+    emit statusText(notice.isEmpty() ? invitation() : notice);
+}
+
+void TEditor::FormDeactivate()
+{
+    emit statusText(QStringLiteral("Listo."));
+}
+
+void TEditor::FormClose()
+{
+    if (!m_handedOver) // the analysis window has the status line now
+        emit statusText(QStringLiteral("Listo"));
+}
+
+bool TEditor::mayClose()
+{
+    if (!m_datos->commitEdit())
+        return false;
+    if (m_saved)
+        return true;
+    emit frontRequested();
+    switch (
+        m_dialogs.askYesNo(this, QStringLiteral("Desea guardar los cambios?"), editorCaption())) {
+    case window::Answer::Yes:
+        return save();
+    case window::Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TEditor::Cargar1Click()
+{
+    if (m_datos->commitEdit())
+        load();
+}
+
+void TEditor::Guardar1Click()
+{
+    if (m_datos->commitEdit())
+        save();
+}
+
+void TEditor::GuardaryAnalizar1Click()
+{
+    if (!m_datos->commitEdit() || !save())
+        return;
+    m_handOff.pendingFileName = m_fileName;
+    m_handOff.fileOpened = false;
+    const QPointer<TEditor> stillThere(this); // whoever answers may delete the editor
+    emit analysisRequested();
+    if (!stillThere)
+        return;
+    m_handOff.pendingFileName.clear();
+    // The file may have been written and yet not be readable: then the square is only here.
+    if (!m_handOff.fileOpened)
+        return;
+    m_handedOver = true;
+    closeUnasked();
+}
+
+void TEditor::NumTratamientosClick()
+{
+    const QPointer<TEditor> stillThere(this);
+    if (!window::isAsking() && m_datos->commitEdit())
+        setOrder(m_numTratamientos->Position());
+    else if (stillThere)
+        m_numTratamientos->setPosition(m_refTratamientos->NrOfColumns());
+}
+
+void TEditor::NFilasChange()
+{
+    // A character that the edit refuses comes here too, without a change.
+    if (m_nFilas->text() == m_rowPrefix)
+        return;
+    if (window::isAsking()) {
+        m_nFilas->setText(m_rowPrefix);
+        return;
+    }
+    m_rowPrefix = m_nFilas->text();
+    m_saved = false;
+    nameRows(*m_refTratamientos);
+    nameRows(*m_datos);
+}
+
+void TEditor::NColumnasChange()
+{
+    if (m_nColumnas->text() == m_columnPrefix)
+        return;
+    if (window::isAsking()) {
+        m_nColumnas->setText(m_columnPrefix);
+        return;
+    }
+    m_columnPrefix = m_nColumnas->text();
+    m_saved = false;
+    nameColumns(*m_refTratamientos);
+    nameColumns(*m_datos);
+}
+
+void TEditor::DatosChange()
+{
+    m_saved = false;
+}
+
+void TEditor::aleatorizar()
+{
+    const Freeze freeze(*m_refTratamientos);
+    const int n = m_refTratamientos->NrOfColumns();
+    for (int row = 1; row <= n; ++row) {
+        int treatment = row;
+        for (int column = 1; column <= n; ++column) {
+            m_refTratamientos->setValue(column, row, treatment);
+            treatment = treatment < n ? treatment + 1 : 1;
+        }
+    }
+}
+
+/// Asks for a file and shows it. @return whether it is there; otherwise nothing has changed
+bool TEditor::load()
+{
+    m_handOff.fileOpened = false;
+    const std::optional<QString> fileName =
+        m_dialogs.openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
+    if (!fileName)
+        return false;
+    const LoadedSquare loaded = loadSquare(*fileName);
+    QString problem = loaded.problem;
+    if (loaded.data)
+        problem = showLoaded(*loaded.data);
+    if (!problem.isEmpty()) {
+        m_dialogs.showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
+        return false;
+    }
+    m_handOff.fileOpened = true;
+    rememberFile(*fileName, loaded.fingerprint);
+    FormActivate(); // the status line speaks of the new square
+    return true;
+}
+
+/// Shows a square that was read, with its treatments beside it, all or nothing.
+/// @return what stood in the way
+QString TEditor::showLoaded(const SquareData& square)
+{
+    const int order = square.NrOfColumns();
+    const int previousOrder = m_refTratamientos->NrOfColumns();
+    try {
+        m_refTratamientos->resizeTable(order, order);
+        showSquare(square, *m_datos);
+    } catch (const grid::GridError& error) {
+        m_refTratamientos->resizeTable(previousOrder, previousOrder);
+        return QString::fromUtf8(error.what());
+    }
+    m_numTratamientos->setPosition(order);
+    setPrecisions();
+    aleatorizar();
+    return {};
+}
+
+/// Writes the square to its file, or to one that the user is asked for. A file that holds it
+/// already is left alone; one that another editor or program has written to since is not replaced
+/// without a question.
+/// @return whether a file holds the square now
+bool TEditor::save()
+{
+    const QByteArray onDisk = base::fingerprint(m_fileName);
+    const bool canCompare = !onDisk.isEmpty() && !m_fileFingerprint.isEmpty();
+    if (m_saved && canCompare && onDisk == m_fileFingerprint)
+        return true;
+    QString known = m_fileName;
+    if (canCompare && onDisk != m_fileFingerprint) {
+        const window::Answer answer =
+            m_dialogs.askYesNo(this, changedElsewhere(m_fileName), editorCaption());
+        if (answer == window::Answer::None)
+            return false;
+        if (answer == window::Answer::No)
+            known.clear();
+    }
+    window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
+    request.fileName = m_fileName;
+    const std::optional<QString> fileName =
+        window::save(m_dialogs, *this,
+                     {request, editorCaption(),
+                      [this](const QString& chosen) { return Export(*m_datos, chosen); }},
+                     known);
+    if (!fileName)
+        return false;
+    rememberFile(*fileName, base::fingerprint(*fileName));
+    emit statusText(encodingChangesValues(squareOf(*m_datos)) ? roundedNotice() : invitation());
+    return true;
+}
+
+void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint)
+{
+    m_fileName = fileName;
+    m_fileFingerprint = fingerprint;
+    setWindowTitle(window::fileCaption(editorCaption(), fileName));
+    m_saved = true;
+}
+
+/// A new order for both grids, with the headers named after the prefixes.
+void TEditor::setOrder(int order)
+{
+    m_refTratamientos->resizeTable(order, order);
+    m_datos->resizeTable(order, order);
+    m_saved = false;
+    setPrecisions();
+    for (grid::TNTabEd* const table : {m_refTratamientos, m_datos}) {
+        nameColumns(*table);
+        nameRows(*table);
+    }
+    aleatorizar();
+}
+
+/// The user brought a whole experiment into the grid: everything around it follows.
+void TEditor::DatosResized(int columns)
+{
+    m_refTratamientos->resizeTable(columns, columns);
+    m_numTratamientos->setPosition(columns);
+    setPrecisions();
+    nameColumns(*m_refTratamientos);
+    nameRows(*m_refTratamientos);
+    aleatorizar();
+}
+
+void TEditor::setPrecisions()
+{
+    for (int column = 1; column <= m_refTratamientos->NrOfColumns(); ++column) {
+        m_refTratamientos->setPrecision(column, treatmentDecimals);
+        m_datos->setPrecision(column, observationDecimals);
+    }
+}
+
+void TEditor::nameColumns(grid::TNTabEd& table) const
+{
+    const Freeze freeze(table);
+    for (int column = 1; column <= table.NrOfColumns(); ++column)
+        table.setColumnName(column, numbered(m_columnPrefix, column));
+}
+
+void TEditor::nameRows(grid::TNTabEd& table) const
+{
+    const Freeze freeze(table);
+    for (int row = 1; row <= table.NrOfRows(); ++row)
+        table.setRowName(row, numbered(m_rowPrefix, row));
+}
+
+/// While the editor is being created its dialogs stand over what will hold it.
+QWidget* TEditor::dialogParent()
+{
+    return isVisible() ? this : parentWidget();
+}
+
+} // namespace square

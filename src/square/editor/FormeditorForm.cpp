@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the data editor looks like: its controls, its menu, and what they call.
+#include "square/editor/Formeditor.h"
+
+#include "grid/view/NTabEd.h"
+#include "record/SquareData.h"
+#include "square/editor/PrefixValidator.h"
+#include "square/editor/UpDown.h"
+#include "window/Command.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace square {
+
+namespace {
+
+constexpr int lowestOrder = 3;
+constexpr int highestOrder = 6;
+
+/// A prefix leaves room for a blank and a number of three digits in the name made of it.
+constexpr int longestPrefix = longestName - 4;
+
+constexpr int observationWidth = 64; // pixels
+constexpr int treatmentWidth = 32;
+constexpr int headerWidth = 80;
+
+constexpr int dataShare = 3; // of the window's width, in fifths
+constexpr int paneShares = 5;
+
+QLabel* labelOf(QWidget* control, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setBuddy(control);
+    return label;
+}
+
+QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& accessibleName)
+{
+    auto* edit = new QLineEdit(text);
+    edit->setObjectName(name);
+    edit->setAccessibleName(accessibleName);
+    edit->setMaxLength(longestPrefix);
+    edit->setValidator(new PrefixValidator(edit));
+    edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
+    edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 30);
+    return edit;
+}
+
+grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName,
+                       int columnWidth)
+{
+    auto* table = new grid::TNTabEd(dialogs);
+    table->setObjectName(name);
+    table->setAccessibleName(accessibleName);
+    table->setColorNormal(grid::colorFromInteger(8192));
+    table->setColorMarkedA(Qt::red);
+    table->setColorMarkedB(Qt::blue);
+    table->setColorMarkedBoth(grid::colorFromInteger(13369531));
+    table->setDefaultColWidth(columnWidth);
+    table->setHeaderColumnWidth(headerWidth);
+    return table;
+}
+
+QWidget* paneOf(grid::TNTabEd* table, const QString& title)
+{
+    auto* pane = new QWidget;
+    auto* layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(labelOf(table, title));
+    layout->addWidget(table, 1);
+    return pane;
+}
+
+} // namespace
+
+/// Both tables whole, as far as the screen has room for them.
+QSize TEditor::sizeHint() const
+{
+    constexpr QSize least(640, 400);
+    const QSize most = screen()->availableSize() * 0.85;
+    constexpr int optionsHeight = 110;
+    constexpr int around = 60; // pixels for margins, the divider and a scroll bar
+    const QSize observations = m_datos->wholeSize();
+    const QSize treatments = m_refTratamientos->wholeSize();
+    const int width = std::max(observations.width() * paneShares / dataShare,
+                               treatments.width() * paneShares / (paneShares - dataShare));
+    const QSize wanted(width + around, observations.height() + optionsHeight + around);
+    return wanted.boundedTo(most).expandedTo(least);
+}
+
+void TEditor::createControls()
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(createOptions());
+    layout->addWidget(createPanes(), 1);
+    setTabOrder(m_numTratamientos, m_nFilas);
+    setTabOrder(m_nFilas, m_nColumnas);
+    setTabOrder(m_nColumnas, m_datos);
+    setTabOrder(m_datos, m_refTratamientos);
+}
+
+QWidget* TEditor::createOptions()
+{
+    m_numTratamientos = new UpDown(lowestOrder, highestOrder);
+    m_numTratamientos->setObjectName(QStringLiteral("NumTratamientos"));
+    m_numTratamientos->setAccessibleName(QStringLiteral("Número de tratamientos"));
+    m_numTratamientos->edit()->setObjectName(QStringLiteral("Edit1"));
+    m_numTratamientos->edit()->setAccessibleName(m_numTratamientos->accessibleName());
+    m_rowPrefix = QStringLiteral("Fila");
+    m_columnPrefix = QStringLiteral("Col");
+    m_nFilas = prefixEdit(QStringLiteral("NFilas"), m_rowPrefix, QStringLiteral("Nombre de filas"));
+    m_nColumnas = prefixEdit(QStringLiteral("NColumnas"), m_columnPrefix,
+                             QStringLiteral("Nombre de columnas"));
+
+    auto* group = new QGroupBox(QStringLiteral("Opciones de Datos"));
+    group->setObjectName(QStringLiteral("OpcionesDeDatos"));
+    group->setAccessibleName(group->title());
+    auto* layout = new QHBoxLayout(group);
+    layout->addWidget(labelOf(m_numTratamientos, QStringLiteral("Num. Tratamientos")));
+    layout->addWidget(m_numTratamientos);
+    layout->addSpacing(12);
+    layout->addWidget(labelOf(m_nFilas, QStringLiteral("Nombre Filas")));
+    layout->addWidget(m_nFilas, 1);
+    layout->addSpacing(12);
+    layout->addWidget(labelOf(m_nColumnas, QStringLiteral("Nombre Columnas")));
+    layout->addWidget(m_nColumnas, 1);
+    layout->addStretch();
+    return group;
+}
+
+QWidget* TEditor::createPanes()
+{
+    m_datos =
+        tableOf(m_dialogs, QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
+    m_datos->setAutoAdvance(true);
+    m_refTratamientos = tableOf(m_dialogs, QStringLiteral("RefTratamientos"),
+                                QStringLiteral("Referencia: tratamientos"), treatmentWidth);
+    m_refTratamientos->setAutoAdvance(false);
+    m_refTratamientos->setReadOnly(true);
+
+    auto* splitter = new QSplitter(Qt::Horizontal);
+    splitter->setObjectName(QStringLiteral("Splitter1"));
+    splitter->setAccessibleName(QStringLiteral("Datos y tratamientos"));
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(paneOf(m_datos, QStringLiteral("DATOS")));
+    splitter->addWidget(paneOf(m_refTratamientos, QStringLiteral("REFERENCIA: TRATAMIENTOS")));
+    splitter->setStretchFactor(0, dataShare);
+    splitter->setStretchFactor(1, paneShares - dataShare);
+    return splitter;
+}
+
+void TEditor::createMenu()
+{
+    using window::addEntry;
+    using window::Picture;
+    m_menu = new QMenu(QStringLiteral("E&ditor"), this);
+    m_menu->setObjectName(QStringLiteral("Editor1"));
+    addEntry(*m_menu,
+             {QStringLiteral("Cargar1"), QStringLiteral("&Cargar..."),
+              QStringLiteral("Trae a este editor un cuadrado guardado"), Picture::Open, Qt::Key_F3},
+             this, &TEditor::Cargar1Click);
+    addEntry(*m_menu,
+             {QStringLiteral("Guardar1"), QStringLiteral("&Guardar..."),
+              QStringLiteral("Guarda el cuadrado en su archivo"), Picture::Save, Qt::Key_F2},
+             this, &TEditor::Guardar1Click);
+    addEntry(*m_menu,
+             {QStringLiteral("GuardaryAnalizar1"), QStringLiteral("Guardar y &Analizar..."),
+              QStringLiteral("Guarda el cuadrado y abre su análisis en lugar del editor"),
+              Picture::SaveAndAnalyse},
+             this, &TEditor::GuardaryAnalizar1Click);
+}
+
+void TEditor::connectControls()
+{
+    connect(m_numTratamientos, &UpDown::Click, this, &TEditor::NumTratamientosClick);
+    connect(m_nFilas, &QLineEdit::textChanged, this, &TEditor::NFilasChange);
+    connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
+    connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);
+    connect(m_datos, &grid::TNTabEd::TableResized, this, &TEditor::DatosResized);
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+    connect(m_refTratamientos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+}
+
+} // namespace square

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "square/file/SquareFile.h"
+
+#include "base/FileText.h"
+#include "square/file/NameScanner.h"
+#include "square/file/TextReader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace square {
+
+namespace {
+
+std::string_view withoutLeadingBlanks(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return text;
+}
+
+/// Takes "TRUE" or "FALSE" off the front of a line, in whatever case.
+std::optional<bool> takeFlag(std::string_view& line)
+{
+    constexpr std::string_view words[] = {"FALSE", "TRUE"};
+    line = withoutLeadingBlanks(line);
+    for (const std::string_view word : words) {
+        const std::string_view start = line.substr(0, word.size());
+        const bool same = std::equal(
+            start.begin(), start.end(), word.begin(), word.end(), [](char c, char upper) {
+                return (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c) == upper;
+            });
+        if (same) {
+            line.remove_prefix(word.size());
+            return word == words[1];
+        }
+    }
+    return std::nullopt;
+}
+
+bool takePresenceLine(std::string_view line, SquareHeader& header)
+{
+    for (bool* const present :
+         {&header.hasRowAttributes, &header.hasColumnNames, &header.hasRowNames}) {
+        const std::optional<bool> flag = takeFlag(line);
+        if (!flag)
+            return false;
+        *present = *flag;
+    }
+    return true;
+}
+
+/// Takes the four lines of the header; afterwards the reader stands before the column names.
+SquareHeader takeHeader(TextReader& reader)
+{
+    SquareHeader header;
+    const std::string_view title = reader.lineUpToCarriageReturn();
+    header.identifier = QByteArray(title.data(), static_cast<qsizetype>(title.size()));
+    header.code = title.find('\n') == std::string_view::npos ? Usable : NoRoomOrLineFeed;
+
+    const std::string_view columnLine = reader.line();
+    if (const std::optional<int> columns = leadingInteger(columnLine))
+        header.nrOfColumns = *columns;
+    else if (header.code == Usable || !std::all_of(columnLine.begin(), columnLine.end(), isSpace))
+        header.code = NoColumnCount; // a file of line feeds only has nothing here and keeps its -4
+    if (header.code != Usable)
+        return header;
+
+    const std::optional<int> rows = leadingInteger(reader.line());
+    if (!rows) {
+        header.code = NoRowCount;
+        return header;
+    }
+    header.nrOfRows = *rows;
+    if (!takePresenceLine(reader.line(), header))
+        header.code = NoPresenceLine;
+    return header;
+}
+
+void takeColumnNames(TextReader& reader, SquareData& data)
+{
+    for (int column = 1; column <= data.NrOfColumns(); ++column) {
+        const std::optional<QByteArray> name = reader.name();
+        if (!name)
+            return;
+        data.setColumnName(column, base::decodedText(*name));
+    }
+}
+
+bool takeRowAttribute(TextReader& reader, SquareData& data, int row)
+{
+    const std::optional<double> number = reader.number();
+    if (!number)
+        return false;
+    const double remainder = std::fmod(std::round(*number), 256.0);
+    data.setRowAttribute(row, static_cast<quint8>(remainder < 0 ? remainder + 256.0 : remainder));
+    return true;
+}
+
+bool takeObservations(TextReader& reader, SquareData& data, int row)
+{
+    for (int column = 1; column <= data.NrOfColumns(); ++column) {
+        const std::optional<double> value = reader.number();
+        if (!value)
+            return false;
+        data.setObservation(column, row, *value);
+    }
+    return true;
+}
+
+ReadCode takeRows(TextReader& reader, const SquareHeader& header, SquareData& data)
+{
+    for (int row = 1; row <= data.NrOfRows(); ++row) {
+        if (header.hasRowAttributes && !takeRowAttribute(reader, data, row))
+            return NoAttribute;
+        if (header.hasRowNames) {
+            if (const std::optional<QByteArray> name = reader.name())
+                data.setRowName(row, base::decodedText(*name));
+        }
+        if (!takeObservations(reader, data, row))
+            return NoObservation;
+    }
+    return Usable;
+}
+
+} // namespace
+
+SquareHeader readHeader(const QByteArray& bytes)
+{
+    TextReader reader(bytes);
+    return takeHeader(reader);
+}
+
+DecodedSquare decode(const QByteArray& bytes)
+{
+    TextReader reader(bytes);
+    const SquareHeader header = takeHeader(reader);
+    if (header.code != Usable)
+        return {header.code, std::nullopt};
+    if (!sizeProblem(header.nrOfColumns, header.nrOfRows).isEmpty())
+        return {NoRoomOrLineFeed, std::nullopt};
+
+    SquareData data(header.nrOfColumns, header.nrOfRows);
+    data.setIdentifier(header.identifier);
+    if (header.hasColumnNames)
+        takeColumnNames(reader, data);
+    const ReadCode code = takeRows(reader, header, data);
+    return {code, std::move(data)};
+}
+
+} // namespace square

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "stats/numbers/MATRIX.h"
+#include "stats/words/TestKind.h"
+
+#include <QStringList>
+
+#include <array>
+
+/// The tests as the user reads them: each takes the observations of a square and gives the lines of
+/// its report, in order.
+///
+/// Observations are addressed (column, row) from 1, in the cyclic layout of treatments
+/// (treatmentOf()); n is the order of the square and alpha the significance level as a fraction.
+/// The program offers orders 3 to 6; a file can bring any other from 1 on, and then what cannot be
+/// computed, a critical value without degrees of freedom included, is reported as "NAN" and never
+/// makes a test reject. Numbers carry the user's decimal
+/// separator.
+namespace stats {
+
+/// The classical F test: the analysis-of-variance table, or, where the error variance is exactly
+/// zero, a report that says so. A source is marked when its F exceeds the critical value strictly.
+QStringList FTest(const TMatrix& observations, int n, double alpha);
+
+/// Zimmerman's rank test against F(n - 1, n (n - 1)); Z equal to the critical value rejects.
+QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha);
+
+/// Bennett's rank test against chi-square with n - 1 degrees of freedom; equality rejects.
+QStringList BennettTest(const TMatrix& observations, int n, double alpha);
+
+/// An exact distribution on its way to a graph: first the values, ascending, then as many
+/// probabilities. Order 3 has 86 values of C and 112 of M.
+using ExactValues = std::array<double, 1000>;
+
+/// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
+/// from the program's generator, so that two runs on one square differ: their z by some per cent.
+/// Beyond largestSimulatedOrder the report says that C is not approximated, and decides nothing.
+///
+/// The exact case sets exactAvailable and fills values and exactCount; any other clears
+/// exactAvailable and leaves them alone. The title is set always.
+QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,
+                  bool& exactAvailable, int& exactCount, QString& exactTitle);
+
+/// Sequence test M: exact up to order 3, against F(n - 1, n (n - 1)) beyond, where equality
+/// rejects. Outputs as for TestC().
+QStringList TestM(const TMatrix& observations, int n, double alpha, ExactValues& values,
+                  bool& exactAvailable, int& exactCount, QString& exactTitle);
+
+} // namespace stats

@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "distribution/Frmgraf.h"
+
+#include "base/NumberText.h"
+#include "chart/control/RChart.h"
+#include "distribution/SequenceDistributions.h"
+#include "support/Golden.h"
+#include "support/ScriptedDialogs.h"
+#include "support/Text.h"
+#include "support/UserLocale.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QMenu>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QSplitter>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using chart::TRChart;
+using distribution::TGrafica;
+
+namespace {
+
+class Grafica : public ::testing::Test {
+protected:
+    TRChart& upper() { return *window->findChild<TRChart*>(QStringLiteral("Graph")); }
+    TRChart& lower() { return *window->findChild<TRChart*>(QStringLiteral("Graph2")); }
+    QAction& entry(const char* name)
+    {
+        return *window->findChild<QAction*>(QString::fromLatin1(name));
+    }
+    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+
+    static QByteArray bytesOf(const QString& fileName)
+    {
+        QFile file(fileName);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void showC() { showDistribution(sequences::statisticC, 'C'); }
+    void showM() { showDistribution(sequences::statisticM, 'M'); }
+
+    QTemporaryDir folder;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<TGrafica> window = std::make_unique<TGrafica>(dialogs);
+
+private:
+    void showDistribution(sequences::Statistic statistic, char letter)
+    {
+        const std::vector<double> values = sequences::exactDistribution(statistic);
+        const QLatin1Char name(letter);
+        window->setDistribution(
+            values, static_cast<int>(values.size() / 2),
+            QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(name),
+            QString(name).toLower());
+        window->ShowDistribution();
+    }
+
+    UserLocale m_point{"C"};
+};
+
+} // namespace
+
+TEST_F(Grafica, BeginsAsItsForm)
+{
+    EXPECT_EQ(window->objectName(), QStringLiteral("Grafica"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Gráfica"));
+    EXPECT_EQ(window->sizeHint(), QSize(544, 375));
+    EXPECT_EQ(upper().Caption(), QStringLiteral("Gráfica"));
+    EXPECT_EQ(upper().IdAbscissa(), QStringLiteral("Valor"));
+    EXPECT_EQ(upper().IdOrdinate(), QStringLiteral("P(X=k)"));
+    EXPECT_EQ(upper().DecPlaceX(), 3);
+    EXPECT_EQ(upper().DecPlaceY(), 4);
+    EXPECT_EQ(lower().Caption(), QStringLiteral("Distrib. Acumulada"));
+    EXPECT_EQ(lower().IdAbscissa(), QStringLiteral("Valor"));
+    EXPECT_EQ(lower().IdOrdinate(), QStringLiteral("P(X<=k)"));
+    EXPECT_EQ(lower().DecPlaceX(), 2);
+    EXPECT_EQ(lower().DecPlaceY(), 3);
+    for (TRChart* chart : {&upper(), &lower()}) {
+        EXPECT_TRUE(chart->AutoRedraw());
+        EXPECT_EQ(chart->GridStyle(), chart::GridStyle::gsHorizDotLines);
+        EXPECT_EQ(chart->RangeLoX(), 0.0L);
+        EXPECT_EQ(chart->RangeHiX(), 10.0L);
+        EXPECT_EQ(chart->RangeLoY(), 0.0L);
+        EXPECT_EQ(chart->RangeHiY(), 10.0L);
+        EXPECT_EQ(chart->MinTickX(), 8);
+        EXPECT_EQ(chart->MinRangeX(), 1e-10);
+        EXPECT_EQ(chart->MinRangeY(), 1e-10);
+        EXPECT_EQ(chart->MouseAction(), chart::MouseAction::maZoomDrag);
+        EXPECT_EQ(chart->ShadowStyle(), chart::ShadowStyle::ssFlying);
+        EXPECT_TRUE(chart->ShortTicksX() && chart->ShortTicksY());
+        EXPECT_FALSE(chart->LogScaleX() || chart->LogScaleY());
+        EXPECT_EQ(chart->XLabelType(), chart::LabelType::ftNum);
+        EXPECT_EQ(chart->CrossHair4().mode, chart::CrossHairMode::chOff);
+        EXPECT_EQ(chart->TextBkStyle(), chart::TextBkStyle::tbClear);
+        EXPECT_EQ(chart->TextAlignment(), chart::TextAlignment::taCenter);
+        EXPECT_FALSE(chart->accessibleName().isEmpty());
+    }
+}
+
+TEST_F(Grafica, ChartsShareTheWindowBySplitter)
+{
+    window->show();
+    QApplication::processEvents();
+    const auto* splitter = window->findChild<QSplitter*>(QStringLiteral("Splitter1"));
+    ASSERT_NE(splitter, nullptr);
+    EXPECT_EQ(splitter->handleWidth(), 3);
+    EXPECT_EQ(lower().height(), 160);
+    EXPECT_EQ(upper().height(), 375 - 3 - 160);
+    window->resize(800, 600);
+    QApplication::processEvents();
+    EXPECT_EQ(lower().height(), 160);
+}
+
+TEST_F(Grafica, MenuHasItsEntries)
+{
+    QMenu* menu = window->menu();
+    EXPECT_EQ(menu->title(), QStringLiteral("&Gráfica"));
+    EXPECT_EQ(menu->objectName(), QStringLiteral("Grfica1"));
+    QStringList captions;
+    for (const QAction* action : menu->actions())
+        captions += action->text();
+    EXPECT_EQ(captions,
+              (QStringList{QStringLiteral("&Guardar Gráfica..."),
+                           QStringLiteral("Guarda Gráfica &Acumulada..."),
+                           QStringLiteral("Guardar &Datos..."), QStringLiteral("&Copiar Gráfica"),
+                           QStringLiteral("Copiar Acumu&lada")}));
+    EXPECT_EQ(entry("GuardarDatos1").shortcut(), QKeySequence(Qt::Key_F2));
+}
+
+TEST_F(Grafica, ShowsTheDistributionOnBothCharts)
+{
+    showC();
+    EXPECT_EQ(window->windowTitle(),
+              QStringLiteral("Distribución exacta de C para cuadrados de 3x3"));
+    EXPECT_EQ(upper().Caption(), window->windowTitle());
+    EXPECT_EQ(lower().Caption(), QStringLiteral("Distrib. Acumulada"));
+    EXPECT_EQ(upper().IdAbscissa(), QStringLiteral("Valor C"));
+    EXPECT_EQ(upper().IdOrdinate(), QStringLiteral("P(C=c)"));
+    EXPECT_EQ(lower().IdAbscissa(), QStringLiteral("Valor C"));
+    EXPECT_EQ(lower().IdOrdinate(), QStringLiteral("P(C<=c)"));
+    for (TRChart* chart : {&upper(), &lower()}) {
+        EXPECT_EQ(chart->items().counters()[8], 1U);
+        EXPECT_EQ(chart->items().counters()[3], 85U);
+    }
+    EXPECT_EQ(upper().items().begin()->attributes.color, 0xff000000U);
+    EXPECT_EQ(lower().items().begin()->attributes.color, 0xff0000ffU);
+    // From 0 to 53/270, and up to 1, with 2 % on every side.
+    EXPECT_NEAR(static_cast<double>(upper().RangeLoX()), -0.02 * 53 / 270, 1e-12);
+    EXPECT_NEAR(static_cast<double>(upper().RangeHiX()), 1.02 * 53 / 270, 1e-12);
+    const double first = lower().items().begin()->y;
+    EXPECT_NEAR(static_cast<double>(lower().RangeHiY()), 1.0 + 0.02 * (1.0 - first), 1e-12);
+
+    showM();
+    EXPECT_EQ(upper().IdOrdinate(), QStringLiteral("P(M=m)"));
+    EXPECT_EQ(upper().items().size(), 112U);
+}
+
+TEST_F(Grafica, PlotsHaveOneLeftEdge)
+{
+    showC();
+    window->show();
+    QApplication::processEvents();
+    EXPECT_EQ(upper().LRim(), lower().LRim());
+}
+
+TEST_F(Grafica, LastCumulativeValueIsOne)
+{
+    for (const bool isC : {true, false}) {
+        isC ? showC() : showM();
+        EXPECT_EQ(base::generalText(std::prev(lower().items().end())->y), QStringLiteral("1"));
+    }
+}
+
+TEST_F(Grafica, OneValueIsOneMoveAndAMinimumRange)
+{
+    const double values[] = {0.5, 1.0};
+    window->setDistribution(values, 1, QStringLiteral("Una"), QStringLiteral("c"));
+    window->ShowDistribution();
+    for (TRChart* chart : {&upper(), &lower()}) {
+        EXPECT_EQ(chart->items().size(), 1U);
+        EXPECT_EQ(chart->items().begin()->kind, chart::ItemKind::Move);
+        EXPECT_NEAR(static_cast<double>((chart->RangeHiX() - chart->RangeLoX()) / 1e-10L), 1.0,
+                    1e-6);
+    }
+}
+
+TEST_F(Grafica, TakesNoMoreValuesThanItHasRoomFor)
+{
+    const std::vector<double> values(1200, 0.25);
+    window->setDistribution(values, 600, {}, QStringLiteral("c"));
+    EXPECT_EQ(window->distribution().Count, 500);
+    window->setDistribution(std::span(values).first(7), 5, {}, QStringLiteral("c"));
+    EXPECT_EQ(window->distribution().Count, 3);
+    window->setDistribution({}, -1, {}, QStringLiteral("c"));
+    EXPECT_EQ(window->distribution().Count, 0);
+    window->ShowDistribution();
+    EXPECT_EQ(upper().items().size(), 0U);
+}
+
+TEST_F(Grafica, TableHasItsLayout)
+{
+    for (const bool isC : {true, false}) {
+        isC ? showC() : showM();
+        dialogs.saveAnswers = {path("datos.txt")};
+        entry("GuardarDatos1").trigger();
+        const QByteArray table = bytesOf(path("datos.txt"));
+        EXPECT_TRUE(
+            matchesGolden(isC ? "distribution/data/tabla_c.txt" : "distribution/data/tabla_m.txt",
+                          table.toStdString()));
+        const QList<QByteArray> lines = table.split('\n');
+        ASSERT_EQ(lines.size(), (isC ? 86 : 112) + 3); // title, header, and nothing behind the end
+        EXPECT_EQ(lines[1], QByteArray("                Valor ") + (isC ? "c" : "m") +
+                                "             p(x)                   F(x)      \r");
+        for (qsizetype i = 2; i < lines.size() - 1; ++i) {
+            EXPECT_EQ(lines[i].size(), 3 * 23 + 1);
+            EXPECT_TRUE(lines[i].endsWith('\r'));
+        }
+        EXPECT_TRUE(lines[lines.size() - 2].endsWith("                      1\r"));
+        EXPECT_TRUE(lines.last().isEmpty());
+    }
+    EXPECT_EQ(dialogs.saveRequests.front().fileName, QStringLiteral("datos.txt"));
+    EXPECT_EQ(dialogs.saveRequests.front().suffix, QStringLiteral("txt"));
+    EXPECT_EQ(dialogs.saveRequests.front().filter, QStringLiteral("Archivos de texto (TXT)|*.txt"));
+    EXPECT_FALSE(dialogs.saveRequests.front().confirmOverwrite);
+}
+
+TEST_F(Grafica, TableUsesTheUsersSeparator)
+{
+    const UserLocale comma("es_ES");
+    const double values[] = {0.5, 1e-7, 0.25, 0.75};
+    window->setDistribution(values, 2, QStringLiteral("Título"), QStringLiteral("c"));
+    EXPECT_EQ(
+        distributionTable(window->distribution()),
+        QByteArray("Título\r\n"
+                   "                Valor c             p(x)                   F(x)      \r\n"
+                   "                    0,5                   0,25                   0,25\r\n"
+                   "                   1E-7                   0,75                      1\r\n"));
+}
+
+TEST_F(Grafica, TableKeepsTextsThatAreTooLongForTheirColumn)
+{
+    window->setDistribution({}, 0, {}, QStringLiteral("de un nombre muy largo"));
+    EXPECT_TRUE(distributionTable(window->distribution())
+                    .startsWith("\r\nValor de un nombre muy largo             p(x)"));
+}
+
+TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
+{
+    showC();
+    dialogs.saveAnswers = {path("uno.dos.dat"), path("acumulada.bmp")};
+    entry("GuardarGrfica1").trigger();
+    entry("GuardaGrficaAcumulada1").trigger();
+    const auto read = [&](const char* name) {
+        return QImage::fromData(bytesOf(path(name)), "BMP").convertToFormat(QImage::Format_RGB32);
+    };
+    EXPECT_EQ(read("uno.bmp"), upper().picture(false));
+    EXPECT_EQ(read("acumulada.bmp"), lower().picture(false));
+    const window::FileRequest& request = dialogs.saveRequests.front();
+    EXPECT_EQ(request.fileName, QStringLiteral("grafica.bmp"));
+    EXPECT_EQ(request.suffix, QStringLiteral("bmp"));
+    EXPECT_EQ(request.filter, QStringLiteral("Mapa de Bits (BMP)|*.bmp"));
+    EXPECT_TRUE(request.confirmOverwrite);
+    ASSERT_TRUE(request.writtenName);
+    EXPECT_EQ(request.writtenName(path("uno.dos.dat")), path("uno.bmp"));
+    EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(Grafica, CancelledDialogsWriteNothing)
+{
+    showC();
+    dialogs.saveAnswers = {std::nullopt, std::nullopt, std::nullopt};
+    entry("GuardarGrfica1").trigger();
+    entry("GuardaGrficaAcumulada1").trigger();
+    entry("GuardarDatos1").trigger();
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(Grafica, FailedSavesNameTheFileAndTheReason)
+{
+    showC();
+    dialogs.saveAnswers = {path("no/a.b.dat"), std::nullopt, path("no/datos.txt"), std::nullopt};
+    entry("GuardarGrfica1").trigger();
+    entry("GuardarDatos1").trigger();
+    ASSERT_EQ(dialogs.errors.size(), 2U);
+    EXPECT_TRUE(dialogs.errors[0].text.contains(path("no/a.bmp")));
+    EXPECT_TRUE(dialogs.errors[1].text.contains(path("no/datos.txt")));
+    EXPECT_GT(dialogs.errors[0].text.section(QLatin1Char('\n'), 1).size(), 10);
+}
+
+TEST_F(Grafica, ChartOfNoSizeIsAnErrorBox)
+{
+    showC();
+    lower().resize(500, 0);
+    dialogs.saveAnswers = {path("a.bmp"), std::nullopt};
+    entry("GuardaGrficaAcumulada1").trigger();
+    entry("Copiar1").trigger();
+    ASSERT_EQ(dialogs.errors.size(), 2U);
+    EXPECT_TRUE(dialogs.errors[0].text.contains(QStringLiteral("no tiene tamaño")));
+    EXPECT_FALSE(QFile::exists(path("a.bmp")));
+}
+
+TEST_F(Grafica, ChartsAreCopied)
+{
+    showM();
+    const auto copied = [] {
+        return QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
+    };
+    entry("CopiarGrfica1").trigger();
+    EXPECT_EQ(copied(), upper().picture(false));
+    entry("Copiar1").trigger();
+    EXPECT_EQ(copied(), lower().picture(false));
+}
+
+TEST_F(Grafica, StatusLineTellsHowToZoom)
+{
+    const QSignalSpy status(window.get(), &window::ChildWindow::statusText);
+    window->FormActivate();
+    window->FormDeactivate();
+    ASSERT_EQ(status.size(), 2);
+    EXPECT_TRUE(status[0][0].toString().contains(QStringLiteral("Esc")));
+    EXPECT_EQ(status[1][0].toString(), QStringLiteral("Listo."));
+}
+
+TEST_F(Grafica, IsDestroyedWhenItIsClosed)
+{
+    const QPointer<TGrafica> watched = new TGrafica(dialogs);
+    watched->show();
+    watched->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(watched.isNull());
+}
+
+TEST_F(Grafica, SeveralWindowsKeepTheirOwnDistributions)
+{
+    showC();
+    TGrafica other(dialogs);
+    const double values[] = {1.0, 2.0, 0.5, 0.5};
+    other.setDistribution(values, 2, QStringLiteral("Otra"), QStringLiteral("m"));
+    other.ShowDistribution();
+    EXPECT_EQ(window->distribution().Count, 86);
+    EXPECT_EQ(upper().items().size(), 86U);
+}

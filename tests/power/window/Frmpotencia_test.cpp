@@ -1,0 +1,325 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "power/window/PowerFixture.h"
+
+#include "power/window/CurveColors.h"
+#include "support/FileSizeLimit.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFrame>
+#include <QImage>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QScreen>
+#include <QTemporaryDir>
+
+namespace power {
+namespace {
+
+/// What a study would log if it were the next one of the program.
+QStringList nextLog(const StudySettings& settings)
+{
+    class Record : public StudyObserver {
+    public:
+        QStringList lines;
+        void logLine(const QString& line) override { lines << line; }
+        void pointDone(const PowerPoint&) override {}
+    };
+    Aleatorio generator = programAleatorio();
+    stats::RandomIntegers integers = stats::programIntegers();
+    Record record;
+    runPowerStudy(settings, generator, integers, record);
+    return record.lines;
+}
+
+} // namespace
+
+TEST_F(PowerWindow, BeginsAsItsForm)
+{
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Potencia"));
+    EXPECT_EQ(button("BtnCalcular").text(), QStringLiteral("Calcular"));
+    EXPECT_EQ(button("BtnSig").text(), QStringLiteral("Nivel de Significancia 95%"));
+    EXPECT_EQ(button("BtnDist").text(), QStringLiteral("Distribución Uniforme"));
+    EXPECT_EQ(in<QLabel>(*window, "Label1").text(), QStringLiteral("Tamaño del cuadrado:"));
+    EXPECT_EQ(in<QLabel>(*window, "Label2").text(), QStringLiteral("Número de Pruebas"));
+    EXPECT_EQ(edit("Edit1").text(), QStringLiteral("3"));
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000"));
+    EXPECT_EQ(upDown("UpDown1").minimum(), 3);
+    EXPECT_EQ(upDown("UpDown1").maximum(), 6);
+    EXPECT_EQ(upDown("UpDown2").minimum(), 500);
+    EXPECT_EQ(upDown("UpDown2").maximum(), 5000);
+    EXPECT_EQ(upDown("UpDown2").singleStep(), 100);
+    EXPECT_EQ(graph().Caption(), QStringLiteral("Potencias"));
+    EXPECT_EQ(log(), QStringList{QString()});
+    EXPECT_EQ(window->menu()->title(), QStringLiteral("&Potencia"));
+    EXPECT_EQ(window->menu()->actions().at(0)->text(), QStringLiteral("Guardar &Grafica..."));
+    EXPECT_EQ(window->menu()->actions().at(1)->text(), QStringLiteral("Guardar &Reporte..."));
+    EXPECT_EQ(popup("MenuSig").actions().size(), 4);
+    EXPECT_EQ(popup("MenuDist").actions().size(), 3);
+}
+
+TEST_F(PowerWindow, TheLegendShowsTheCurvesColours)
+{
+    const auto colorOf = [this](const char* name) {
+        return in<QFrame>(*window, name).palette().color(QPalette::Window);
+    };
+    EXPECT_EQ(colorOf("Shape1"), colorOfZimmerman);
+    EXPECT_EQ(colorOf("Shape2"), colorOfBennett);
+    EXPECT_EQ(colorOf("Shape3"), colorOfC);
+    EXPECT_EQ(colorOf("Shape4"), colorOfM);
+    EXPECT_EQ(in<QLabel>(*window, "LabelLeyenda1").text(), QStringLiteral("Prueba de Zimmerman"));
+    EXPECT_EQ(in<QLabel>(*window, "LabelLeyenda2").text(), QStringLiteral("Prueba de Bennett"));
+    EXPECT_EQ(in<QLabel>(*window, "LabelLeyenda3").text(), QStringLiteral("Prueba C"));
+    EXPECT_EQ(in<QLabel>(*window, "LabelLeyenda4").text(), QStringLiteral("Prueba M"));
+}
+
+TEST_F(PowerWindow, ShowsItsSettingsWholeWhetherWideOrNarrow)
+{
+    EXPECT_LT(window->minimumSizeHint().width(), 620) << "two stand side by side in 1280 pixels";
+    const QSize wide = window->size();
+    const QSize narrow(window->minimumSizeHint().width(), wide.height());
+    const auto isFolded = [this] {
+        return button("BtnSig").y() > button("BtnCalcular").geometry().bottom();
+    };
+    for (const char* kind : {"Uniforme1", "Exponencial1", "Triangular1"}) {
+        choose(*window, "BtnDist", "MenuDist", kind);
+        for (const QSize& size : {narrow, wide}) {
+            window->resize(size);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(isFolded(), size == narrow) << kind;
+            for (const char* name : {"BtnCalcular", "BtnSig", "BtnDist"}) {
+                const QPushButton& shown = button(name);
+                EXPECT_GE(shown.width(), shown.sizeHint().width()) << name << " of " << kind;
+                EXPECT_TRUE(shown.parentWidget()->rect().contains(shown.geometry())) << name;
+            }
+        }
+    }
+}
+
+TEST_F(PowerWindow, EveryWidgetOfTheFormHasANameForAssistiveTechnology)
+{
+    for (const char* name : {"BtnCalcular", "BtnSig", "BtnDist", "UpDown1", "UpDown2", "Edit1",
+                             "Edit2", "Graph", "log", "Panel1", "Panel2"})
+        EXPECT_FALSE(in<QWidget>(*window, name).accessibleName().isEmpty()) << name;
+}
+
+/// With real clicks: all orders, error distributions and levels.
+TEST_F(PowerWindow, RunsEverySetting)
+{
+    struct Choice {
+        const char* entry;
+        QString caption;
+    };
+    const Choice levels[] = {{"N901", QStringLiteral("Nivel de Significancia 90%")},
+                             {"N951", QStringLiteral("Nivel de Significancia 95%")},
+                             {"N981", QStringLiteral("Nivel de Significancia 98%")},
+                             {"N991", QStringLiteral("Nivel de Significancia 99%")}};
+    const double levelValues[] = {0.90, 0.95, 0.98, 0.99};
+    const Choice kinds[] = {{"Uniforme1", QStringLiteral("Distribución Uniforme")},
+                            {"Exponencial1", QStringLiteral("Distribución Exponencial")},
+                            {"Triangular1", QStringLiteral("Distribución Triangular [0,1]")}};
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    QStringList expected{QString()};
+    for (int order = 3; order <= 6; ++order) {
+        for (std::size_t kind = 0; kind < std::size(kinds); ++kind) {
+            choose(*window, "BtnDist", "MenuDist", kinds[kind].entry);
+            EXPECT_EQ(button("BtnDist").text(), kinds[kind].caption);
+            for (std::size_t level = 0; level < std::size(levels); ++level) {
+                choose(*window, "BtnSig", "MenuSig", levels[level].entry);
+                EXPECT_EQ(button("BtnSig").text(), levels[level].caption);
+                expected += nextLog({order, 500, levelValues[level], static_cast<ErrorKind>(kind)});
+                click(button("BtnCalcular"));
+                ASSERT_EQ(log(), expected);
+            }
+        }
+        QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up);
+    }
+}
+
+TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
+{
+    click(button("BtnCalcular"));
+    EXPECT_EQ(countOf(chart::ItemKind::Move), 4 * 21);
+    EXPECT_EQ(countOf(chart::ItemKind::Line), 4 * 21);
+    EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21);
+    EXPECT_LT(graph().RangeLoX(), 0.0L);
+    EXPECT_GT(graph().RangeHiX(), 1.0L);
+    click(button("BtnCalcular"));
+    EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21) << "each study starts afresh";
+}
+
+TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
+{
+    edit("Edit1").selectAll();
+    QTest::keyClicks(&edit("Edit1"), QStringLiteral("5"));
+    edit("Edit2").selectAll();
+    QTest::keyClicks(&edit("Edit2"), QStringLiteral("700"));
+    const QStringList expected = QStringList{QString()} + nextLog({3, 1000, 0.95});
+    click(button("BtnCalcular"));
+    EXPECT_EQ(log(), expected);
+
+    QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up); // from the 5 that stands there
+    EXPECT_EQ(upDown("UpDown1").Position(), 6);
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    EXPECT_EQ(upDown("UpDown2").Position(), 600);
+    const QStringList next = expected + nextLog({6, 600, 0.95});
+    click(button("BtnCalcular"));
+    EXPECT_EQ(log(), next);
+}
+
+TEST_F(PowerWindow, ArrowsStopAtTheirLimits)
+{
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up);
+    EXPECT_EQ(edit("Edit1").text(), QStringLiteral("6"));
+    for (int i = 0; i < 60; ++i)
+        QTest::keyClick(&upDown("UpDown2"), Qt::Key_Up);
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("5.000"));
+    for (int i = 0; i < 60; ++i)
+        QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("500"));
+    edit("Edit1").selectAll();
+    QTest::keyClicks(&edit("Edit1"), QStringLiteral("9x"));
+    QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up);
+    EXPECT_LE(upDown("UpDown1").Position(), 6);
+}
+
+TEST_F(PowerWindow, PopupsStandWhereTheSumsSay)
+{
+    window->move(12, 21);
+    const QRect area = window->screen()->availableGeometry();
+    for (const auto& [name, menu] : {std::pair("BtnSig", "MenuSig"), {"BtnDist", "MenuDist"}}) {
+        const QPushButton& opener = button(name);
+        click(button(name));
+        const int sum = window->x() + opener.x() + 10;
+        // The test's screen is hardly wider than the window.
+        EXPECT_EQ(popup(menu).x(), std::min(sum, area.right() + 1 - popup(menu).width()));
+        EXPECT_EQ(popup(menu).y(), window->y() + opener.y() + opener.height() + 90);
+        popup(menu).close();
+    }
+}
+
+TEST_F(PowerWindow, PopupsStayOnTheScreen)
+{
+    const QRect area = window->screen()->availableGeometry();
+    window->move(area.right() - 40, area.bottom() - 40);
+    button("BtnSig").click();
+    EXPECT_TRUE(area.contains(popup("MenuSig").geometry()));
+    EXPECT_EQ(popup("MenuSig").geometry().bottomRight(), area.bottomRight());
+    popup("MenuSig").close();
+}
+
+TEST_F(PowerWindow, InAFrameThePopupsCountFromTheChildsFrame)
+{
+    QMdiArea area;
+    area.resize(1000, 700);
+    auto* child = new TPotencia(dialogs);
+    QMdiSubWindow* frame = area.addSubWindow(child);
+    area.show();
+    frame->move(15, 25);
+    const auto& opener = in<QPushButton>(*child, "BtnSig");
+    in<QPushButton>(*child, "BtnSig").click();
+    EXPECT_EQ(in<QMenu>(*child, "MenuSig").pos(),
+              QPoint(15 + opener.x() + 10, 25 + opener.y() + opener.height() + 90));
+}
+
+TEST_F(PowerWindow, SavesTheLogWithItsEmptyFirstLine)
+{
+    QTemporaryDir folder;
+    click(button("BtnCalcular"));
+    dialogs.saveAnswers = {folder.filePath(QStringLiteral("r.txt")), std::nullopt};
+    window->menu()->actions().at(1)->trigger();
+    ASSERT_EQ(dialogs.saveRequests.size(), 1U);
+    EXPECT_EQ(dialogs.saveRequests[0].title, QStringLiteral("Guardar Reporte"));
+    EXPECT_EQ(dialogs.saveRequests[0].fileName, QStringLiteral("reporte.txt"));
+    EXPECT_EQ(dialogs.saveRequests[0].suffix, QStringLiteral("txt"));
+    EXPECT_EQ(dialogs.saveRequests[0].filter, QStringLiteral("Texto|*.txt"));
+    EXPECT_TRUE(dialogs.saveRequests[0].confirmOverwrite);
+    QFile file(folder.filePath(QStringLiteral("r.txt")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    EXPECT_EQ(QString::fromUtf8(bytes),
+              log().join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
+    EXPECT_TRUE(bytes.startsWith("\r\nIniciado an\xc3\xa1lisis de potencia"));
+    window->GuardarReporte1Click(); // cancelled
+    EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(PowerWindow, SavesTheGraph)
+{
+    QTemporaryDir folder;
+    click(button("BtnCalcular"));
+    dialogs.saveAnswers = {folder.filePath(QStringLiteral("p.bmp")), std::nullopt};
+    window->menu()->actions().at(0)->trigger();
+    ASSERT_EQ(dialogs.saveRequests.size(), 1U);
+    EXPECT_EQ(dialogs.saveRequests[0].title, QStringLiteral("Guardar Gráfica de Potencia"));
+    EXPECT_EQ(dialogs.saveRequests[0].fileName, QStringLiteral("grafica potencia.bmp"));
+    EXPECT_EQ(dialogs.saveRequests[0].suffix, QStringLiteral("bmp"));
+    EXPECT_EQ(dialogs.saveRequests[0].filter, QStringLiteral("Mapa de bits (BMP)|*.bmp"));
+    EXPECT_EQ(QImage(folder.filePath(QStringLiteral("p.bmp"))).size(), graph().size());
+    window->GuardarGrafica1Click(); // cancelled
+    EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(PowerWindow, AFailedSaveNamesFileAndReason)
+{
+    const QString nowhere = QStringLiteral("/nonexistent/folder/x.txt");
+    dialogs.saveAnswers = {nowhere, std::nullopt, QStringLiteral("/nonexistent/folder/x"),
+                           std::nullopt};
+    window->GuardarReporte1Click();
+    window->GuardarGrafica1Click();
+    ASSERT_EQ(dialogs.saveRequests.size(), 4U); // each comes back with the name
+    EXPECT_EQ(dialogs.saveRequests[1].fileName, nowhere);
+    EXPECT_EQ(dialogs.saveRequests[3].fileName, QStringLiteral("/nonexistent/folder/x"));
+    ASSERT_EQ(dialogs.errors.size(), 2U);
+    EXPECT_TRUE(dialogs.errors[0].text.contains(nowhere));
+    EXPECT_TRUE(dialogs.errors[1].text.contains(QStringLiteral("x.bmp")));
+
+    QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("r.txt"));
+    QFile old(name);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    click(button("BtnCalcular"));
+    dialogs.saveAnswers = {name, std::nullopt};
+    {
+        const FileSizeLimit full(100);
+        window->GuardarReporte1Click();
+    }
+    EXPECT_EQ(dialogs.errors.size(), 3U);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), QByteArray("old"));
+}
+
+TEST_F(PowerWindow, TwoWindowsKeepTheirOwnSettings)
+{
+    TPotencia other(dialogs);
+    other.setAttribute(Qt::WA_DeleteOnClose, false);
+    other.show();
+    choose(other, "BtnDist", "MenuDist", "Triangular1");
+    QTest::keyClick(&in<UpDown>(other, "UpDown1"), Qt::Key_Up);
+
+    const QStringList ofFirst = QStringList{QString()} + nextLog({3, 1000, 0.95});
+    click(button("BtnCalcular"));
+    const QStringList ofOther =
+        QStringList{QString()} + nextLog({4, 1000, 0.95, ErrorKind::Triangular});
+    click(in<QPushButton>(other, "BtnCalcular"));
+    EXPECT_EQ(log(), ofFirst);
+    EXPECT_EQ(logOf(other), ofOther);
+    EXPECT_EQ(button("BtnDist").text(), QStringLiteral("Distribución Uniforme"));
+}
+
+TEST_F(PowerWindow, ClosingFreesIt)
+{
+    QPointer<TPotencia> doomed = new TPotencia(dialogs);
+    doomed->show();
+    doomed->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(doomed);
+}
+
+} // namespace power

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFile.h"
+#include "square/file/LoadedSquare.h"
+#include "square/file/SquareBytes.h"
+#include "square/file/SquareFile.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include <array>
+
+using namespace squarebytes;
+
+namespace {
+
+QDir samples()
+{
+    return QDir(QStringLiteral(CL_SOURCE_DIR "/ejemplos"));
+}
+
+square::SquareData sample(const char* name)
+{
+    const square::LoadedSquare loaded = square::loadSquare(samples().filePath(utf8(name)));
+    EXPECT_EQ(loaded.code, 0) << name;
+    return loaded.data.value_or(square::SquareData(1, 1));
+}
+
+/// The observation of each treatment letter in the row and the column of these names.
+double cell(const square::SquareData& data, const char* row, const char* column, char treatment)
+{
+    const int r = int(rowNames(data).indexOf(utf8(row))) + 1;
+    const int c = int(columnNames(data).indexOf(utf8(column))) + 1;
+    if (r == 0 || c == 0) {
+        ADD_FAILURE() << "no row " << row << " or column " << column;
+        return 0.0;
+    }
+    EXPECT_EQ((c + r - 2) % data.NrOfColumns(), treatment - 'A') << row << ", " << column;
+    return data.observation(c, r);
+}
+
+} // namespace
+
+TEST(Samples, EveryOneIsAsTheProgramWritesIt)
+{
+    const QStringList names = samples().entryList({QStringLiteral("*.asc")}, QDir::Files);
+    EXPECT_EQ(names.size(), 4);
+    for (const QString& name : names) {
+        const QString path = samples().filePath(name);
+        const square::LoadedSquare loaded = square::loadSquare(path);
+        ASSERT_EQ(loaded.code, 0) << name.toStdString();
+        EXPECT_EQ(square::encode(*loaded.data, path).bytes, base::readFile(path))
+            << name.toStdString();
+        EXPECT_FALSE(square::encodingChangesValues(*loaded.data)) << name.toStdString();
+        EXPECT_FALSE(loaded.data->Identifier().startsWith("Exported by")) << name.toStdString();
+    }
+}
+
+/// Montgomery, Design and Analysis of Experiments, the rocket propellant example.
+TEST(Samples, ThePropellantIsThePublishedSquare)
+{
+    const square::SquareData data = sample("propelente.asc");
+    EXPECT_EQ(observations(data),
+              std::vector<double>({24, 20, 19, 24, 24, 17, 24, 30, 27, 36, 18, 38, 26,
+                                   27, 21, 26, 31, 26, 23, 22, 22, 30, 20, 29, 31}));
+}
+
+/// The same book, the assembly-method exercise: treatment and observation as laid out in the field.
+TEST(Samples, TheAssemblySquareHoldsEveryCellOfTheFieldUnderItsNames)
+{
+    constexpr std::array<const char*, 4> field = {"C10 D14 A7 B8", "B7 C18 D11 A8", "A5 B10 C11 D9",
+                                                  "D10 A10 B12 C14"};
+    const square::SquareData data = sample("montaje.asc");
+    for (int order = 1; order <= 4; ++order) {
+        const QByteArrayList cells = QByteArray(field.at(std::size_t(order - 1))).split(' ');
+        for (int worker = 1; worker <= 4; ++worker) {
+            const QByteArray& published = cells.at(worker - 1);
+            EXPECT_EQ(cell(data, ("Orden " + QByteArray::number(order)).constData(),
+                           ("Operador " + QByteArray::number(worker)).constData(), published.at(0)),
+                      published.mid(1).toDouble());
+        }
+    }
+}
+
+TEST(Samples, MadeUpSquaresSaySo)
+{
+    for (const auto& [name, order] : {std::pair("orden3.asc", 3), {"orden6.asc", 6}}) {
+        const square::SquareData data = sample(name);
+        EXPECT_EQ(data.NrOfColumns(), order);
+        EXPECT_EQ(data.NrOfRows(), order);
+        EXPECT_TRUE(data.Identifier().startsWith("Datos inventados")) << name;
+    }
+}
