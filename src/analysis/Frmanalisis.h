@@ -37,6 +37,7 @@ public:
     TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
 
     QMenu* menu() const override { return m_menu; }
+    QString manualChapter() const override { return QStringLiteral("analisis"); }
     QSize sizeHint() const override;
 
     /// The significance level as a fraction; 0.05 at first.

@@ -28,6 +28,7 @@ public:
     explicit TGrafica(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
     QMenu* menu() const override { return m_menu; }
+    QString manualChapter() const override { return QStringLiteral("distribucion"); }
     QSize sizeHint() const override;
 
     /// Takes a distribution over, to be shown by ShowDistribution().

@@ -55,7 +55,7 @@ Browser::Browser(QWidget* parent)
 {
     setObjectName(QStringLiteral("Texto"));
     setOpenExternalLinks(false);
-    document()->setDocumentMargin(margin);
+    connect(this, &QTextBrowser::sourceChanged, this, &Browser::arrive);
 }
 
 QString Browser::chapter() const
@@ -76,13 +76,12 @@ QVariant Browser::loadResource(int type, const QUrl& name)
     return QTextBrowser::loadResource(type, name);
 }
 
-void Browser::doSetSource(const QUrl& name, QTextDocument::ResourceType type)
+/// By a link, by the way back, or anew: the text is there, as Markdown left it.
+void Browser::arrive(const QUrl& place)
 {
-    QTextBrowser::doSetSource(name, type);
-    document()->setDocumentMargin(margin);
     format();
-    if (name.hasFragment())
-        scrollToHeading(name.fragment(QUrl::FullyDecoded));
+    if (place.hasFragment())
+        scrollToHeading(place.fragment(QUrl::FullyDecoded));
     emit chapterShown(document()->firstBlock().text());
 }
 
@@ -110,6 +109,7 @@ void Browser::format()
     const QScopedValueRollback<bool> formatting(m_isFormatting, true);
     const bool undo = document()->isUndoRedoEnabled();
     document()->setUndoRedoEnabled(false);
+    document()->setDocumentMargin(margin);
     formatTables();
     formatBlocks();
     fitPictures();

@@ -24,11 +24,11 @@ signals:
     void chapterShown(const QString& title);
 
 protected:
-    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void arrive(const QUrl& place);
     void format();
     void formatBlocks();
     void formatTables();

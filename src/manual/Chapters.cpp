@@ -54,8 +54,10 @@ QString anchorOf(const QString& heading)
 {
     static const QRegularExpression punctuation(QStringLiteral("[^\\w\\s-]"),
                                                 QRegularExpression::UseUnicodePropertiesOption);
-    return heading.toLower().remove(punctuation).simplified().replace(QLatin1Char(' '),
-                                                                      QLatin1Char('-'));
+    return heading.toLower()
+        .remove(punctuation)
+        .simplified()
+        .replace(QLatin1Char(' '), QLatin1Char('-'));
 }
 
 } // namespace manual

@@ -85,9 +85,8 @@ QWidget* TManual::createToolBar()
                              QStringLiteral("Regresa a lo leído antes"), QKeySequence::Back);
     connect(back, &QAction::triggered, m_browser, &Browser::backward);
     connect(m_browser, &Browser::backwardAvailable, back, &QAction::setEnabled);
-    QAction* forward =
-        actionOf(QStringLiteral("Adelante"), QStringLiteral("Adelante"),
-                 QStringLiteral("Vuelve a lo leído después"), QKeySequence::Forward);
+    QAction* forward = actionOf(QStringLiteral("Adelante"), QStringLiteral("Adelante"),
+                                QStringLiteral("Vuelve a lo leído después"), QKeySequence::Forward);
     connect(forward, &QAction::triggered, m_browser, &Browser::forward);
     connect(m_browser, &Browser::forwardAvailable, forward, &QAction::setEnabled);
     for (QAction* action : {back, forward})
@@ -137,6 +136,7 @@ void TManual::search(From from)
     const QTextDocument::FindFlags flags =
         from == From::Previous ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     QTextCursor found = m_browser->document()->find(text, cursor, flags);
+    // While the text is being typed its reader stays in the chapter.
     if (found.isNull() && from != From::Here && searchInOtherChapters(flags))
         return;
     if (found.isNull()) {
@@ -146,12 +146,28 @@ void TManual::search(From from)
     }
     if (!found.isNull())
         m_browser->setTextCursor(found);
-    else if (from != From::Here || !searchInOtherChapters(flags))
+    else if (nextChapterThatSays(text, QTextDocument::FindFlags()).isEmpty())
         m_search->tell(QStringLiteral("No se encontró en el manual."));
+    else
+        m_search->tell(QStringLiteral("No está en este capítulo; Intro sigue en los demás."));
 }
 
 /// @return whether another chapter says what is looked for, and shows now
 bool TManual::searchInOtherChapters(QTextDocument::FindFlags flags)
+{
+    const QString chapter = nextChapterThatSays(m_search->text(), flags);
+    if (chapter.isEmpty())
+        return false;
+    m_browser->showChapter(chapter);
+    QTextCursor end(m_browser->document());
+    end.movePosition(flags.testFlag(QTextDocument::FindBackward) ? QTextCursor::End
+                                                                 : QTextCursor::Start);
+    m_browser->setTextCursor(m_browser->document()->find(m_search->text(), end, flags));
+    return true;
+}
+
+/// The nearest of the other chapters, around the end of the manual; empty where none says it.
+QString TManual::nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags) const
 {
     const QStringList all = chapters();
     const auto here = all.indexOf(m_browser->chapter());
@@ -159,15 +175,10 @@ bool TManual::searchInOtherChapters(QTextDocument::FindFlags flags)
     for (qsizetype step = 1; step < all.size(); ++step) {
         const QString& chapter =
             all.at((here + (backward ? all.size() - step : step)) % all.size());
-        if (!says(chapter, m_search->text()))
-            continue;
-        m_browser->showChapter(chapter);
-        QTextCursor end(m_browser->document());
-        end.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
-        m_browser->setTextCursor(m_browser->document()->find(m_search->text(), end, flags));
-        return true;
+        if (says(chapter, text))
+            return chapter;
     }
-    return false;
+    return {};
 }
 
 void TManual::chapterShown(const QString& title)

@@ -33,6 +33,7 @@ private:
                       const QKeySequence& key);
     void search(From from);
     bool searchInOtherChapters(QTextDocument::FindFlags flags);
+    QString nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags) const;
     void chapterShown(const QString& title);
     void openSearch();
     void leave();

@@ -2,6 +2,7 @@
 #include "shell/Principal.h"
 
 #include "analysis/Frmanalisis.h"
+#include "manual/ManualWindow.h"
 #include "power/window/Frmpotencia.h"
 #include "shell/Acercade.h"
 #include "shell/ActivationTiling.h"
@@ -64,6 +65,7 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     , m_dialogs(dialogs)
     , m_area(new QMdiArea(this))
     , m_about(new TAcerca(this))
+    , m_manual(new manual::TManual(this))
     , m_tiling(new ActivationTiling(*m_area, this))
 {
     setObjectName(QStringLiteral("Principal"));
@@ -92,6 +94,8 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     connect(nextKey, &QShortcut::activated, this, [this] { activateNeighbour(1); });
     auto* previousKey = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
     connect(previousKey, &QShortcut::activated, this, [this] { activateNeighbour(-1); });
+    auto* manualKey = new QShortcut(Qt::Key_F1, this);
+    connect(manualKey, &QShortcut::activated, this, &TPrincipal::showManual);
     setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
 }
 
@@ -154,6 +158,12 @@ void TPrincipal::Acercade1Click()
     m_about->activateWindow();
 }
 
+void TPrincipal::showManual()
+{
+    m_manual->showChapter(m_activeChild == nullptr ? QStringLiteral("ventana-principal")
+                                                   : m_activeChild->manualChapter());
+}
+
 bool TPrincipal::event(QEvent* event)
 {
     if (event->type() != QEvent::StatusTip)
@@ -173,20 +183,28 @@ void TPrincipal::changeEvent(QEvent* event)
         return;
     }
     m_leftForOwnDialog =
-        QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
+        QApplication::activeModalWidget() != nullptr || isCompanion(QApplication::focusWindow());
     if (!m_leftForOwnDialog)
         m_tiling->frameLeft();
 }
 
-/// The frame may be inactive as one of its dialogs opens, and it may be left for the About box and
+/// Whether this is one of the windows that stand beside the frame and may stay open: to look into
+/// one is not to leave the program.
+bool TPrincipal::isCompanion(const QWindow* other) const
+{
+    return other != nullptr &&
+           (other == m_about->windowHandle() || other == m_manual->windowHandle());
+}
+
+/// The frame may be inactive as one of its dialogs opens, and it may be left for a companion and
 /// come back to from another program.
 void TPrincipal::focusWindowChanged(const QWindow* focused)
 {
     const bool isAsking = QApplication::activeModalWidget() != nullptr;
-    const bool isAbout = focused != nullptr && focused == m_about->windowHandle();
-    if (isAbout || (isAsking && focused != nullptr))
+    const bool companionIsOpen = m_about->isVisible() || m_manual->isVisible();
+    if (isCompanion(focused) || (isAsking && focused != nullptr))
         m_leftForOwnDialog = true;
-    else if (focused != windowHandle() && m_about->isVisible() && !isAsking)
+    else if (focused != windowHandle() && companionIsOpen && !isAsking)
         m_leftForOwnDialog = false;
 }
 
@@ -198,6 +216,7 @@ void TPrincipal::closeEvent(QCloseEvent* event)
     for (const QMdiSubWindow* place : m_area->subWindowList())
         childIn(*place)->closeUnasked();
     m_about->close();
+    m_manual->close();
 }
 
 /// Asks the children one after the other, the one in front first, before any of them closes. The

@@ -23,6 +23,9 @@ public:
     /// the child. Null for a child without one.
     virtual QMenu* menu() const = 0;
 
+    /// The chapter of the manual that tells of this kind of window.
+    virtual QString manualChapter() const = 0;
+
     virtual void FormActivate() = 0;
     virtual void FormDeactivate() = 0;
     /// The child is closing: its last words to the status line.

@@ -33,6 +33,7 @@ public:
     explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
     QMenu* menu() const override { return m_menu; }
+    QString manualChapter() const override { return QStringLiteral("potencia"); }
     QSize sizeHint() const override;
 
 public slots:

@@ -36,6 +36,7 @@ public:
     TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
 
     QMenu* menu() const override { return m_menu; }
+    QString manualChapter() const override { return QStringLiteral("editor"); }
     void FormActivate() override;
     void FormDeactivate() override;
     void FormClose() override;
