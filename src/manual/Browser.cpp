@@ -110,8 +110,11 @@ void Browser::format()
     const bool undo = document()->isUndoRedoEnabled();
     document()->setUndoRedoEnabled(false);
     document()->setDocumentMargin(margin);
+    QTextCursor all(document());
+    all.beginEditBlock(); // to be laid out once, and not after every change
     formatTables();
     formatBlocks();
+    all.endEditBlock();
     fitPictures();
     document()->setUndoRedoEnabled(undo);
 }
@@ -178,9 +181,8 @@ void Browser::fitPictures()
             const QTextImageFormat image = piece.fragment().charFormat().toImageFormat();
             if (!image.isValid())
                 continue;
-            const QUrl name(image.name());
-            document()->addResource(QTextDocument::ImageResource, name,
-                                    fittedPicture(source().resolved(name)));
+            const QUrl url = source().resolved(QUrl(image.name()));
+            document()->addResource(QTextDocument::ImageResource, url, fittedPicture(url));
             changed = true;
         }
     }
