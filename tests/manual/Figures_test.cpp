@@ -207,8 +207,9 @@ TEST_F(ManualFigures, ThePlanIsTheHarvestsAndTheOtherSquareHasNoCyclicOrder)
         const bool isPlan = table[1][0].startsWith(QStringLiteral("Franja"));
         for (std::size_t row = 1; row < table.size(); ++row) {
             for (int column = 1; column < 5; ++column) {
-                if (isPlan)
+                if (isPlan) {
                     EXPECT_EQ(table[row][column], harvest()[row][column].left(1));
+                }
                 table[row][column] += QStringLiteral(" 1");
             }
         }
@@ -255,8 +256,9 @@ TEST_F(ManualFigures, TypedNumbers)
             const auto value = base::readTypedNumber(pieces[i]).value;
             const bool refused = table[line][1] == QStringLiteral("se rechaza");
             EXPECT_EQ(value.has_value(), !refused) << pieces[i].toStdString();
-            if (value)
+            if (value) {
                 EXPECT_EQ(*value, Chapter::number(table[line][1]));
+            }
         }
     }
     EXPECT_EQ(typed, 10);
@@ -316,8 +318,9 @@ TEST_F(ManualFigures, ThePowerOfTheExample)
                 EXPECT_EQ(Chapter::number(row[static_cast<qsizetype>(i) + 2]), rounded(power, 3));
             }
         }
-        if (order == 5)
+        if (order == 5) {
             EXPECT_TRUE(Chapter("potencia").shows(study.log.mid(0, 10)));
+        }
     }
 }
 
