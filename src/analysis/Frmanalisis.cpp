@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/Frmanalisis.h"
 
-#include "base/SafeFile.h"
+#include "controls/Memo.h"
 #include "controls/RadioGroup.h"
 #include "distribution/Frmgraf.h"
 #include "grid/model/GridError.h"
@@ -10,13 +10,10 @@
 #include "square/file/LoadedSquare.h"
 #include "square/file/ShapeNotice.h"
 #include "window/Caption.h"
-#include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
-#include "window/Saving.h"
 
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QToolButton>
 
@@ -29,11 +26,6 @@ namespace analysis {
 namespace {
 
 constexpr int decimalsShown = 3;
-
-QString windowCaption()
-{
-    return QStringLiteral("Análisis");
-}
 
 QString invitation()
 {
@@ -48,13 +40,6 @@ QStringList testCaptions(stats::Approach approach)
     return captions;
 }
 
-/// The lines of a text area; none for an empty one.
-QStringList linesOf(const QPlainTextEdit& area)
-{
-    const QString text = area.toPlainText();
-    return text.isEmpty() ? QStringList() : text.split(QLatin1Char('\n'));
-}
-
 QString failureText(const std::exception& failure)
 {
     const QString reason = dynamic_cast<const std::bad_alloc*>(&failure)
@@ -66,14 +51,9 @@ QString failureText(const std::exception& failure)
 } // namespace
 
 TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
-    : ChildWindow(parent)
-    , m_dialogs(dialogs)
+    : ChildWindow(QStringLiteral("Analisis"), QStringLiteral("Análisis"), window::Picture::Analysis,
+                  dialogs, parent)
 {
-    setObjectName(QStringLiteral("Analisis"));
-    setAccessibleName(windowCaption());
-    setWindowTitle(windowCaption());
-    setWindowIcon(window::icon(window::Picture::Analysis));
-    setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createLayout();
     resize(sizeHint());
@@ -95,16 +75,6 @@ void TAnalisis::FormActivate()
 {
     const QString notice = square::shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
     emit statusText(notice.isEmpty() ? invitation() : notice);
-}
-
-void TAnalisis::FormDeactivate()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
-void TAnalisis::FormClose()
-{
-    emit statusText(QStringLiteral("Listo."));
 }
 
 void TAnalisis::RadioGroup1Click()
@@ -138,7 +108,7 @@ void TAnalisis::SpeedButton1Click()
         m_report->setPlainText(runSelectedTest().join(QLatin1Char('\n')));
     } catch (const std::exception& failure) {
         emit statusText(invitation());
-        m_dialogs.showError(this, failureText(failure), windowCaption());
+        dialogs().showError(this, failureText(failure), plainCaption());
         return;
     }
     emit statusText(
@@ -147,7 +117,7 @@ void TAnalisis::SpeedButton1Click()
 
 void TAnalisis::veClick()
 {
-    auto* graph = new distribution::TGrafica(m_dialogs, window());
+    auto* graph = new distribution::TGrafica(dialogs(), window());
     graph->setDistribution(m_exactValues, m_exactCount, m_exactTitle, m_exactName);
     graph->ShowDistribution();
     emit graphOpened(graph);
@@ -157,15 +127,10 @@ void TAnalisis::Exportar1Click()
 {
     if (!m_datos->commitEdit())
         return;
-    QString text;
-    for (const QString& line : linesOf(*m_report))
-        text += line + QStringLiteral("\r\n");
-    window::save(
-        m_dialogs, *this,
-        {{QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
-          QStringLiteral("Archivo de Texto (*.txt)|*.txt")},
-         windowCaption(),
-         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); }});
+    // A report that a failed analysis has cleared has no lines.
+    saveLines({QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
+               QStringLiteral("Archivo de Texto (*.txt)|*.txt")},
+              m_report->document()->isEmpty() ? QStringList() : m_report->lines());
 }
 
 QStringList TAnalisis::runSelectedTest()
@@ -207,12 +172,12 @@ void TAnalisis::openPendingFile(window::HandOff& handOff)
 void TAnalisis::openChosenFile(window::HandOff& handOff)
 {
     const auto fileName =
-        m_dialogs.openFileName(this, {QStringLiteral("Abrir Archivo"), QString(),
+        dialogs().openFileName(this, {QStringLiteral("Abrir Archivo"), QString(),
                                       QStringLiteral("asc"), QStringLiteral("ASCII|*.asc")});
     handOff.fileOpened = fileName && importFile(*fileName);
     if (!handOff.fileOpened)
         return;
-    setWindowTitle(window::fileCaption(windowCaption(), *fileName));
+    setWindowTitle(window::fileCaption(plainCaption(), *fileName));
     for (int column = 1; column <= m_datos->NrOfColumns(); ++column)
         m_datos->setPrecision(column, decimalsShown);
 }
@@ -235,7 +200,7 @@ bool TAnalisis::importFile(const QString& fileName)
 
 void TAnalisis::showBadFile(const QString& problem)
 {
-    m_dialogs.showError(this, problem, QStringLiteral("Abrir Archivo"));
+    dialogs().showError(this, problem, QStringLiteral("Abrir Archivo"));
 }
 
 stats::Approach TAnalisis::selectedApproach() const

@@ -5,7 +5,6 @@
 #include "window/ChildWindow.h"
 
 class QLabel;
-class QPlainTextEdit;
 class QScrollBar;
 class QToolButton;
 
@@ -13,13 +12,13 @@ namespace grid {
 class TNTabEd;
 }
 namespace window {
-class Dialogs;
 struct HandOff;
-} // namespace window
+}
 
 namespace controls {
+class Memo;
 class RadioGroup;
-}
+} // namespace controls
 
 namespace analysis {
 
@@ -36,7 +35,6 @@ public:
     /// Both references must outlive the window.
     TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
 
-    QMenu* menu() const override { return m_menu; }
     QString manualChapter() const override { return QStringLiteral("analisis"); }
     QSize sizeHint() const override;
 
@@ -59,8 +57,6 @@ signals:
 
 public slots:
     void FormActivate() override;
-    void FormDeactivate() override;
-    void FormClose() override;
     void RadioGroup1Click();
     void ScrollBar1Change();
     void SpeedButton1Click();
@@ -94,15 +90,13 @@ private:
     QStringList runSequenceTest(SequenceTest* test, const QString& statistic,
                                 const stats::TMatrix& matrix);
 
-    window::Dialogs& m_dialogs;
-    QMenu* m_menu = nullptr;
     QToolButton* m_ve = nullptr;
     grid::TNTabEd* m_datos = nullptr;
     controls::RadioGroup* m_approaches = nullptr;
     controls::RadioGroup* m_tests = nullptr;
     QLabel* m_level = nullptr;
     QScrollBar* m_levelBar = nullptr;
-    QPlainTextEdit* m_report = nullptr;
+    controls::Memo* m_report = nullptr;
 
     double m_alpha = 0.05;
     stats::ExactValues m_exactValues{};

@@ -3,6 +3,8 @@
 #include "analysis/Frmanalisis.h"
 
 #include "controls/LevelBar.h"
+#include "controls/Memo.h"
+#include "controls/Named.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
 #include "window/Command.h"
@@ -11,7 +13,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QToolBar>
@@ -43,9 +44,9 @@ int mostTests()
 
 void TAnalisis::createMenu()
 {
-    m_menu = new QMenu(QStringLiteral("Aná&lisis"), this);
-    m_menu->setObjectName(QStringLiteral("Anlisis1"));
-    window::addEntry(*m_menu,
+    menu()->setTitle(QStringLiteral("Aná&lisis"));
+    menu()->setObjectName(QStringLiteral("Anlisis1"));
+    window::addEntry(*menu(),
                      {QStringLiteral("Exportar1"), QStringLiteral("&Exportar..."),
                       QStringLiteral("Guarda el reporte como texto"), window::Picture::Export,
                       Qt::CTRL | Qt::Key_E},
@@ -55,9 +56,8 @@ void TAnalisis::createMenu()
 void TAnalisis::createLayout()
 {
     QWidget* toolBar = createToolBar();
-    auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->setObjectName(QStringLiteral("Splitter1"));
-    splitter->setAccessibleName(QStringLiteral("División entre los datos y el reporte"));
+    auto* splitter = controls::named(new QSplitter(Qt::Vertical, this), QStringLiteral("Splitter1"),
+                                     QStringLiteral("División entre los datos y el reporte"));
     splitter->setHandleWidth(8);
     splitter->setChildrenCollapsible(false);
     QWidget* scrollBox = createScrollBox();
@@ -76,9 +76,9 @@ void TAnalisis::createLayout()
 
 QWidget* TAnalisis::createToolBar()
 {
-    auto* toolBar = new QToolBar(QStringLiteral("Análisis"), this);
-    toolBar->setObjectName(QStringLiteral("ToolBar1"));
-    toolBar->setAccessibleName(QStringLiteral("Barra de análisis"));
+    auto* toolBar =
+        controls::named(new QToolBar(QStringLiteral("Análisis"), this), QStringLiteral("ToolBar1"),
+                        QStringLiteral("Barra de análisis"));
     toolBar->setMinimumHeight(33);
     toolBar->setIconSize({16, 16});
 
@@ -108,22 +108,17 @@ QWidget* TAnalisis::createToolBar()
 
 QWidget* TAnalisis::createScrollBox()
 {
-    auto* scrollBox = new QScrollArea(this);
-    scrollBox->setObjectName(QStringLiteral("ScrollBox1"));
-    scrollBox->setAccessibleName(QStringLiteral("Datos y opciones"));
+    const QString whole = QStringLiteral("Datos y opciones");
+    auto* scrollBox = controls::named(new QScrollArea(this), QStringLiteral("ScrollBox1"), whole);
     scrollBox->setWidgetResizable(true);
     scrollBox->setFocusPolicy(Qt::NoFocus); // it follows the focus of what it holds
-    auto* content = new QWidget(scrollBox);
-    content->setObjectName(QStringLiteral("ScrollBox1Content"));
-    content->setAccessibleName(QStringLiteral("Datos y opciones"));
+    auto* content =
+        controls::named(new QWidget(scrollBox), QStringLiteral("ScrollBox1Content"), whole);
+    const QString title = QStringLiteral("DATOS A ANALIZAR");
+    auto* caption = controls::named(new QLabel(title, content), QStringLiteral("Label1"), title);
 
-    auto* caption = new QLabel(QStringLiteral("DATOS A ANALIZAR"), content);
-    caption->setObjectName(QStringLiteral("Label1"));
-    caption->setAccessibleName(caption->text());
-
-    m_datos = new grid::TNTabEd(m_dialogs, content);
-    m_datos->setObjectName(QStringLiteral("Datos"));
-    m_datos->setAccessibleName(QStringLiteral("Datos a analizar"));
+    m_datos = controls::named(new grid::TNTabEd(dialogs(), content), QStringLiteral("Datos"),
+                              QStringLiteral("Datos a analizar"));
     m_datos->setDefaultColWidth(64);
     m_datos->setHeaderColumnWidth(80);
     m_datos->setAutoAdvance(true);
@@ -142,9 +137,9 @@ QWidget* TAnalisis::createScrollBox()
 
 QWidget* TAnalisis::createOptions(QWidget* parent)
 {
-    auto* options = new QGroupBox(QStringLiteral("Opciones"), parent);
-    options->setObjectName(QStringLiteral("GroupBox1"));
-    options->setAccessibleName(options->title());
+    const QString title = QStringLiteral("Opciones");
+    auto* options =
+        controls::named(new QGroupBox(title, parent), QStringLiteral("GroupBox1"), title);
     // Wider only where the font makes a caption wider.
     options->setMinimumWidth(198);
     options->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
@@ -160,9 +155,8 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
 
     m_level = new QLabel(options);
     m_level->setObjectName(QStringLiteral("LabelConf"));
-    m_levelBar = new controls::LevelBar(options);
-    m_levelBar->setObjectName(QStringLiteral("ScrollBar1"));
-    m_levelBar->setAccessibleName(QStringLiteral("Nivel de significancia, en porcentaje"));
+    m_levelBar = controls::named(new controls::LevelBar(options), QStringLiteral("ScrollBar1"),
+                                 QStringLiteral("Nivel de significancia, en porcentaje"));
     connect(m_levelBar, &QScrollBar::valueChanged, this, &TAnalisis::ScrollBar1Change);
     m_levelBar->setRange(1, 99);
     m_levelBar->setValue(95); // which labels it
@@ -179,15 +173,10 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
 
 QWidget* TAnalisis::createReport()
 {
-    m_report = new QPlainTextEdit(QStringLiteral("REPORTE SIN GENERAR"), this);
-    m_report->setObjectName(QStringLiteral("Reporte"));
-    m_report->setAccessibleName(QStringLiteral("Reporte"));
-    // To be selected and copied but not changed: what a stray key could alter is no evidence.
-    m_report->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_report->setUndoRedoEnabled(false);
+    m_report = controls::named(new controls::Memo(QStringLiteral("REPORTE SIN GENERAR")),
+                               QStringLiteral("Reporte"), QStringLiteral("Reporte"));
     m_report->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_report->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_report->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     QFont font(QStringLiteral("Courier New"));
     font.setStyleHint(QFont::Monospace); // the tables need a fixed pitch where there is no Courier
     // Larger only for a user who has chosen larger letters than the usual 13 pixels for everything.

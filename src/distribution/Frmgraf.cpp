@@ -4,8 +4,6 @@
 #include "base/SafeFile.h"
 #include "chart/control/RChart.h"
 #include "window/Command.h"
-#include "window/Dialogs.h"
-#include "window/Saving.h"
 
 #include <QMenu>
 #include <QSplitter>
@@ -20,11 +18,6 @@ namespace {
 constexpr double fitMargin = 2.0; // percent
 constexpr int splitterHeight = 3;
 constexpr int usualLowerHeight = 160;
-
-QString windowCaption()
-{
-    return QStringLiteral("Gráfica");
-}
 
 /// The settings that both charts share.
 void setUp(chart::TRChart& chart, const QString& name, const QString& caption,
@@ -64,14 +57,9 @@ void drawCurve(chart::TRChart& chart, std::span<const double> x, std::span<const
 } // namespace
 
 TGrafica::TGrafica(window::Dialogs& dialogs, QWidget* parent)
-    : ChildWindow(parent)
-    , m_dialogs(dialogs)
+    : ChildWindow(QStringLiteral("Grafica"), QStringLiteral("Gráfica"), window::Picture::Graph,
+                  dialogs, parent)
 {
-    setObjectName(QStringLiteral("Grafica"));
-    setAccessibleName(windowCaption());
-    setWindowTitle(windowCaption());
-    setWindowIcon(window::icon(window::Picture::Graph));
-    setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createCharts();
     m_graph->setFocus();
@@ -120,16 +108,6 @@ void TGrafica::FormActivate()
                                    "y doble clic muestra todo."));
 }
 
-void TGrafica::FormDeactivate()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
-void TGrafica::FormClose()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
 void TGrafica::GuardarGrfica1Click()
 {
     saveBitmap(*m_graph, QStringLiteral("Guardar Gráfica"));
@@ -146,10 +124,9 @@ void TGrafica::GuardarDatos1Click()
                                 QStringLiteral("txt"),
                                 QStringLiteral("Archivos de texto (TXT)|*.txt")};
     request.confirmOverwrite = false;
-    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
-                                        return base::writeFile(chosen,
-                                                               distributionTable(m_distribution));
-                                    }});
+    save(request, [this](const QString& chosen) {
+        return base::writeFile(chosen, distributionTable(m_distribution));
+    });
 }
 
 void TGrafica::CopiarGrfica1Click()
@@ -171,10 +148,10 @@ void TGrafica::resizeEvent(QResizeEvent* event)
 void TGrafica::createMenu()
 {
     using window::Picture;
-    m_menu = new QMenu(QStringLiteral("&Gráfica"), this);
-    m_menu->setObjectName(QStringLiteral("Grfica1"));
+    menu()->setTitle(QStringLiteral("&Gráfica"));
+    menu()->setObjectName(QStringLiteral("Grfica1"));
     const auto add = [this](const window::Command& command, void (TGrafica::*handler)()) {
-        window::addEntry(*m_menu, command, this, handler);
+        window::addEntry(*menu(), command, this, handler);
     };
     add({QStringLiteral("GuardarGrfica1"), QStringLiteral("&Guardar Gráfica..."),
          QStringLiteral("Guarda la gráfica de arriba como mapa de bits"), Picture::Save},
@@ -198,7 +175,7 @@ void TGrafica::createMenu()
 void TGrafica::createCharts()
 {
     m_graph = new chart::TRChart;
-    setUp(*m_graph, QStringLiteral("Graph"), windowCaption(), QStringLiteral("P(X=k)"));
+    setUp(*m_graph, QStringLiteral("Graph"), plainCaption(), QStringLiteral("P(X=k)"));
     m_graph->setDecPlaceX(3);
     m_graph->setDecPlaceY(4);
     m_graph2 = new chart::TRChart;
@@ -248,15 +225,13 @@ void TGrafica::saveBitmap(const chart::TRChart& chart, const QString& title)
     window::FileRequest request{title, QStringLiteral("grafica.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de Bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    window::save(m_dialogs, *this, {request, windowCaption(), [&chart](const QString& chosen) {
-                                        return chart.SaveAsBitmap(chosen, false);
-                                    }});
+    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, false); });
 }
 
 void TGrafica::copyBitmap(const chart::TRChart& chart)
 {
     if (const auto reason = chart.CopyToClipboardBitmap(false))
-        m_dialogs.showError(this, *reason, windowCaption());
+        dialogs().showError(this, *reason, plainCaption());
 }
 
 } // namespace distribution

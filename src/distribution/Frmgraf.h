@@ -8,10 +8,6 @@
 
 class QAction;
 
-namespace window {
-class Dialogs;
-}
-
 namespace chart {
 class TRChart;
 }
@@ -27,7 +23,6 @@ public:
     /// The reference must outlive the window.
     explicit TGrafica(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
-    QMenu* menu() const override { return m_menu; }
     QString manualChapter() const override { return QStringLiteral("distribucion"); }
     QSize sizeHint() const override;
 
@@ -44,8 +39,6 @@ public:
 
 public slots:
     void FormActivate() override;
-    void FormDeactivate() override;
-    void FormClose() override;
     void GuardarGrfica1Click();
     void GuardaGrficaAcumulada1Click();
     void GuardarDatos1Click();
@@ -63,8 +56,6 @@ private:
     void saveBitmap(const chart::TRChart& chart, const QString& title);
     void copyBitmap(const chart::TRChart& chart);
 
-    window::Dialogs& m_dialogs;
-    QMenu* m_menu = nullptr;
     chart::TRChart* m_graph = nullptr;
     chart::TRChart* m_graph2 = nullptr;
     ExactDistribution m_distribution;

@@ -160,8 +160,8 @@ void TPrincipal::Acercade1Click()
 
 void TPrincipal::showManual()
 {
-    m_manual->showChapter(m_activeChild == nullptr ? QStringLiteral("ventana-principal")
-                                                   : m_activeChild->manualChapter());
+    const QString chapter = m_activeChild == nullptr ? QString() : m_activeChild->manualChapter();
+    m_manual->showChapter(chapter.isEmpty() ? QStringLiteral("ventana-principal") : chapter);
 }
 
 bool TPrincipal::event(QEvent* event)

@@ -1,14 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/ChildWindow.h"
 
+#include "base/SafeFile.h"
+#include "window/Icons.h"
+
 #include <QCloseEvent>
+#include <QMenu>
 #include <QPointer>
 
 namespace window {
 
-ChildWindow::ChildWindow(QWidget* parent)
-    : QWidget(parent)
+namespace {
+
+QString atRest()
 {
+    return QStringLiteral("Listo.");
+}
+
+} // namespace
+
+ChildWindow::ChildWindow(const QString& name, const QString& caption, Picture picture,
+                         Dialogs& dialogs, QWidget* parent)
+    : QWidget(parent)
+    , m_caption(caption)
+    , m_dialogs(dialogs)
+    , m_menu(new QMenu(this))
+{
+    setObjectName(name);
+    setAccessibleName(caption);
+    setWindowTitle(caption);
+    setWindowIcon(icon(picture));
+    setAttribute(Qt::WA_DeleteOnClose);
+}
+
+void ChildWindow::FormActivate()
+{
+    emit statusText(atRest());
+}
+
+void ChildWindow::FormDeactivate()
+{
+    emit statusText(atRest());
+}
+
+void ChildWindow::FormClose()
+{
+    emit statusText(atRest());
 }
 
 void ChildWindow::closeUnasked()
@@ -26,6 +63,38 @@ void ChildWindow::closeEvent(QCloseEvent* event)
     event->setAccepted(m_wasAsked || mayClose());
     if (event->isAccepted() && stillThere)
         FormClose();
+}
+
+std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& write,
+                                         const QString& known)
+{
+    const QPointer<ChildWindow> stillThere(this);
+    std::optional<QString> name = known;
+    if (known.isEmpty())
+        name = m_dialogs.saveFileName(this, request);
+    while (name && stillThere) {
+        const std::optional<QString> reason = write(*name);
+        if (!reason)
+            return name;
+        const QString written = request.writtenName ? request.writtenName(*name) : *name;
+        m_dialogs.showError(
+            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(written, *reason),
+            m_caption);
+        if (!stillThere)
+            break;
+        request.fileName = *name;
+        name = m_dialogs.saveFileName(this, request);
+    }
+    return std::nullopt;
+}
+
+void ChildWindow::saveLines(const FileRequest& request, const QStringList& lines)
+{
+    QString text;
+    for (const QString& line : lines)
+        text += line + QStringLiteral("\r\n");
+    save(request,
+         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); });
 }
 
 } // namespace window

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "window/Dialogs.h"
+
+#include <QStringList>
 #include <QWidget>
 
 class QMenu;
 
 namespace window {
 
-/// The contract between a child window and the frame that holds it.
+enum class Picture;
+
+/// The contract between a child window and the frame that holds it, and what all children share.
 ///
 /// The frame shows menu() in its bar while the child is active, writes statusText() into its status
 /// line, and calls FormActivate() and FormDeactivate() as the child becomes or ceases to be the
@@ -17,19 +22,22 @@ class ChildWindow : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ChildWindow(QWidget* parent = nullptr);
+    /// A child that is deleted when it closes.
+    /// @param caption its title, and that of its message boxes
+    /// @param dialogs outlive the child
+    ChildWindow(const QString& name, const QString& caption, Picture picture, Dialogs& dialogs,
+                QWidget* parent);
 
-    /// The child's own menu, merged into the frame's bar between "Archivo" and "Ventana"; owned by
-    /// the child. Null for a child without one.
-    virtual QMenu* menu() const = 0;
+    /// The child's own menu, merged into the frame's bar between "Archivo" and "Ventana".
+    QMenu* menu() const { return m_menu; }
 
-    /// The chapter of the manual that tells of this kind of window.
-    virtual QString manualChapter() const = 0;
+    /// The chapter of the manual that tells of this kind of window; without one, that of the frame.
+    virtual QString manualChapter() const { return {}; }
 
-    virtual void FormActivate() = 0;
-    virtual void FormDeactivate() = 0;
+    virtual void FormActivate();
+    virtual void FormDeactivate();
     /// The child is closing: its last words to the status line.
-    virtual void FormClose() = 0;
+    virtual void FormClose();
 
     /// Whether the child may close now. One with unsaved data asks its user, and saves them where
     /// he wants that; nothing else about it changes.
@@ -45,9 +53,31 @@ signals:
     void frontRequested();
 
 protected:
+    /// Writes a file under the name that the user chose.
+    /// @return nothing when it was written, otherwise the reason
+    using WriteFile = std::function<std::optional<QString>(const QString& chosen)>;
+
+    Dialogs& dialogs() const { return m_dialogs; }
+    /// The caption without the name of a file, also that of message boxes.
+    const QString& plainCaption() const { return m_caption; }
+
     void closeEvent(QCloseEvent* event) override;
 
+    /// Saves under a name that the user is asked for. Where the file cannot be written the user is
+    /// told why and asked again, the name at hand, until it is written or the user cancels: what is
+    /// to be saved always finds a place.
+    /// @param known tried first, without asking, where it is not empty
+    /// @return the chosen name; nothing when nothing was saved, and when the child is gone
+    std::optional<QString> save(FileRequest request, const WriteFile& write,
+                                const QString& known = {});
+
+    /// Saves lines of text in UTF-8, each with CRLF at its end.
+    void saveLines(const FileRequest& request, const QStringList& lines);
+
 private:
+    const QString m_caption;
+    Dialogs& m_dialogs;
+    QMenu* const m_menu;
     bool m_wasAsked = false;
 };
 

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/window/Frmpotencia.h"
 
-#include "base/SafeFile.h"
 #include "chart/control/RChart.h"
+#include "controls/Memo.h"
 #include "power/window/CurveColors.h"
 #include "power/window/PendingInput.h"
 #include "power/window/UpDown.h"
-#include "window/Dialogs.h"
 #include "window/Icons.h"
-#include "window/Saving.h"
 
 #include <QApplication>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -29,16 +26,6 @@ namespace {
 constexpr double fitMargin = 2.0; // percent
 constexpr std::uint8_t curveMark = 2;
 
-QString windowCaption()
-{
-    return QStringLiteral("Potencia");
-}
-
-QString atRest()
-{
-    return QStringLiteral("Listo.");
-}
-
 /// The busy cursor, wherever the mouse is, for as long as it exists.
 class BusyCursor {
 public:
@@ -51,18 +38,13 @@ public:
 } // namespace
 
 TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
-    : ChildWindow(parent)
-    , m_dialogs(dialogs)
+    : ChildWindow(QStringLiteral("Potencia"), QStringLiteral("Potencia"), window::Picture::Power,
+                  dialogs, parent)
     , m_curves{{colorOfC, &Powers::c, {}},
                {colorOfBennett, &Powers::b, {}},
                {colorOfM, &Powers::m, {}},
                {colorOfZimmerman, &Powers::z, {}}}
 {
-    setObjectName(QStringLiteral("Potencia"));
-    setAccessibleName(windowCaption());
-    setWindowTitle(windowCaption());
-    setWindowIcon(window::icon(window::Picture::Power));
-    setAttribute(Qt::WA_DeleteOnClose);
     createMenu();
     createPopups();
     createLayout();
@@ -74,31 +56,16 @@ QSize TPotencia::sizeHint() const
     return {880, 560};
 }
 
-void TPotencia::FormActivate()
-{
-    emit statusText(atRest());
-}
-
-void TPotencia::FormDeactivate()
-{
-    emit statusText(atRest());
-}
-
-void TPotencia::FormClose()
-{
-    emit statusText(atRest());
-}
-
 void TPotencia::BtnCalcularClick()
 {
     try {
         const BusyCursor busy;
         m_graph->ClearItems();
         runPowerStudy(settings(), programAleatorio(), stats::programIntegers(), *this);
-        emit statusText(atRest());
+        emit statusText(QStringLiteral("Listo."));
         paintNow();
     } catch (const UnknownErrorKind& failure) {
-        m_dialogs.showError(this, QString::fromUtf8(failure.what()),
+        dialogs().showError(this, QString::fromUtf8(failure.what()),
                             QGuiApplication::applicationDisplayName());
         std::_Exit(EXIT_FAILURE); // a broken program: nothing of it can be trusted to be put away
     }
@@ -166,22 +133,14 @@ void TPotencia::GuardarGrafica1Click()
                                 QStringLiteral("grafica potencia.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    window::save(m_dialogs, *this, {request, windowCaption(), [this](const QString& chosen) {
-                                        return m_graph->SaveAsBitmap(chosen, false);
-                                    }});
+    save(request, [this](const QString& chosen) { return m_graph->SaveAsBitmap(chosen, false); });
 }
 
 void TPotencia::GuardarReporte1Click()
 {
-    QString text;
-    for (const QString& line : m_log->toPlainText().split(QLatin1Char('\n')))
-        text += line + QStringLiteral("\r\n");
-    window::save(
-        m_dialogs, *this,
-        {{QStringLiteral("Guardar Reporte"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
-          QStringLiteral("Texto|*.txt")},
-         windowCaption(),
-         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); }});
+    saveLines({QStringLiteral("Guardar Reporte"), QStringLiteral("reporte.txt"),
+               QStringLiteral("txt"), QStringLiteral("Texto|*.txt")},
+              m_log->lines());
 }
 
 void TPotencia::logLine(const QString& line)

@@ -9,14 +9,13 @@
 
 #include <vector>
 
-class QPlainTextEdit;
 class QPushButton;
 
 namespace chart {
 class TRChart;
 }
-namespace window {
-class Dialogs;
+namespace controls {
+class Memo;
 }
 
 namespace power {
@@ -32,14 +31,10 @@ public:
     /// The reference must outlive the window.
     explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
-    QMenu* menu() const override { return m_menu; }
     QString manualChapter() const override { return QStringLiteral("potencia"); }
     QSize sizeHint() const override;
 
 public slots:
-    void FormActivate() override;
-    void FormDeactivate() override;
-    void FormClose() override;
     void BtnCalcularClick();
     void BtnSigClick();
     void N901Click();
@@ -83,11 +78,9 @@ private:
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 
-    window::Dialogs& m_dialogs;
     StudySettings m_settings;
     std::vector<Curve> m_curves;
 
-    QMenu* m_menu = nullptr;
     QMenu* m_menuSig = nullptr;
     QMenu* m_menuDist = nullptr;
     QPushButton* m_btnCalcular = nullptr;
@@ -96,7 +89,7 @@ private:
     UpDown* m_order = nullptr;
     UpDown* m_trials = nullptr;
     chart::TRChart* m_graph = nullptr;
-    QPlainTextEdit* m_log = nullptr;
+    controls::Memo* m_log = nullptr;
 };
 
 } // namespace power

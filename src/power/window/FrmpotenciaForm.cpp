@@ -4,6 +4,8 @@
 
 #include "chart/control/RChart.h"
 #include "controls/FoldingRow.h"
+#include "controls/Memo.h"
+#include "controls/Named.h"
 #include "power/window/CurveColors.h"
 #include "power/window/UpDown.h"
 #include "window/Command.h"
@@ -14,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -80,13 +81,13 @@ QWidget* legendEntry(int number, const QColor& color, const QString& text)
 
 void TPotencia::createMenu()
 {
-    m_menu = new QMenu(QStringLiteral("&Potencia"), this);
-    m_menu->setObjectName(QStringLiteral("Potencia1"));
-    window::addEntry(*m_menu,
+    menu()->setTitle(QStringLiteral("&Potencia"));
+    menu()->setObjectName(QStringLiteral("Potencia1"));
+    window::addEntry(*menu(),
                      {QStringLiteral("GuardarGrafica1"), QStringLiteral("Guardar &Grafica..."),
                       QStringLiteral("Guarda la gráfica como mapa de bits"), window::Picture::Save},
                      this, &TPotencia::GuardarGrafica1Click);
-    window::addEntry(*m_menu,
+    window::addEntry(*menu(),
                      {QStringLiteral("GuardarReporte1"), QStringLiteral("Guardar &Reporte..."),
                       QStringLiteral("Guarda como texto el reporte de los cálculos"),
                       window::Picture::Export},
@@ -222,14 +223,8 @@ QWidget* TPotencia::createLegend()
 
 QWidget* TPotencia::createLog()
 {
-    m_log = new QPlainTextEdit;
-    m_log->setObjectName(QStringLiteral("log"));
-    m_log->setAccessibleName(QStringLiteral("Reporte de los cálculos"));
-    // A log that a stray key could change would be no evidence.
-    m_log->setReadOnly(true);
-    m_log->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_log->setUndoRedoEnabled(false);
-    m_log->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_log = controls::named(new controls::Memo, QStringLiteral("log"),
+                            QStringLiteral("Reporte de los cálculos"));
     return m_log;
 }
 

@@ -11,10 +11,8 @@
 #include "square/file/ShapeNotice.h"
 #include "window/Asking.h"
 #include "window/Caption.h"
-#include "window/Dialogs.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
-#include "window/Saving.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -27,11 +25,6 @@ namespace {
 
 constexpr int observationDecimals = 3;
 constexpr int treatmentDecimals = 0;
-
-QString editorCaption()
-{
-    return QStringLiteral("Editor");
-}
 
 QString invitation()
 {
@@ -68,15 +61,10 @@ QString numbered(const QString& prefix, int number)
 } // namespace
 
 TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
-    : ChildWindow(parent)
+    : ChildWindow(QStringLiteral("Editor"), QStringLiteral("Editor"), window::Picture::Editor,
+                  dialogs, parent)
     , m_handOff(handOff)
-    , m_dialogs(dialogs)
 {
-    setObjectName(QStringLiteral("Editor"));
-    setWindowTitle(editorCaption());
-    setWindowIcon(window::icon(window::Picture::Editor));
-    setAccessibleName(editorCaption());
-    setAttribute(Qt::WA_DeleteOnClose);
     createControls();
     createMenu();
     connectControls();
@@ -105,11 +93,6 @@ void TEditor::FormActivate()
     emit statusText(notice.isEmpty() ? invitation() : notice);
 }
 
-void TEditor::FormDeactivate()
-{
-    emit statusText(QStringLiteral("Listo."));
-}
-
 void TEditor::FormClose()
 {
     if (!m_handedOver) // the analysis window has the status line now
@@ -124,7 +107,7 @@ bool TEditor::mayClose()
         return true;
     emit frontRequested();
     switch (
-        m_dialogs.askYesNo(this, QStringLiteral("Desea guardar los cambios?"), editorCaption())) {
+        dialogs().askYesNo(this, QStringLiteral("Desea guardar los cambios?"), plainCaption())) {
     case window::Answer::Yes:
         return save();
     case window::Answer::No:
@@ -225,7 +208,7 @@ bool TEditor::load()
 {
     m_handOff.fileOpened = false;
     const std::optional<QString> fileName =
-        m_dialogs.openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
+        dialogs().openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
     if (!fileName)
         return false;
     const LoadedSquare loaded = loadSquare(*fileName);
@@ -233,7 +216,7 @@ bool TEditor::load()
     if (loaded.data)
         problem = showLoaded(*loaded.data);
     if (!problem.isEmpty()) {
-        m_dialogs.showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
+        dialogs().showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
         return false;
     }
     m_handOff.fileOpened = true;
@@ -274,7 +257,7 @@ bool TEditor::save()
     QString known = m_fileName;
     if (canCompare && onDisk != m_fileFingerprint) {
         const window::Answer answer =
-            m_dialogs.askYesNo(this, changedElsewhere(m_fileName), editorCaption());
+            dialogs().askYesNo(this, changedElsewhere(m_fileName), plainCaption());
         if (answer == window::Answer::None)
             return false;
         if (answer == window::Answer::No)
@@ -282,11 +265,8 @@ bool TEditor::save()
     }
     window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
     request.fileName = m_fileName;
-    const std::optional<QString> fileName =
-        window::save(m_dialogs, *this,
-                     {request, editorCaption(),
-                      [this](const QString& chosen) { return Export(*m_datos, chosen); }},
-                     known);
+    const std::optional<QString> fileName = ChildWindow::save(
+        request, [this](const QString& chosen) { return Export(*m_datos, chosen); }, known);
     if (!fileName)
         return false;
     rememberFile(*fileName, base::fingerprint(*fileName));
@@ -298,7 +278,7 @@ void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprin
 {
     m_fileName = fileName;
     m_fileFingerprint = fingerprint;
-    setWindowTitle(window::fileCaption(editorCaption(), fileName));
+    setWindowTitle(window::fileCaption(plainCaption(), fileName));
     m_saved = true;
 }
 

@@ -9,9 +9,8 @@ namespace grid {
 class TNTabEd;
 }
 namespace window {
-class Dialogs;
 struct HandOff;
-} // namespace window
+}
 
 namespace square {
 
@@ -35,10 +34,8 @@ public:
     /// closes unasked. `handOff` and `dialogs` outlive the editor.
     TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
 
-    QMenu* menu() const override { return m_menu; }
     QString manualChapter() const override { return QStringLiteral("editor"); }
     void FormActivate() override;
-    void FormDeactivate() override;
     void FormClose() override;
     bool mayClose() override;
 
@@ -90,8 +87,6 @@ private:
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;
-    window::Dialogs& m_dialogs;
-    QMenu* m_menu = nullptr;
     UpDown* m_numTratamientos = nullptr;
     QLineEdit* m_nFilas = nullptr;
     QLineEdit* m_nColumnas = nullptr;

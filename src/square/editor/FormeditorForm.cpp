@@ -2,6 +2,7 @@
 // What the data editor looks like: its controls, its menu, and what they call.
 #include "square/editor/Formeditor.h"
 
+#include "controls/Named.h"
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
@@ -10,7 +11,6 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
@@ -36,18 +36,9 @@ constexpr int headerWidth = 80;
 constexpr int dataShare = 3; // of the window's width, in fifths
 constexpr int paneShares = 5;
 
-QLabel* labelOf(QWidget* control, const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setBuddy(control);
-    return label;
-}
-
 QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& accessibleName)
 {
-    auto* edit = new QLineEdit(text);
-    edit->setObjectName(name);
-    edit->setAccessibleName(accessibleName);
+    auto* edit = controls::named(new QLineEdit(text), name, accessibleName);
     edit->setMaxLength(longestPrefix);
     edit->setValidator(new PrefixValidator(edit));
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
@@ -58,9 +49,7 @@ QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& a
 grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName,
                        int columnWidth)
 {
-    auto* table = new grid::TNTabEd(dialogs);
-    table->setObjectName(name);
-    table->setAccessibleName(accessibleName);
+    auto* table = controls::named(new grid::TNTabEd(dialogs), name, accessibleName);
     table->setColorNormal(grid::colorFromInteger(8192));
     table->setColorMarkedA(Qt::red);
     table->setColorMarkedB(Qt::blue);
@@ -75,7 +64,7 @@ QWidget* paneOf(grid::TNTabEd* table, const QString& title)
     auto* pane = new QWidget;
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(labelOf(table, title));
+    layout->addWidget(controls::labelOf(table, title));
     layout->addWidget(table, 1);
     return pane;
 }
@@ -110,28 +99,26 @@ void TEditor::createControls()
 
 QWidget* TEditor::createOptions()
 {
-    m_numTratamientos = new UpDown(lowestOrder, highestOrder);
-    m_numTratamientos->setObjectName(QStringLiteral("NumTratamientos"));
-    m_numTratamientos->setAccessibleName(QStringLiteral("Número de tratamientos"));
-    m_numTratamientos->edit()->setObjectName(QStringLiteral("Edit1"));
-    m_numTratamientos->edit()->setAccessibleName(m_numTratamientos->accessibleName());
+    const QString order = QStringLiteral("Número de tratamientos");
+    m_numTratamientos = controls::named(new UpDown(lowestOrder, highestOrder),
+                                        QStringLiteral("NumTratamientos"), order);
+    controls::named(m_numTratamientos->edit(), QStringLiteral("Edit1"), order);
     m_rowPrefix = QStringLiteral("Fila");
     m_columnPrefix = QStringLiteral("Col");
     m_nFilas = prefixEdit(QStringLiteral("NFilas"), m_rowPrefix, QStringLiteral("Nombre de filas"));
     m_nColumnas = prefixEdit(QStringLiteral("NColumnas"), m_columnPrefix,
                              QStringLiteral("Nombre de columnas"));
 
-    auto* group = new QGroupBox(QStringLiteral("Opciones de Datos"));
-    group->setObjectName(QStringLiteral("OpcionesDeDatos"));
-    group->setAccessibleName(group->title());
+    const QString title = QStringLiteral("Opciones de Datos");
+    auto* group = controls::named(new QGroupBox(title), QStringLiteral("OpcionesDeDatos"), title);
     auto* layout = new QHBoxLayout(group);
-    layout->addWidget(labelOf(m_numTratamientos, QStringLiteral("Num. Tratamientos")));
+    layout->addWidget(controls::labelOf(m_numTratamientos, QStringLiteral("Num. Tratamientos")));
     layout->addWidget(m_numTratamientos);
     layout->addSpacing(12);
-    layout->addWidget(labelOf(m_nFilas, QStringLiteral("Nombre Filas")));
+    layout->addWidget(controls::labelOf(m_nFilas, QStringLiteral("Nombre Filas")));
     layout->addWidget(m_nFilas, 1);
     layout->addSpacing(12);
-    layout->addWidget(labelOf(m_nColumnas, QStringLiteral("Nombre Columnas")));
+    layout->addWidget(controls::labelOf(m_nColumnas, QStringLiteral("Nombre Columnas")));
     layout->addWidget(m_nColumnas, 1);
     layout->addStretch();
     return group;
@@ -140,16 +127,15 @@ QWidget* TEditor::createOptions()
 QWidget* TEditor::createPanes()
 {
     m_datos =
-        tableOf(m_dialogs, QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
+        tableOf(dialogs(), QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
     m_datos->setAutoAdvance(true);
-    m_refTratamientos = tableOf(m_dialogs, QStringLiteral("RefTratamientos"),
+    m_refTratamientos = tableOf(dialogs(), QStringLiteral("RefTratamientos"),
                                 QStringLiteral("Referencia: tratamientos"), treatmentWidth);
     m_refTratamientos->setAutoAdvance(false);
     m_refTratamientos->setReadOnly(true);
 
-    auto* splitter = new QSplitter(Qt::Horizontal);
-    splitter->setObjectName(QStringLiteral("Splitter1"));
-    splitter->setAccessibleName(QStringLiteral("Datos y tratamientos"));
+    auto* splitter = controls::named(new QSplitter(Qt::Horizontal), QStringLiteral("Splitter1"),
+                                     QStringLiteral("Datos y tratamientos"));
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(paneOf(m_datos, QStringLiteral("DATOS")));
     splitter->addWidget(paneOf(m_refTratamientos, QStringLiteral("REFERENCIA: TRATAMIENTOS")));
@@ -162,17 +148,17 @@ void TEditor::createMenu()
 {
     using window::addEntry;
     using window::Picture;
-    m_menu = new QMenu(QStringLiteral("E&ditor"), this);
-    m_menu->setObjectName(QStringLiteral("Editor1"));
-    addEntry(*m_menu,
+    menu()->setTitle(QStringLiteral("E&ditor"));
+    menu()->setObjectName(QStringLiteral("Editor1"));
+    addEntry(*menu(),
              {QStringLiteral("Cargar1"), QStringLiteral("&Cargar..."),
               QStringLiteral("Trae a este editor un cuadrado guardado"), Picture::Open, Qt::Key_F3},
              this, &TEditor::Cargar1Click);
-    addEntry(*m_menu,
+    addEntry(*menu(),
              {QStringLiteral("Guardar1"), QStringLiteral("&Guardar..."),
               QStringLiteral("Guarda el cuadrado en su archivo"), Picture::Save, Qt::Key_F2},
              this, &TEditor::Guardar1Click);
-    addEntry(*m_menu,
+    addEntry(*menu(),
              {QStringLiteral("GuardaryAnalizar1"), QStringLiteral("Guardar y &Analizar..."),
               QStringLiteral("Guarda el cuadrado y abre su análisis en lugar del editor"),
               Picture::SaveAndAnalyse},
