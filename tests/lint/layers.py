@@ -22,7 +22,8 @@ LAYERS = {
     "chart": {"base", "window"},
     "power": {"base", "stats", "chart", "window"},
     "analysis": {"base", "stats", "grid", "square", "chart", "window"},
-    "shell": {"base", "stats", "grid", "square", "chart", "power", "analysis", "window"},
+    "manual": {"window"},
+    "shell": {"base", "stats", "grid", "square", "chart", "power", "analysis", "manual", "window"},
 }
 
 # (layer, target): what its files may include beside their own layer.
