@@ -153,8 +153,10 @@ def study_power(program, album):
 
 
 def show_manual(program, album):
+    program.press("ctrl+n")
+    program.wait_for_focus("table «Datos»")
     program.press("F1")
-    program.find("document text")
+    program.find("label", "El editor")
     album.take("ayuda")
     program.press("Escape")
 
@@ -175,7 +177,7 @@ def take_pictures(executable, folder):
             extract_field_square,
             show_exact_distribution,
             study_power,
-            # show_manual,
+            show_manual,
         ):
             show(program, album)
     except Exception:

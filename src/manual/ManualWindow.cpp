@@ -28,7 +28,7 @@ bool says(const QString& chapter, const QString& text)
 } // namespace
 
 TManual::TManual(QWidget* parent)
-    : QWidget(parent, Qt::Window)
+    : QMainWindow(parent)
     , m_browser(new Browser)
     , m_search(new SearchBar)
 {
@@ -37,12 +37,17 @@ TManual::TManual(QWidget* parent)
     setWindowTitle(QStringLiteral("Manual"));
     setWindowIcon(window::icon(window::Picture::Program));
 
-    auto* column = new QVBoxLayout(this);
+    setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
+    createToolBar();
+
+    auto* page = new QWidget;
+    page->setAccessibleName(QStringLiteral("Página del manual"));
+    auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(createToolBar());
     column->addWidget(m_search);
     column->addWidget(m_browser, 1);
+    setCentralWidget(page);
     m_search->hide();
 
     connect(m_browser, &Browser::chapterShown, this, &TManual::chapterShown);
@@ -74,11 +79,12 @@ void TManual::showChapter(const QString& chapter)
         m_browser->setFocus();
 }
 
-QWidget* TManual::createToolBar()
+void TManual::createToolBar()
 {
-    auto* bar = new QToolBar;
+    QToolBar* bar = addToolBar(QStringLiteral("Barra del manual"));
     bar->setObjectName(QStringLiteral("BarraManual"));
-    bar->setAccessibleName(QStringLiteral("Barra del manual"));
+    bar->setAccessibleName(bar->windowTitle());
+    bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
 
     QAction* back = actionOf(QStringLiteral("Atras"), QStringLiteral("Atrás"),
@@ -105,7 +111,6 @@ QWidget* TManual::createToolBar()
         button->setAccessibleName(action->text());
         button->setFocusPolicy(Qt::TabFocus);
     }
-    return bar;
 }
 
 QAction* TManual::actionOf(const QString& name, const QString& text, const QString& tip,

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QWidget>
-
+#include <QMainWindow>
 #include <QTextDocument>
 
 class QAction;
@@ -13,7 +12,7 @@ class Browser;
 class SearchBar;
 
 /// The manual in a window of its own, beside the frame: it may stay open while its reader works.
-class TManual : public QWidget {
+class TManual : public QMainWindow {
     Q_OBJECT
 
 public:
@@ -28,7 +27,7 @@ public:
 private:
     enum class From { Here, Next, Previous };
 
-    QWidget* createToolBar();
+    void createToolBar();
     QAction* actionOf(const QString& name, const QString& text, const QString& tip,
                       const QKeySequence& key);
     void search(From from);

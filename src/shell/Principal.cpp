@@ -65,7 +65,6 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     , m_dialogs(dialogs)
     , m_area(new QMdiArea(this))
     , m_about(new TAcerca(this))
-    , m_manual(new manual::TManual(this))
     , m_tiling(new ActivationTiling(*m_area, this))
 {
     setObjectName(QStringLiteral("Principal"));
@@ -101,7 +100,9 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
 
 TPrincipal::~TPrincipal()
 {
-    m_area->disconnect(this); // children that are still there leave it without a frame to tell
+    // What is still there leaves it without a frame to tell.
+    m_area->disconnect(this);
+    qApp->disconnect(this);
 }
 
 void TPrincipal::NuevoArchivo1Click()
@@ -161,6 +162,8 @@ void TPrincipal::Acercade1Click()
 void TPrincipal::showManual()
 {
     const QString chapter = m_activeChild == nullptr ? QString() : m_activeChild->manualChapter();
+    if (m_manual == nullptr) // a start does not wait for what may never be asked for
+        m_manual = new manual::TManual(this);
     m_manual->showChapter(chapter.isEmpty() ? QStringLiteral("ventana-principal") : chapter);
 }
 
@@ -192,8 +195,8 @@ void TPrincipal::changeEvent(QEvent* event)
 /// one is not to leave the program.
 bool TPrincipal::isCompanion(const QWindow* other) const
 {
-    return other != nullptr &&
-           (other == m_about->windowHandle() || other == m_manual->windowHandle());
+    return other != nullptr && (other == m_about->windowHandle() ||
+                                (m_manual != nullptr && other == m_manual->windowHandle()));
 }
 
 /// The frame may be inactive as one of its dialogs opens, and it may be left for a companion and
@@ -201,7 +204,8 @@ bool TPrincipal::isCompanion(const QWindow* other) const
 void TPrincipal::focusWindowChanged(const QWindow* focused)
 {
     const bool isAsking = QApplication::activeModalWidget() != nullptr;
-    const bool companionIsOpen = m_about->isVisible() || m_manual->isVisible();
+    const bool companionIsOpen =
+        m_about->isVisible() || (m_manual != nullptr && m_manual->isVisible());
     if (isCompanion(focused) || (isAsking && focused != nullptr))
         m_leftForOwnDialog = true;
     else if (focused != windowHandle() && companionIsOpen && !isAsking)
@@ -216,7 +220,8 @@ void TPrincipal::closeEvent(QCloseEvent* event)
     for (const QMdiSubWindow* place : m_area->subWindowList())
         childIn(*place)->closeUnasked();
     m_about->close();
-    m_manual->close();
+    if (m_manual != nullptr)
+        m_manual->close();
 }
 
 /// Asks the children one after the other, the one in front first, before any of them closes. The

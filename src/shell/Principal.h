@@ -80,7 +80,7 @@ private:
     window::HandOff m_handOff;
     QMdiArea* m_area = nullptr;
     TAcerca* m_about = nullptr;
-    manual::TManual* m_manual = nullptr;
+    manual::TManual* m_manual = nullptr; ///< Once it was asked for.
     ActivationTiling* m_tiling = nullptr;
     StatusLine* m_status = nullptr;
     QMenu* m_windowMenu = nullptr;

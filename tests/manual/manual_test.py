@@ -18,6 +18,7 @@ from program_texts import CHANGING, ROOT
 
 MANUAL = ROOT / "docs" / "manual"
 CHAPTERS = sorted(MANUAL.glob("*.md"))
+README = ROOT / "README.md"
 
 # Keys of the toolkit's own controls, which the sources do not name.
 CONTROL_KEYS = {
@@ -96,13 +97,13 @@ class QuotedTexts(unittest.TestCase):
         ) or re.fullmatch(r"(Nivel de Significancia )?\d+%", text)
 
     def test_what_is_bold_is_a_key_or_shows_in_the_program(self):
-        for path in CHAPTERS:
+        for path in (*CHAPTERS, README):
             for text in bold(prose(path)):
                 with self.subTest(chapter=path.name, text=text):
                     self.assertTrue(text in self.keys or self.is_on_screen(text))
 
     def test_what_is_quoted_is_said_by_the_program(self):
-        for path in CHAPTERS:
+        for path in (*CHAPTERS, README):
             if path.name == "bibliografia.md":  # there they are titles of papers
                 continue
             for quote in quotes(prose(path)):
