@@ -2,8 +2,8 @@
 // The numbers and reports that stand in the manual are the program's.
 #include "base/NumberText.h"
 #include "distribution/ExactDistribution.h"
+#include "documents/Chapter.h"
 #include "experiment/Extraction.h"
-#include "manual/Chapter.h"
 #include "power/study/Aleatorio.h"
 #include "power/study/ErrorTerms.h"
 #include "power/study/PowerStudy.h"
