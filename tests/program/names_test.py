@@ -246,6 +246,8 @@ class Names(unittest.TestCase):
         program = self.program
         program.press("F1")
         self.check("manual", ("frame", "Manual"), ("label", "El editor"))
+        chapter = program.text(program.find("label", "El editor"))
+        self.assertIn("Una celda sin escribir vale 0", chapter)
         program.press("ctrl+f")
         self.check("search", ("text", "Texto que se busca"))
         program.type("xyzzy")
