@@ -185,18 +185,20 @@ void TPrincipal::changeEvent(QEvent* event)
             FormActivate();
         return;
     }
-    m_leftForOwnDialog =
-        QApplication::activeModalWidget() != nullptr || isCompanion(QApplication::focusWindow());
+    m_leftForOwnDialog = QApplication::activeModalWidget() != nullptr ||
+                         companions().contains(QApplication::activeWindow());
     if (!m_leftForOwnDialog)
         m_tiling->frameLeft();
 }
 
-/// Whether this is one of the windows that stand beside the frame and may stay open: to look into
-/// one is not to leave the program.
-bool TPrincipal::isCompanion(const QWindow* other) const
+/// The windows that stand beside the frame and may stay open: to look into one is not to leave the
+/// program.
+QList<QWidget*> TPrincipal::companions() const
 {
-    return other != nullptr && (other == m_about->windowHandle() ||
-                                (m_manual != nullptr && other == m_manual->windowHandle()));
+    QList<QWidget*> found{m_about};
+    if (m_manual != nullptr)
+        found << m_manual;
+    return found;
 }
 
 /// The frame may be inactive as one of its dialogs opens, and it may be left for a companion and
@@ -204,9 +206,13 @@ bool TPrincipal::isCompanion(const QWindow* other) const
 void TPrincipal::focusWindowChanged(const QWindow* focused)
 {
     const bool isAsking = QApplication::activeModalWidget() != nullptr;
-    const bool companionIsOpen =
-        m_about->isVisible() || (m_manual != nullptr && m_manual->isVisible());
-    if (isCompanion(focused) || (isAsking && focused != nullptr))
+    bool isCompanion = false;
+    bool companionIsOpen = false;
+    for (const QWidget* companion : companions()) {
+        isCompanion = isCompanion || (focused != nullptr && focused == companion->windowHandle());
+        companionIsOpen = companionIsOpen || companion->isVisible();
+    }
+    if (isCompanion || (isAsking && focused != nullptr))
         m_leftForOwnDialog = true;
     else if (focused != windowHandle() && companionIsOpen && !isAsking)
         m_leftForOwnDialog = false;
@@ -219,9 +225,8 @@ void TPrincipal::closeEvent(QCloseEvent* event)
         return;
     for (const QMdiSubWindow* place : m_area->subWindowList())
         childIn(*place)->closeUnasked();
-    m_about->close();
-    if (m_manual != nullptr)
-        m_manual->close();
+    for (QWidget* companion : companions())
+        companion->close();
 }
 
 /// Asks the children one after the other, the one in front first, before any of them closes. The

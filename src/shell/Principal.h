@@ -72,7 +72,7 @@ private:
     void bringToFront(QMdiSubWindow* place);
     bool everyChildMayClose();
     void FormActivate();
-    bool isCompanion(const QWindow* other) const;
+    QList<QWidget*> companions() const;
     void focusWindowChanged(const QWindow* focused);
     void subWindowActivated(QMdiSubWindow* subWindow);
 
