@@ -12,6 +12,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <cmath>
 
 namespace manual {
 
@@ -35,17 +36,57 @@ bool isCode(const QTextBlock& block)
     return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
 }
 
-/// A colour between the text's and its ground: `share` of the text's.
-QColor between(const QPalette& palette, qreal share)
+bool isPicture(const QTextBlock& block)
 {
-    const QColor text = palette.color(QPalette::Text);
-    const QColor ground = palette.color(QPalette::Base);
+    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+        if (piece.fragment().charFormat().isImageFormat())
+            return true;
+    }
+    return false;
+}
+
+/// A mixture of two colours: `share` of the first.
+QColor mixture(const QColor& text, const QColor& ground, qreal share)
+{
     const auto mixed = [share](float a, float b) {
         return static_cast<float>(a * share + b * (1 - share));
     };
     return QColor::fromRgbF(mixed(text.redF(), ground.redF()),
                             mixed(text.greenF(), ground.greenF()),
                             mixed(text.blueF(), ground.blueF()));
+}
+
+/// A colour between the text's and its ground: `share` of the text's.
+QColor between(const QPalette& palette, qreal share)
+{
+    return mixture(palette.color(QPalette::Text), palette.color(QPalette::Base), share);
+}
+
+/// The relative luminance of the Web Content Accessibility Guidelines, from 0 to 1.
+qreal luminance(const QColor& color)
+{
+    const auto linear = [](qreal part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+/// The palette's colour of links, as near to the text's as it takes to be legible: a dark theme may
+/// well say nothing of links.
+QColor linkColor(const QPalette& palette)
+{
+    constexpr qreal legible = 5.0;
+    const qreal ground = luminance(palette.color(QPalette::Base));
+    QColor color = palette.color(QPalette::Link);
+    for (int tenths = 9; tenths >= 0; --tenths) {
+        const auto [low, high] = std::minmax(ground, luminance(color));
+        if ((high + 0.05) / (low + 0.05) >= legible)
+            break;
+        color =
+            mixture(palette.color(QPalette::Link), palette.color(QPalette::Text), tenths / 10.0);
+    }
+    return color;
 }
 
 } // namespace
@@ -114,6 +155,7 @@ void Browser::format()
     all.beginEditBlock(); // to be laid out once, and not after every change
     formatTables();
     formatBlocks();
+    formatLinks();
     all.endEditBlock();
     fitPictures();
     document()->setUndoRedoEnabled(undo);
@@ -141,9 +183,29 @@ void Browser::formatBlocks()
         } else if (QTextCursor(block).currentTable() == nullptr) {
             layout.setTopMargin(isHeading(block) ? 2 * space : 0);
             layout.setBottomMargin(block.textList() != nullptr ? space / 2 : space);
-            layout.setLineHeight(118, QTextBlockFormat::ProportionalHeight);
+            if (!isPicture(block)) // whose height is a line's, too
+                layout.setLineHeight(118, QTextBlockFormat::ProportionalHeight);
         }
         QTextCursor(block).setBlockFormat(layout);
+    }
+}
+
+void Browser::formatLinks()
+{
+    QTextCharFormat link;
+    link.setForeground(linkColor(palette()));
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        QList<QTextFragment> links; // to change one is to lose the place in the block
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            if (piece.fragment().charFormat().isAnchor())
+                links << piece.fragment();
+        }
+        for (const QTextFragment& fragment : links) {
+            QTextCursor cursor(document());
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            cursor.mergeCharFormat(link);
+        }
     }
 }
 

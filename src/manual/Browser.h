@@ -31,6 +31,7 @@ private:
     void arrive(const QUrl& place);
     void format();
     void formatBlocks();
+    void formatLinks();
     void formatTables();
     void fitPictures();
     void scrollToHeading(const QString& anchor);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
@@ -20,6 +21,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -275,6 +277,24 @@ TEST_F(ManualWindow, PicturesAreAsWideAsThereIsRoom)
     EXPECT_EQ(width(), natural);
 }
 
+TEST_F(ManualWindow, NoGapIsLeftBelowAPicture)
+{
+    open(QStringLiteral("editor"));
+    const QTextDocument& document = *text().document();
+    int pictures = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const auto piece = block.begin();
+        if (piece.atEnd() || !piece.fragment().charFormat().isImageFormat())
+            continue;
+        ++pictures;
+        const QUrl name(piece.fragment().charFormat().toImageFormat().name());
+        const auto picture = document.resource(QTextDocument::ImageResource, name).value<QImage>();
+        const QRectF place = document.documentLayout()->blockBoundingRect(block);
+        EXPECT_LT(place.height(), picture.height() * 1.08);
+    }
+    EXPECT_EQ(pictures, 2);
+}
+
 TEST_F(ManualWindow, IsLegibleInLightAndDark)
 {
     const struct {
@@ -286,11 +306,20 @@ TEST_F(ManualWindow, IsLegibleInLightAndDark)
         QPalette palette = QApplication::palette();
         palette.setColor(QPalette::Base, theme.ground);
         palette.setColor(QPalette::Text, theme.letters);
+        palette.setColor(QPalette::Link, Qt::blue); // whatever the theme says
         text().setPalette(palette);
         open(QStringLiteral("las-pruebas"));
         QApplication::processEvents();
         int code = 0;
+        int links = 0;
         for (QTextBlock block = text().document()->begin(); block.isValid(); block = block.next()) {
+            for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+                const QTextCharFormat format = piece.fragment().charFormat();
+                links += format.isAnchor() ? 1 : 0;
+                if (format.isAnchor()) {
+                    EXPECT_GT(contrast(format.foreground().color(), theme.ground), 4.5);
+                }
+            }
             const QBrush ground = block.blockFormat().background();
             if (ground.style() == Qt::NoBrush)
                 continue;
@@ -298,6 +327,7 @@ TEST_F(ManualWindow, IsLegibleInLightAndDark)
             EXPECT_GT(contrast(ground.color(), theme.letters), 7.0);
         }
         EXPECT_GT(code, 20);
+        EXPECT_GT(links, 1);
         const QImage shown = text().viewport()->grab().toImage();
         EXPECT_EQ(shown.pixelColor(2, 2), theme.ground);
     }
