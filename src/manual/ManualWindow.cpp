@@ -17,12 +17,12 @@ namespace manual {
 
 namespace {
 
-/// Whether a chapter says this somewhere, as its reader sees it.
-bool says(const QString& chapter, const QString& text)
+/// A chapter as its reader sees it, without what Markdown adds.
+QString readText(const QString& chapter)
 {
     QTextDocument document;
     document.setMarkdown(chapterText(chapter));
-    return !document.find(text).isNull();
+    return document.toPlainText();
 }
 
 } // namespace
@@ -172,7 +172,7 @@ bool TManual::searchInOtherChapters(QTextDocument::FindFlags flags)
 }
 
 /// The nearest of the other chapters, around the end of the manual; empty where none says it.
-QString TManual::nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags) const
+QString TManual::nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags)
 {
     const QStringList all = chapters();
     const auto here = all.indexOf(m_browser->chapter());
@@ -180,7 +180,9 @@ QString TManual::nextChapterThatSays(const QString& text, QTextDocument::FindFla
     for (qsizetype step = 1; step < all.size(); ++step) {
         const QString& chapter =
             all.at((here + (backward ? all.size() - step : step)) % all.size());
-        if (says(chapter, text))
+        if (!m_readTexts.contains(chapter)) // a chapter does not change while the program runs
+            m_readTexts.insert(chapter, readText(chapter));
+        if (m_readTexts.value(chapter).contains(text, Qt::CaseInsensitive))
             return chapter;
     }
     return {};

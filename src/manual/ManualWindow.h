@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QMainWindow>
 #include <QTextDocument>
 
@@ -32,13 +33,14 @@ private:
                       const QKeySequence& key);
     void search(From from);
     bool searchInOtherChapters(QTextDocument::FindFlags flags);
-    QString nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags) const;
+    QString nextChapterThatSays(const QString& text, QTextDocument::FindFlags flags);
     void chapterShown(const QString& title);
     void openSearch();
     void leave();
 
     Browser* m_browser = nullptr;
     SearchBar* m_search = nullptr;
+    QHash<QString, QString> m_readTexts; ///< Of the chapters that were searched.
 };
 
 } // namespace manual
