@@ -2,14 +2,13 @@
 
 // Nanoseconds for each statistic and order, and for the exact distributions of order 3.
 
-#include "stats/numbers/Bennett.h"
 #include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/LatinSquareAnova.h"
-#include "stats/numbers/RandomIntegers.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
 #include "stats/numbers/Sequences.h"
-#include "stats/numbers/Zimmerman.h"
+#include "stats/numbers/SimulatedSquares.h"
 
 #include <benchmark/benchmark.h>
 

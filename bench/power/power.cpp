@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How fast the power study is, and how fast against two measures taken in the same run: a plain
-// transcription of its method, and drawing its random numbers and nothing else.
+// How fast the power study is, and how fast against three measures taken in the same run: a plain
+// transcription of its method, a simple quick one, and drawing its random numbers and nothing else.
 
+#include "power/ScalarStudy.h"
 #include "power/study/PlainStudy.h"
 #include "power/study/PowerStudy.h"
 #include "stats/numbers/LaneSort.h"
@@ -11,36 +12,28 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 #include <limits>
 #include <vector>
 
 namespace {
 
-constexpr int order = 6;
+constexpr int order = scalar::order;
 constexpr int trials = 5000;
 constexpr std::size_t cells = order * order;
-
-class Silence : public power::StudyObserver {
-public:
-    void logLine(const QString&) override {}
-    void pointDone(const power::PowerPoint& point) override
-    {
-        benchmark::DoNotOptimize(point.powers);
-    }
-};
 
 power::StudySettings settingsOf(int kind)
 {
     return {order, trials, 0.95, static_cast<power::ErrorKind>(kind)};
 }
 
-void study(const power::StudySettings& settings)
+std::vector<power::PowerPoint> study(const power::StudySettings& settings)
 {
     power::Aleatorio generator;
     stats::RandomIntegers integers;
-    Silence silence;
-    power::runPowerStudy(settings, generator, integers, silence);
+    return power::runPowerStudy(settings, generator, integers,
+                                [](const std::vector<power::PowerPoint>&) {});
 }
 
 void plainStudy(const power::StudySettings& settings)
@@ -51,6 +44,29 @@ void plainStudy(const power::StudySettings& settings)
     for (const double difference : power::studyDifferences())
         benchmark::DoNotOptimize(
             plain::simulatedPowers(settings, {critical}, difference, generator));
+}
+
+std::vector<power::PowerPoint> scalarStudy(const power::StudySettings& settings)
+{
+    power::Aleatorio generator;
+    stats::RandomIntegers integers;
+    const auto critical = power::criticalValues(settings.order, settings.level, integers);
+    std::vector<power::PowerPoint> points;
+    for (const double difference : power::studyDifferences())
+        points.push_back(
+            {difference, scalar::simulatedPowers(settings, critical, difference, generator)});
+    return points;
+}
+
+/// Whether two studies found the same. Ties and the last bit of a statistic, of which the scalar
+/// one takes no care, may turn a square in a million.
+bool areSame(const std::vector<power::PowerPoint>& a, const std::vector<power::PowerPoint>& b)
+{
+    const auto isNear = [](double x, double y) { return std::abs(x - y) < 1.5 / trials; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](const auto& p, const auto& q) {
+        return isNear(p.powers.c, q.powers.c) && isNear(p.powers.m, q.powers.m) &&
+               isNear(p.powers.b, q.powers.b) && isNear(p.powers.z, q.powers.z);
+    });
 }
 
 /// The uniform numbers of a study and nothing else, a batch of squares at a time.
@@ -88,23 +104,29 @@ void keepQuickest(double& quickest, int runs, const Work& work)
     }
 }
 
-/// Study, plain transcription and drawing in turns. range(0): the kind of errors.
+/// All four in turns. range(0): the kind of errors.
 void ratios(benchmark::State& state)
 {
     const power::StudySettings settings = settingsOf(static_cast<int>(state.range(0)));
     constexpr int runs = 10;
     double fast = std::numeric_limits<double>::infinity();
     double plain = fast;
+    double simple = fast;
     double blocks = fast;
+    if (!areSame(study(settings), scalarStudy(settings)))
+        state.SkipWithError("the scalar study finds other powers");
     for ([[maybe_unused]] const auto iteration : state) {
-        keepQuickest(fast, runs, [&] { study(settings); });
+        keepQuickest(fast, runs, [&] { benchmark::DoNotOptimize(study(settings)); });
         keepQuickest(blocks, runs, uniformsInBlocks);
+        keepQuickest(simple, 3, [&] { benchmark::DoNotOptimize(scalarStudy(settings)); });
         keepQuickest(plain, 1, [&] { plainStudy(settings); });
     }
     state.counters["study_ms"] = fast;
     state.counters["plain_ms"] = plain;
+    state.counters["scalar_ms"] = simple;
     state.counters["blocks_ms"] = blocks;
     state.counters["plain/study"] = plain / fast;
+    state.counters["scalar/study"] = simple / fast;
     state.counters["study/blocks"] = fast / blocks;
 }
 

@@ -6,9 +6,7 @@
 #include "distribution/Frmgraf.h"
 #include "grid/model/GridError.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/ShowSquare.h"
 #include "square/file/LoadedSquare.h"
-#include "square/file/ShapeNotice.h"
 #include "window/Caption.h"
 #include "window/HandOff.h"
 #include "window/Icons.h"
@@ -66,6 +64,13 @@ TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget
         m_approaches->setFocus();
 }
 
+stats::ExactValues TAnalisis::ExactValues() const
+{
+    stats::ExactValues values{};
+    m_exact.handOver(values);
+    return values;
+}
+
 QSize TAnalisis::sizeHint() const
 {
     return {808, 580};
@@ -118,7 +123,7 @@ void TAnalisis::SpeedButton1Click()
 void TAnalisis::veClick()
 {
     auto* graph = new distribution::TGrafica(dialogs(), window());
-    graph->setDistribution(m_exactValues, m_exactCount, m_exactTitle, m_exactName);
+    graph->setDistribution({m_exact.figures(), m_exactTitle, m_exactName});
     graph->ShowDistribution();
     emit graphOpened(graph);
 }
@@ -145,21 +150,22 @@ QStringList TAnalisis::runSelectedTest()
     case stats::TestKind::Bennett:
         return stats::BennettTest(matrix, n, m_alpha);
     case stats::TestKind::C:
-        return runSequenceTest(stats::TestC, QStringLiteral("c"), matrix);
+        return keepExact(stats::reportC(matrix, n, m_alpha), QStringLiteral("c"));
     case stats::TestKind::M:
-        return runSequenceTest(stats::TestM, QStringLiteral("m"), matrix);
+        return keepExact(stats::reportM(matrix, n, m_alpha), QStringLiteral("m"));
     }
     return {};
 }
 
-QStringList TAnalisis::runSequenceTest(SequenceTest* test, const QString& statistic,
-                                       const stats::TMatrix& matrix)
+QStringList TAnalisis::keepExact(const stats::SequenceReport& report, const QString& statistic)
 {
-    const QStringList lines = test(matrix, m_datos->NrOfColumns(), m_alpha, m_exactValues,
-                                   m_exactAvailable, m_exactCount, m_exactTitle);
+    if (report.exact)
+        m_exact = *report.exact;
+    m_exactAvailable = report.exact.has_value();
+    m_exactTitle = report.exactTitle;
     m_exactName = statistic;
     m_ve->setEnabled(m_exactAvailable);
-    return lines;
+    return report.lines;
 }
 
 void TAnalisis::openPendingFile(window::HandOff& handOff)
@@ -184,13 +190,13 @@ void TAnalisis::openChosenFile(window::HandOff& handOff)
 
 bool TAnalisis::importFile(const QString& fileName)
 {
-    const square::LoadedSquare loaded = square::loadSquare(fileName);
-    if (!loaded.data) {
-        showBadFile(loaded.problem);
+    base::Outcome<square::LoadedSquare> loaded = square::loadSquare(fileName);
+    if (!loaded.value) {
+        showBadFile(loaded.reason);
         return false;
     }
     try {
-        square::showSquare(*loaded.data, *m_datos);
+        m_datos->setSquare(std::move(loaded.value->square));
     } catch (const grid::GridError& failure) {
         showBadFile(QString::fromUtf8(failure.what()));
         return false;

@@ -41,10 +41,10 @@ public:
     /// The significance level as a fraction; 0.05 at first.
     double Alpha() const { return m_alpha; }
 
-    /// The exact distribution that the last test C or M of order 3 handed over: ExactCount() values
-    /// of the statistic, ascending, then as many probabilities.
-    const stats::ExactValues& ExactValues() const { return m_exactValues; }
-    int ExactCount() const { return m_exactCount; }
+    /// The exact distribution of the last test C or M of order 3, for tests and the outside:
+    /// ExactCount() values of the statistic, ascending, then as many probabilities.
+    stats::ExactValues ExactValues() const;
+    int ExactCount() const { return m_exact.count(); }
     /// Whether the last test C or M had an exact distribution.
     bool ExactAvailable() const { return m_exactAvailable; }
     const QString& ExactTitle() const { return m_exactTitle; }
@@ -68,9 +68,6 @@ protected:
     virtual QStringList runSelectedTest();
 
 private:
-    using SequenceTest = QStringList(const stats::TMatrix&, int, double, stats::ExactValues&, bool&,
-                                     int&, QString&);
-
     void createMenu();
     void createLayout();
     QWidget* createToolBar();
@@ -87,8 +84,8 @@ private:
     stats::Approach selectedApproach() const;
     stats::TestKind selectedTest() const;
     stats::TMatrix observations() const;
-    QStringList runSequenceTest(SequenceTest* test, const QString& statistic,
-                                const stats::TMatrix& matrix);
+    /// Keeps the distribution of a sequence test for the graph. @return the report's lines
+    QStringList keepExact(const stats::SequenceReport& report, const QString& statistic);
 
     QToolButton* m_ve = nullptr;
     grid::TNTabEd* m_datos = nullptr;
@@ -99,8 +96,7 @@ private:
     controls::Memo* m_report = nullptr;
 
     double m_alpha = 0.05;
-    stats::ExactValues m_exactValues{};
-    int m_exactCount = 0;
+    stats::ExactDistribution m_exact;
     bool m_exactAvailable = false;
     QString m_exactTitle;
     QString m_exactName;

@@ -7,6 +7,7 @@
 #include "controls/Named.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
+#include "square/extraction/Extraction.h"
 #include "window/Command.h"
 
 #include <QGridLayout>
@@ -119,10 +120,8 @@ QWidget* TAnalisis::createScrollBox()
 
     m_datos = controls::named(new grid::TNTabEd(dialogs(), content), QStringLiteral("Datos"),
                               QStringLiteral("Datos a analizar"));
-    m_datos->setDefaultColWidth(64);
-    m_datos->setHeaderColumnWidth(80);
-    m_datos->setAutoAdvance(true);
     m_datos->setMinimumSize(200, 120);
+    square::answerExtractions(*m_datos);
     connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::statusText);
 
     auto* layout = new QGridLayout(content);

@@ -70,9 +70,9 @@ Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fiel
                 .arg(QString::number(lineNumber), QString::number(fieldNumber), shortened(field),
                      QString::number(longestNumber)));
     }
-    const TypedNumber number = readTypedNumber(field);
+    Outcome<double> number = readTypedNumber(field);
     if (number.value)
-        return Outcome<double>::of(*number.value);
+        return number;
     const QString reason =
         field.size() > longestQuote ? readTypedNumber(shortened(field)).reason : number.reason;
     return Outcome<double>::refused(

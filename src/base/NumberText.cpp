@@ -7,7 +7,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <string>
 
 namespace base {
@@ -33,23 +32,14 @@ void dropTrailingZeros(std::string& digits)
 Decimal takeApart(std::string_view scientific)
 {
     Decimal result;
-    result.digits.clear();
-    if (scientific.front() == '-') {
-        result.negative = true;
-        scientific.remove_prefix(1);
-    }
     const auto mark = scientific.find('e');
-    for (const char c : scientific.substr(0, mark)) {
-        if (c != '.')
-            result.digits += c;
-    }
-    std::string_view exponent = scientific.substr(mark + 1);
-    if (exponent.front() == '+')
-        exponent.remove_prefix(1);
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), result.exponent);
+    result.digits = scientific.substr(0, mark);
+    std::erase_if(result.digits, [](char c) { return c == '-' || c == '.'; });
     dropTrailingZeros(result.digits);
-    if (isZero(result))
-        result.negative = false;
+    result.negative = scientific.front() == '-' && !isZero(result);
+    const std::size_t exponent = mark + (scientific[mark + 1] == '+' ? 2 : 1);
+    std::from_chars(scientific.data() + exponent, scientific.data() + scientific.size(),
+                    result.exponent);
     return result;
 }
 
@@ -63,16 +53,12 @@ std::string_view digitsOf(Buffer& buffer, double value, Form... form)
     return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
-Decimal roundedTo(double value, int significantDigits)
+/// The digits of a value: as few as read back as it, or, rounded, `decimals` behind the first.
+template <typename... Decimals>
+Decimal decimalOf(double value, Decimals... decimals)
 {
     Buffer buffer;
-    return takeApart(digitsOf(buffer, value, std::chars_format::scientific, significantDigits - 1));
-}
-
-Decimal shortestExact(double value)
-{
-    Buffer buffer;
-    return takeApart(digitsOf(buffer, value, std::chars_format::scientific));
+    return takeApart(digitsOf(buffer, value, std::chars_format::scientific, decimals...));
 }
 
 QString notFiniteText(double value)
@@ -116,118 +102,44 @@ QString generalForm(const Decimal& decimal)
                      (fixed ? fixedNotation(decimal) : scientificNotation(decimal)));
 }
 
-/// Adds one unit to the last digit of a row of digits; "99" becomes "100".
-std::string incremented(std::string digits)
+/// The first `kept` digits of a decimal, rounded half away from zero, without trailing zeros.
+Decimal shortened(Decimal decimal, int kept)
 {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        if (*digit != '9') {
-            ++*digit;
-            return digits;
-        }
-        *digit = '0';
+    if (kept < 0)
+        return {};
+    const auto length = static_cast<std::size_t>(kept);
+    const bool up = length < decimal.digits.size() && decimal.digits[length] >= '5';
+    if (length < decimal.digits.size())
+        decimal.digits.resize(length);
+    // One more in the last digit makes zeros of the nines before it.
+    decimal.digits.resize(decimal.digits.find_last_not_of(up ? '9' : '0') + 1);
+    if (up && !decimal.digits.empty()) {
+        ++decimal.digits.back();
+    } else if (up) {
+        decimal.digits = "1";
+        ++decimal.exponent;
     }
-    return '1' + digits;
+    return decimal.digits.empty() ? Decimal() : decimal;
 }
 
-/// The first `kept` of some digits, rounded half up, with zeros where there are fewer: one digit
-/// more where all were 9, "0" or "1" where none is kept.
-std::string roundedTo(std::string digits, std::size_t kept)
+/// The number that the whole of a text is in ordinary notation, infinity where it is too large;
+/// nothing where it is none.
+std::optional<double> numberOrInfinity(std::string_view text)
 {
-    if (kept >= digits.size())
-        return digits + std::string(kept - digits.size(), '0');
-    const bool up = digits[kept] >= '5';
-    digits.resize(kept);
-    if (digits.empty())
-        digits = "0";
-    return up ? incremented(digits) : digits;
-}
-
-/// |decimal| x 100, rounded half up to a whole number, as its digits.
-std::string roundedHundredths(const Decimal& decimal)
-{
-    const int kept = decimal.exponent + 3; // digits up to the second decimal
-    return kept < 0 ? "0" : roundedTo(decimal.digits, static_cast<std::size_t>(kept));
-}
-
-/// The decimal with the significant digits of the general form, rounded half away from zero.
-Decimal shortened(const Decimal& decimal)
-{
-    Decimal result = decimal;
-    result.digits = roundedTo(decimal.digits, generalDigits);
-    if (result.digits.size() > generalDigits)
-        ++result.exponent;
-    dropTrailingZeros(result.digits);
-    return result;
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool isSign(char c)
-{
-    return c == '+' || c == '-';
-}
-
-void skipDigits(std::string_view text, std::size_t& at)
-{
-    while (at < text.size() && isDigit(text[at]))
-        ++at;
-}
-
-/// Whether `text` is sign, digits with at most one point, and exponent, and nothing else.
-bool isOrdinaryNotation(std::string_view text)
-{
-    std::size_t at = 0;
-    if (at < text.size() && isSign(text[at]))
-        ++at;
-    const std::size_t firstDigit = at;
-    skipDigits(text, at);
-    std::size_t digits = at - firstDigit;
-    if (at < text.size() && text[at] == '.') {
-        const std::size_t firstDecimal = ++at;
-        skipDigits(text, at);
-        digits += at - firstDecimal;
+    if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos)
+        return std::nullopt; // also "inf" and "nan", which std::from_chars would take
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    double value = 0.0;
+    const char* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, value);
+    if (end != last || error == std::errc::invalid_argument)
+        return std::nullopt;
+    if (error == std::errc::result_out_of_range) { // at either end: Qt tells an infinity from a 0
+        value = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toDouble();
+        value = std::copysign(value, text.starts_with('-') ? -1.0 : 1.0);
     }
-    if (digits == 0)
-        return false;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-        if (++at < text.size() && isSign(text[at]))
-            ++at;
-        const std::size_t firstExponentDigit = at;
-        skipDigits(text, at);
-        if (at == firstExponentDigit)
-            return false;
-    }
-    return at == text.size();
-}
-
-/// Whether a number that std::from_chars found out of range is too small rather than too large.
-bool isTooSmall(std::string_view text)
-{
-    const auto mark = std::min(text.find_first_of("eE"), text.size());
-    // Far beyond any text's length, and far enough from the end of long to be added to one.
-    constexpr long furthest = std::numeric_limits<long>::max() / 2;
-    long exponent = 0;
-    if (mark < text.size()) {
-        std::string_view digits = text.substr(mark + 1);
-        const bool negative = digits.front() == '-';
-        if (digits.front() == '+')
-            digits.remove_prefix(1);
-        const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-        if (read.ec == std::errc::result_out_of_range)
-            return negative;
-        exponent = std::clamp(exponent, -furthest, furthest);
-    }
-    const auto point = std::min(text.find('.'), mark);
-    const auto firstSignificant = text.find_first_of("123456789");
-    return static_cast<long>(point) - static_cast<long>(firstSignificant) + exponent < 0;
-}
-
-TypedNumber refused(const QString& reason)
-{
-    return {std::nullopt, reason};
+    return value;
 }
 
 } // namespace
@@ -240,36 +152,32 @@ QString decimalSeparator()
 
 QString generalText(double value)
 {
-    return std::isfinite(value) ? generalForm(roundedTo(value, generalDigits))
+    return std::isfinite(value) ? generalForm(decimalOf(value, generalDigits - 1))
                                 : notFiniteText(value);
 }
 
 QString fullText(double value)
 {
-    return std::isfinite(value) ? generalForm(shortestExact(value)) : notFiniteText(value);
+    return std::isfinite(value) ? generalForm(decimalOf(value)) : notFiniteText(value);
 }
 
 QString tableText(const Decimal& decimal)
 {
     if (decimal.exponent >= lowestScientificExponent)
-        return generalForm(shortened(decimal));
+        return generalForm(shortened(decimal, generalDigits));
 
-    std::string hundredths = roundedHundredths(decimal);
-    if (hundredths.find_first_not_of('0') == std::string::npos)
-        return QStringLiteral("0");
-    if (hundredths.size() < 2)
-        hundredths.insert(0, 2 - hundredths.size(), '0');
-    std::string whole = hundredths.substr(0, hundredths.size() - 2);
-    std::string decimals = hundredths.substr(hundredths.size() - 2);
-    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
-    decimals.erase(decimals.find_last_not_of('0') + 1);
-    return localised((decimal.negative ? "-" : "") + whole +
-                     (decimals.empty() ? "" : '.' + decimals));
+    constexpr int decimals = 2;
+    const Decimal rounded = shortened(decimal, decimal.exponent + 1 + decimals);
+    std::string text = fixedNotation(rounded);
+    if (text.starts_with("0."))
+        text.erase(0, 1);
+    return localised((rounded.negative ? "-" : "") + text);
 }
 
 QString tableText(double value)
 {
-    return std::isfinite(value) ? tableText(roundedTo(value, generalDigits)) : notFiniteText(value);
+    return std::isfinite(value) ? tableText(decimalOf(value, generalDigits - 1))
+                                : notFiniteText(value);
 }
 
 QString fixedText(double value, int decimals)
@@ -300,37 +208,29 @@ QByteArray scientificField(double value, int precision)
 
 std::optional<double> readPlainNumber(std::string_view text)
 {
-    if (!isOrdinaryNotation(text))
-        return std::nullopt;
-    const std::string_view unsignedPlus = text.front() == '+' ? text.substr(1) : text;
-    double value = 0.0;
-    const auto [end, error] =
-        std::from_chars(unsignedPlus.data(), unsignedPlus.data() + unsignedPlus.size(), value);
-    if (error == std::errc::result_out_of_range)
-        return isTooSmall(text) ? std::optional(text.front() == '-' ? -0.0 : 0.0) : std::nullopt;
-    return value;
+    const std::optional<double> value = numberOrInfinity(text);
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
-TypedNumber readTypedNumber(QStringView text)
+Outcome<double> readTypedNumber(QStringView text)
 {
+    using Number = Outcome<double>;
     const QString trimmed = text.trimmed().toString();
     if (trimmed.isEmpty())
-        return refused(QStringLiteral("Falta el número."));
-    const qsizetype separators = trimmed.count(QLatin1Char(',')) + trimmed.count(QLatin1Char('.'));
-    if (separators > 1) {
-        return refused(
+        return Number::refused(QStringLiteral("Falta el número."));
+    const QString plain = QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.'));
+    if (plain.count(QLatin1Char('.')) > 1) {
+        return Number::refused(
             QStringLiteral("«%1» tiene más de un separador decimal. Escriba el número sin "
                            "separador de miles y con una sola coma o un solo punto.")
                 .arg(trimmed));
     }
-    const std::string plain =
-        QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.')).toStdString();
-    if (!isOrdinaryNotation(plain))
-        return refused(QStringLiteral("«%1» no es un número.").arg(trimmed));
-    const std::optional<double> value = readPlainNumber(plain);
+    const std::optional<double> value = numberOrInfinity(plain.toStdString());
     if (!value)
-        return refused(QStringLiteral("«%1» es demasiado grande.").arg(trimmed));
-    return {value, QString()};
+        return Number::refused(QStringLiteral("«%1» no es un número.").arg(trimmed));
+    if (std::isinf(*value))
+        return Number::refused(QStringLiteral("«%1» es demasiado grande.").arg(trimmed));
+    return Number::of(*value);
 }
 
 } // namespace base

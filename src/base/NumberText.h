@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Outcome.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -65,17 +67,11 @@ QByteArray scientificField(double value, int precision);
 /// them gives the nearest double, which may be zero.
 std::optional<double> readPlainNumber(std::string_view text);
 
-/// What a typed text came to: a number, or the reason, in Spanish, why it is none.
-struct TypedNumber {
-    std::optional<double> value;
-    QString reason; ///< A whole sentence for the user; empty when there is a value.
-};
-
 /// Reads a number as users type it, by one rule in every field and every locale.
 ///
 /// Blanks around it, one sign, digits, at most one "," or "." as the decimal point, an optional
 /// exponent. Two separators are refused and never guessed at, since "1.234,5" and "1,234.5" mean
 /// different numbers to different users.
-TypedNumber readTypedNumber(QStringView text);
+Outcome<double> readTypedNumber(QStringView text);
 
 } // namespace base

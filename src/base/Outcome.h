@@ -14,6 +14,9 @@ struct Outcome {
     std::optional<T> value;
     QString reason; ///< Whole sentences; empty when there is a value.
 
+    /// The reason alone.
+    std::optional<QString> problem() const { return value ? std::nullopt : std::optional(reason); }
+
     static Outcome of(T result) { return {std::move(result), QString()}; }
     static Outcome refused(QString why) { return {std::nullopt, std::move(why)}; }
 };

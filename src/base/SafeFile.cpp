@@ -84,7 +84,7 @@ int errorOnTheDisk(int descriptor)
 }
 
 /// Reads up to the end; a file that says that it is empty may still have something to say.
-FileContents readDescriptor(int descriptor, qint64 size)
+Outcome<QByteArray> readDescriptor(int descriptor, qint64 size)
 {
     const qint64 limit = size > 0 ? largestFile : largestUnsizedFile;
     const QString exceeded =
@@ -92,20 +92,20 @@ FileContents readDescriptor(int descriptor, qint64 size)
                  : QStringLiteral("El archivo no indica su tamaño y tiene más de 1 MiB, lo más que "
                                   "se lee de un archivo así.");
     if (size > limit)
-        return {std::nullopt, exceeded};
+        return Outcome<QByteArray>::refused(exceeded);
     QByteArray bytes;
     bytes.reserve(size);
     std::vector<char> block(1U << 16U);
     while (true) {
         const ssize_t count = read(descriptor, block.data(), block.size());
         if (count == 0)
-            return {bytes, QString()};
+            return Outcome<QByteArray>::of(bytes);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             return {};
         if (bytes.size() + count > limit)
-            return {std::nullopt, exceeded};
+            return Outcome<QByteArray>::refused(exceeded);
         bytes.append(block.data(), count);
     }
 }
@@ -139,7 +139,7 @@ std::optional<QString> writeFile(const QString& fileName, const QByteArray& byte
     return std::nullopt;
 }
 
-FileContents readLimited(const QString& fileName)
+Outcome<QByteArray> readLimited(const QString& fileName)
 {
     if (!QFileInfo(fileName).isFile()) // asked first: to open a device may do something to it
         return {};
@@ -147,7 +147,7 @@ FileContents readLimited(const QString& fileName)
         open(QFile::encodeName(fileName).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
         return {};
-    FileContents contents;
+    Outcome<QByteArray> contents;
     struct stat status {};
     if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
         contents = readDescriptor(descriptor, status.st_size);
@@ -157,7 +157,7 @@ FileContents readLimited(const QString& fileName)
 
 std::optional<QByteArray> readFile(const QString& fileName)
 {
-    return readLimited(fileName).bytes;
+    return readLimited(fileName).value;
 }
 
 QByteArray fingerprint(const QByteArray& bytes)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Outcome.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -15,20 +17,14 @@ namespace base {
 /// confirmed that they are all on the disk, so on any failure the target is byte for byte what it
 /// was and no stray file is left.
 /// @return nothing when the file was written, otherwise the reason in Spanish: a whole sentence
-/// that
-///         does not name the file.
+///         that does not name the file
 [[nodiscard]] std::optional<QString> writeFile(const QString& fileName, const QByteArray& bytes);
 
-/// What the reading of a file came to.
-struct FileContents {
-    std::optional<QByteArray> bytes;
-    QString limit; ///< A sentence in Spanish that names the limit that the file exceeds, if one.
-};
-
 /// Reads a whole ordinary file, up to 1 GiB; one that does not tell its size, as the system's own
-/// files under /proc, up to 1 MiB, and never waiting for more to come. No bytes for what cannot be
-/// opened, for folders, devices and pipes.
-[[nodiscard]] FileContents readLimited(const QString& fileName);
+/// files under /proc, up to 1 MiB, and never waiting for more to come.
+/// @return the bytes, or a sentence that names the limit that the file exceeds; neither for what
+///         cannot be read, and for folders, devices and pipes
+[[nodiscard]] Outcome<QByteArray> readLimited(const QString& fileName);
 
 /// The bytes of readLimited().
 [[nodiscard]] std::optional<QByteArray> readFile(const QString& fileName);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace distribution {
 
@@ -19,37 +20,16 @@ constexpr double fitMargin = 2.0; // percent
 constexpr int splitterHeight = 3;
 constexpr int usualLowerHeight = 160;
 
-/// The settings that both charts share.
-void setUp(chart::TRChart& chart, const QString& name, const QString& caption,
-           const QString& ordinate)
+/// A line through one of the figures of every value.
+void drawCurve(chart::TRChart& chart, const std::vector<stats::ExactFigures>& figures,
+               double stats::ExactFigures::*height)
 {
-    chart.setObjectName(name);
-    chart.setAccessibleName(caption);
-    chart.setCaption(caption);
-    chart.setIdAbscissa(QStringLiteral("Valor"));
-    chart.setIdOrdinate(ordinate);
-    chart.setGridStyle(chart::GridStyle::gsHorizDotLines);
-    chart.setRangeHiX(10.0);
-    chart.setRangeHiY(10.0);
-    chart.setMinTickX(8);
-    chart.setMinRangeX(1e-10);
-    chart.setMinRangeY(1e-10);
-    chart.setMouseAction(chart::MouseAction::maZoomDrag);
-    chart.setShadowStyle(chart::ShadowStyle::ssFlying);
-    chart.setShortTicksX(true);
-    chart.setShortTicksY(true);
-    chart.setTextBkStyle(chart::TextBkStyle::tbClear);
-    chart.setTextAlignment(chart::TextAlignment::taCenter);
-    chart.setAutoRedraw(true);
-}
-
-void drawCurve(chart::TRChart& chart, std::span<const double> x, std::span<const double> y)
-{
-    for (std::size_t i = 0; i < x.size(); ++i) {
+    chart.ClearItems();
+    for (std::size_t i = 0; i < figures.size(); ++i) {
         if (i == 0)
-            chart.MoveToXY(x[i], y[i]);
+            chart.MoveToXY(figures[i].value, figures[i].*height);
         else
-            chart.LineToXY(x[i], y[i]);
+            chart.LineToXY(figures[i].value, figures[i].*height);
     }
     chart.FitRangeToData(fitMargin);
 }
@@ -71,20 +51,14 @@ QSize TGrafica::sizeHint() const
     return {544, 375 - usualLowerHeight + lowerChartHeight()};
 }
 
-void TGrafica::setDistribution(std::span<const double> values, int count, const QString& title,
-                               const QString& statName)
+void TGrafica::setDistribution(ShownDistribution distribution)
 {
-    const int held =
-        static_cast<int>(std::min<std::size_t>(values.size() / 2, ExactDistribution::mostValues));
-    m_distribution.Count = std::clamp(count, 0, held);
-    std::copy_n(values.begin(), 2 * m_distribution.Count, m_distribution.Values.begin());
-    m_distribution.Title = title;
-    m_distribution.StatName = statName;
+    m_distribution = std::move(distribution);
 }
 
 void TGrafica::ShowDistribution()
 {
-    const ExactDistribution& shown = m_distribution;
+    const ShownDistribution& shown = m_distribution;
     const QString upper = shown.StatName.toUpper();
     const QString lower = shown.StatName.toLower();
     setWindowTitle(shown.Title);
@@ -94,11 +68,9 @@ void TGrafica::ShowDistribution()
     m_graph2->setIdAbscissa(QStringLiteral("Valor ") + upper);
     m_graph2->setIdOrdinate(QStringLiteral("P(%1<=%2)").arg(upper, lower));
 
-    m_graph->ClearItems();
-    drawCurve(*m_graph, shown.values(), shown.probabilities());
-    m_graph2->ClearItems();
+    drawCurve(*m_graph, shown.figures, &stats::ExactFigures::probability);
     m_graph2->setDataColor(QColor(0, 0, 255));
-    drawCurve(*m_graph2, shown.values(), shown.cumulative());
+    drawCurve(*m_graph2, shown.figures, &stats::ExactFigures::cumulative);
     alignCharts();
 }
 
@@ -174,15 +146,12 @@ void TGrafica::createMenu()
 
 void TGrafica::createCharts()
 {
-    m_graph = new chart::TRChart;
-    setUp(*m_graph, QStringLiteral("Graph"), plainCaption(), QStringLiteral("P(X=k)"));
-    m_graph->setDecPlaceX(3);
-    m_graph->setDecPlaceY(4);
-    m_graph2 = new chart::TRChart;
-    setUp(*m_graph2, QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
-          QStringLiteral("P(X<=k)"));
-    m_graph2->setDecPlaceX(2);
-    m_graph2->setDecPlaceY(3);
+    m_graph = chart::createChart({QStringLiteral("Graph"), plainCaption(), QStringLiteral("Valor"),
+                                  QStringLiteral("P(X=k)"), 3, 4});
+    m_graph2 = chart::createChart({QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
+                                   QStringLiteral("Valor"), QStringLiteral("P(X<=k)"), 2, 3});
+    for (chart::TRChart* chart : {m_graph, m_graph2})
+        chart->setMinTickX(8);
 
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("Splitter1"));

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "distribution/ExactDistribution.h"
+#include "distribution/DistributionTable.h"
 #include "window/ChildWindow.h"
-
-#include <span>
 
 class QAction;
 
@@ -27,12 +25,8 @@ public:
     QSize sizeHint() const override;
 
     /// Takes a distribution over, to be shown by ShowDistribution().
-    /// @param values `count` values, ascending, then as many probabilities; of a count that the
-    ///        span or the window has no room for only what fits
-    /// @param statName "c" or "m"
-    void setDistribution(std::span<const double> values, int count, const QString& title,
-                         const QString& statName);
-    const ExactDistribution& distribution() const { return m_distribution; }
+    void setDistribution(ShownDistribution distribution);
+    const ShownDistribution& distribution() const { return m_distribution; }
 
     /// Draws the distribution on both charts.
     void ShowDistribution();
@@ -58,7 +52,7 @@ private:
 
     chart::TRChart* m_graph = nullptr;
     chart::TRChart* m_graph2 = nullptr;
-    ExactDistribution m_distribution;
+    ShownDistribution m_distribution;
 };
 
 } // namespace distribution

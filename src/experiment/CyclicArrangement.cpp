@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "experiment/LatinSquare.h"
+#include "experiment/CyclicArrangement.h"
 
 #include <algorithm>
 #include <numeric>
@@ -28,7 +28,7 @@ Numbers stepFromFirstRow(const LatinSquare& square, int row)
 {
     Numbers step(at(square.order()));
     for (int column = 0; column < square.order(); ++column)
-        step[at(square.layout[square.place(0, column)])] = square.layout[square.place(row, column)];
+        step[at(square.layout[square.place(column, 0)])] = square.layout[square.place(column, row)];
     return step;
 }
 
@@ -51,8 +51,8 @@ Numbers distancesOfRows(const LatinSquare& square, const Numbers& places)
     Numbers distances(at(n));
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column) {
-            const int distance = (places[at(square.layout[square.place(row, column)])] -
-                                  places[at(square.layout[square.place(0, column)])] + n) %
+            const int distance = (places[at(square.layout[square.place(column, row)])] -
+                                  places[at(square.layout[square.place(column, 0)])] + n) %
                                  n;
             if (column > 0 && distance != distances[at(row)])
                 return {};
@@ -90,8 +90,8 @@ LatinSquare arranged(const LatinSquare& square, const Numbers& newRows, const Nu
     }
     for (int row = 0; row < square.order(); ++row) {
         for (int column = 0; column < square.order(); ++column) {
-            const std::size_t from = square.place(row, column);
-            const std::size_t to = square.place(newRows[at(row)], newColumns[at(column)]);
+            const std::size_t from = square.place(column, row);
+            const std::size_t to = square.place(newColumns[at(column)], newRows[at(row)]);
             result.values[to] = square.values[from];
             result.layout[to] = newTreatments[at(square.layout[from])];
         }
@@ -124,20 +124,19 @@ std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square)
         return std::nullopt;
     Numbers columns;
     for (int column = 0; column < n; ++column)
-        columns.push_back(places[at(square.layout[square.place(0, column)])]);
+        columns.push_back(places[at(square.layout[square.place(column, 0)])]);
 
     // With row i at rows[i] and column j at columns[j] the treatment at places[k] is the sum of the
     // two modulo n. Multiplying all three by a factor prime to n and shifting rows and columns
     // gives every other arrangement.
-    int factor = 1;
-    Shift rowShift = bestShift(rows, factor);
-    Shift columnShift = bestShift(columns, factor);
-    for (int other = 2; other < n; ++other) {
-        if (std::gcd(other, n) != 1)
-            continue;
+    int factor = 0;
+    Shift rowShift{0, -1};
+    Shift columnShift{0, -1};
+    for (int other = 1; other < n; ++other) {
         const Shift ofRows = bestShift(rows, other);
         const Shift ofColumns = bestShift(columns, other);
-        if (std::pair(ofRows.kept, ofColumns.kept) > std::pair(rowShift.kept, columnShift.kept)) {
+        if (std::gcd(other, n) == 1 &&
+            std::pair(ofRows.kept, ofColumns.kept) > std::pair(rowShift.kept, columnShift.kept)) {
             factor = other;
             rowShift = ofRows;
             columnShift = ofColumns;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "experiment/Experiment.h"
+#include "experiment/ExperimentList.h"
 
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
@@ -129,15 +129,8 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
 
 } // namespace
 
-QString labelText(QStringView field)
-{
-    return field.toString().simplified();
-}
-
 bool isExperimentList(const FieldLines& lines)
 {
-    if (lines.empty())
-        return false;
     const Places places = headerIn(lines.front()).places;
     std::size_t withFourFields = 0;
     std::size_t withNumber = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "experiment/Experiment.h"
+#include "experiment/ExperimentSquare.h"
 
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
@@ -13,6 +13,14 @@ namespace experiment {
 namespace {
 
 constexpr QChar blank = QLatin1Char(' ');
+
+/// What a square carries beside its cells.
+struct Names {
+    std::size_t lines;  ///< 1 where a line of column names comes first.
+    std::size_t fields; ///< 1 where the first field of a line is the name of its row.
+};
+constexpr Names none = {0, 0};
+constexpr Names both = {1, 1};
 
 /// A cell taken apart; without a treatment where it could not be.
 struct Cell {
@@ -117,48 +125,39 @@ QString labelOr(QStringView label, QLatin1Char letter, std::size_t number)
     return label.isEmpty() ? QStringLiteral("%1-%2").arg(letter).arg(number) : labelText(label);
 }
 
-} // namespace
-
-std::vector<SquareLabels> possibleSquareLabels(const FieldLines& lines)
+/// The ways in which the lines can be read, the likeliest first.
+std::vector<Names> possibleNames(const FieldLines& lines)
 {
     const std::size_t height = lines.size();
-    const std::size_t width = height == 0 ? 0 : lines.back().size();
-    const bool rectangular = std::all_of(
-        lines.begin(), lines.end(), [width](const auto& fields) { return fields.size() == width; });
-    if (!rectangular) {
-        const bool onlyTheFirstShorter =
-            lines.front().size() + 1 == width && height == width &&
-            std::all_of(lines.begin() + 1, lines.end(),
-                        [width](const auto& fields) { return fields.size() == width; });
-        return onlyTheFirstShorter ? std::vector{SquareLabels::Both} : std::vector<SquareLabels>{};
-    }
-    if (height < 2)
+    const std::size_t width = lines.back().size();
+    const bool sameBelow = std::all_of(lines.begin() + 1, lines.end(), [width](const auto& fields) {
+        return fields.size() == width;
+    });
+    // A first line without a field above the row names is one field short.
+    if (sameBelow && height == width && lines.front().size() + 1 == width)
+        return {both};
+    if (height < 2 || !sameBelow || lines.front().size() != width)
         return {};
     if (height == width + 1)
-        return {SquareLabels::Columns};
+        return {{1, 0}};
     if (height + 1 == width)
-        return {SquareLabels::Rows};
+        return {{0, 1}};
     if (height != width)
         return {};
     if (lines.front().front().isEmpty())
-        return {SquareLabels::Both};
+        return {both};
     if (height == 2 || firstLineSharesTreatments(lines))
-        return {SquareLabels::None, SquareLabels::Both};
-    return {SquareLabels::Both, SquareLabels::None};
+        return {none, both};
+    return {both, none};
 }
 
-base::Outcome<Experiment> readExperimentSquare(const FieldLines& lines, SquareLabels labels)
+base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
 {
-    const std::size_t firstLine =
-        labels == SquareLabels::Columns || labels == SquareLabels::Both ? 1 : 0;
-    const std::size_t firstField =
-        labels == SquareLabels::Rows || labels == SquareLabels::Both ? 1 : 0;
-    // A first line without a field above the row names is one field short.
-    const std::size_t columnLabelShift = lines.front().size() < lines.back().size() ? 1 : 0;
+    const std::size_t columnNameShift = lines.front().size() < lines.back().size() ? 1 : 0;
 
     Experiment experiment;
-    for (std::size_t line = firstLine; line < lines.size(); ++line) {
-        for (std::size_t field = firstField; field < lines[line].size(); ++field) {
+    for (std::size_t line = names.lines; line < lines.size(); ++line) {
+        for (std::size_t field = names.fields; field < lines[line].size(); ++field) {
             const QStringView text = lines[line][field];
             const std::optional<Cell> cell = readCell(text);
             if (!cell) {
@@ -169,15 +168,25 @@ base::Outcome<Experiment> readExperimentSquare(const FieldLines& lines, SquareLa
                         .arg(field + 1)
                         .arg(base::shortened(text)));
             }
-            const QStringView rowLabel = firstField == 1 ? lines[line].front() : QStringView();
-            const QStringView columnLabel =
-                firstLine == 1 ? lines.front()[field - columnLabelShift] : QStringView();
-            experiment.push_back({labelOr(rowLabel, QLatin1Char('R'), line + 1 - firstLine),
-                                  labelOr(columnLabel, QLatin1Char('C'), field + 1 - firstField),
+            const QStringView rowName = names.fields == 1 ? lines[line].front() : QStringView();
+            const QStringView columnName =
+                names.lines == 1 ? lines.front()[field - columnNameShift] : QStringView();
+            experiment.push_back({labelOr(rowName, QLatin1Char('R'), line + 1 - names.lines),
+                                  labelOr(columnName, QLatin1Char('C'), field + 1 - names.fields),
                                   cell->treatment, cell->value, static_cast<int>(line) + 1});
         }
     }
     return base::Outcome<Experiment>::of(std::move(experiment));
+}
+
+} // namespace
+
+std::vector<base::Outcome<Experiment>> readExperimentSquare(const FieldLines& lines)
+{
+    std::vector<base::Outcome<Experiment>> readings;
+    for (const Names names : possibleNames(lines))
+        readings.push_back(readSquare(lines, names));
+    return readings;
 }
 
 } // namespace experiment

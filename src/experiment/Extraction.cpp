@@ -2,6 +2,9 @@
 #include "experiment/Extraction.h"
 
 #include "base/FieldLines.h"
+#include "experiment/CyclicArrangement.h"
+#include "experiment/ExperimentList.h"
+#include "experiment/ExperimentSquare.h"
 
 namespace experiment {
 
@@ -11,39 +14,30 @@ using Result = base::Outcome<LatinSquare>;
 
 constexpr qsizetype longestExperiment = 1'000'000; // characters: the lists of order 200 and more
 
-/// A square read in one way.
-Result readSquare(const FieldLines& lines, SquareLabels labels)
+Result latinSquareIn(const base::Outcome<Experiment>& reading)
 {
-    const base::Outcome<Experiment> cells = readExperimentSquare(lines, labels);
-    return cells.value ? latinSquareOf(*cells.value) : Result::refused(cells.reason);
+    return reading.value ? latinSquareOf(*reading.value) : Result::refused(reading.reason);
 }
 
-/// A square read in the first way that gives a Latin square; the fault of the likeliest where none
+/// The first reading of the lines that gives a Latin square; the fault of the likeliest where none
 /// does.
-Result readSquare(const FieldLines& lines)
+Result readLatinSquare(const FieldLines& lines)
 {
-    const std::vector<SquareLabels> ways = possibleSquareLabels(lines);
-    if (ways.empty()) {
+    const auto readings = isExperimentList(lines) ? std::vector{readExperimentList(lines)}
+                                                  : readExperimentSquare(lines);
+    if (readings.empty()) {
         return Result::refused(QStringLiteral(
             "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
             "tratamiento y observación, o un cuadrado de celdas como «A 24», con los campos "
             "separados por tabuladores o por punto y coma."));
     }
-    const Result likeliest = readSquare(lines, ways.front());
-    for (std::size_t i = 1; i < ways.size() && !likeliest.value; ++i) {
-        Result other = readSquare(lines, ways[i]);
+    const Result likeliest = latinSquareIn(readings.front());
+    for (std::size_t i = 1; i < readings.size() && !likeliest.value; ++i) {
+        Result other = latinSquareIn(readings[i]);
         if (other.value)
             return other;
     }
     return likeliest;
-}
-
-Result readLatinSquare(const FieldLines& lines)
-{
-    if (!isExperimentList(lines))
-        return readSquare(lines);
-    const base::Outcome<Experiment> experiment = readExperimentList(lines);
-    return experiment.value ? latinSquareOf(*experiment.value) : Result::refused(experiment.reason);
 }
 
 } // namespace

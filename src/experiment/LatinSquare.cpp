@@ -21,13 +21,12 @@ struct Labels {
 
     int add(const QString& name)
     {
-        const auto known = places.constFind(name);
-        const int place = known != places.constEnd() ? *known : static_cast<int>(names.size());
-        if (known == places.constEnd()) {
-            places.insert(name, place);
+        if (!places.contains(name)) {
+            places.insert(name, static_cast<int>(names.size()));
             names += name;
             counts.push_back(0);
         }
+        const int place = places.value(name);
         ++counts[static_cast<std::size_t>(place)];
         return place;
     }
@@ -178,11 +177,11 @@ base::Outcome<LatinSquare> latinSquareOf(const Experiment& experiment)
     if (!fault.isEmpty())
         return base::Outcome<LatinSquare>::refused(fault);
 
-    LatinSquare square{index.rows.names, index.columns.names, index.treatments.names, {}, {}};
+    LatinSquare square{index.columns.names, index.rows.names, index.treatments.names, {}, {}};
     square.layout.resize(experiment.size());
     square.values.resize(experiment.size());
     for (std::size_t i = 0; i < experiment.size(); ++i) {
-        const std::size_t place = square.place(index.places[i].row, index.places[i].column);
+        const std::size_t place = square.place(index.places[i].column, index.places[i].row);
         square.layout[place] = index.places[i].treatment;
         square.values[place] = experiment[i].value;
     }

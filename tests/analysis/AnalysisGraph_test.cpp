@@ -2,6 +2,7 @@
 #include "analysis/AnalysisFixture.h"
 #include "distribution/Frmgraf.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -32,20 +33,23 @@ TEST_F(AnalysisGraph, EveryClickOpensOneMoreGraphOfTheLastDistribution)
     click(&ve());
     ASSERT_EQ(graphs.size(), 3U);
 
-    const distribution::ExactDistribution& c = graphs[0]->distribution();
-    EXPECT_EQ(c.Count, 86);
+    const distribution::ShownDistribution& c = graphs[0]->distribution();
+    EXPECT_EQ(c.Count(), 86);
     EXPECT_EQ(c.StatName, QStringLiteral("c"));
     EXPECT_EQ(c.Title, QStringLiteral("Distribución exacta de C para cuadrados de 3x3"));
     EXPECT_EQ(graphs[0]->windowTitle(), c.Title);
 
-    const distribution::ExactDistribution& m = graphs[2]->distribution();
-    EXPECT_EQ(m.Count, 112);
+    const distribution::ShownDistribution& m = graphs[2]->distribution();
+    EXPECT_EQ(m.Count(), 112);
     EXPECT_EQ(m.StatName, QStringLiteral("m"));
     EXPECT_EQ(m.Title, QStringLiteral("Distribución exacta de M para cuadrados de 3x3"));
-    EXPECT_DOUBLE_EQ(m.values().front(), 0.0);
-    EXPECT_DOUBLE_EQ(m.values().back(), 1.5); // n / (n - 1)
-    const auto probabilities = m.probabilities();
-    EXPECT_NEAR(std::accumulate(probabilities.begin(), probabilities.end(), 0.0), 1.0, 1e-12);
+    const std::vector<double> values = m.Values();
+    ASSERT_EQ(values.size(), 224U);
+    EXPECT_DOUBLE_EQ(values[0], 0.0);
+    EXPECT_DOUBLE_EQ(values[111], 1.5); // n / (n - 1)
+    EXPECT_NEAR(std::accumulate(values.begin() + 112, values.end(), 0.0), 1.0, 1e-12);
+    // 13/14 of the 1680 arrangements: one division, not a sum of rounded probabilities.
+    EXPECT_EQ(std::ranges::count(m.figures, 1560.0 / 1680, &stats::ExactFigures::cumulative), 1);
 }
 
 TEST_F(AnalysisGraph, GraphIsOwnedByWhatHoldsTheAnalysisAndKeepsItsOwnCopy)
@@ -59,5 +63,5 @@ TEST_F(AnalysisGraph, GraphIsOwnedByWhatHoldsTheAnalysisAndKeepsItsOwnCopy)
     delete window;
     ASSERT_EQ(graphs.size(), 1U);
     ASSERT_NE(graphs.front(), nullptr);
-    EXPECT_EQ(graphs.front()->distribution().Count, 86);
+    EXPECT_EQ(graphs.front()->distribution().Count(), 86);
 }

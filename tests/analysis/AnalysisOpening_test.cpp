@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/AnalysisFixture.h"
-#include "square/file/ShapeNotice.h"
+#include "square/file/LoadedSquare.h"
 
 #include <QApplication>
 #include <QFontInfo>

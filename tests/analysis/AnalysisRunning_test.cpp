@@ -42,7 +42,8 @@ protected:
     {
         constexpr double roundingOfTheSum = 1e-14;
         ASSERT_EQ(window->ExactCount(), count);
-        const auto values = window->ExactValues().begin();
+        const stats::ExactValues handedOver = window->ExactValues();
+        const auto values = handedOver.begin();
         const auto probabilities = values + count;
         EXPECT_EQ(values[0], 0.0);
         EXPECT_EQ(values[count - 1], largest);

@@ -176,7 +176,7 @@ TEST_F(NumberText, TypedNumbersFollowOneRuleInEveryLocale)
     for (const char* locale : {"C", "es_ES", "es_MX", "es_AR", "de_DE"}) {
         const UserLocale user(locale);
         for (const auto& [typed, value] : cases) {
-            const base::TypedNumber number = base::readTypedNumber(text(typed));
+            const base::Outcome<double> number = base::readTypedNumber(text(typed));
             EXPECT_EQ(number.value, value) << typed << " in " << locale;
             EXPECT_TRUE(number.reason.isEmpty()) << typed;
         }
@@ -186,13 +186,13 @@ TEST_F(NumberText, TypedNumbersFollowOneRuleInEveryLocale)
 TEST_F(NumberText, AnythingElseIsRefusedWithAReason)
 {
     for (const char* typed : {"1.234,5", "1,234.5", "1.2.3", "1,,2"}) {
-        const base::TypedNumber number = base::readTypedNumber(text(typed));
+        const base::Outcome<double> number = base::readTypedNumber(text(typed));
         EXPECT_FALSE(number.value) << typed;
         EXPECT_TRUE(number.reason.contains(text("más de un separador decimal"))) << typed;
     }
     for (const char* typed : {"doce", "1 2", "1e", "e5", "--1", "+-1", "0x10", "nan", "inf",
                               "1e5.5", "1f", ".", ",", "-", "1-", "٣"}) {
-        const base::TypedNumber number = base::readTypedNumber(text(typed));
+        const base::Outcome<double> number = base::readTypedNumber(text(typed));
         EXPECT_FALSE(number.value) << typed;
         EXPECT_TRUE(number.reason.contains(text("no es un número"))) << typed;
     }

@@ -152,21 +152,21 @@ TEST_F(SafeFile, AFileBeyondTheLimitIsNamedAndNotRead)
     QFile sparse(path("hueco.asc"));
     ASSERT_TRUE(sparse.open(QIODevice::WriteOnly));
     ASSERT_TRUE(sparse.resize((qint64(1) << 30) + 1));
-    const base::FileContents large = base::readLimited(path("hueco.asc"));
-    EXPECT_FALSE(large.bytes);
-    EXPECT_EQ(large.limit, QStringLiteral("El archivo tiene más de 1 GiB, lo más que se lee."));
+    const auto large = base::readLimited(path("hueco.asc"));
+    EXPECT_FALSE(large.value);
+    EXPECT_EQ(large.reason, QStringLiteral("El archivo tiene más de 1 GiB, lo más que se lee."));
 
     // It has no size and ends only with the address space.
-    const base::FileContents endless = base::readLimited(QStringLiteral("/proc/self/pagemap"));
-    EXPECT_FALSE(endless.bytes);
-    EXPECT_EQ(endless.limit,
+    const auto endless = base::readLimited(QStringLiteral("/proc/self/pagemap"));
+    EXPECT_FALSE(endless.value);
+    EXPECT_EQ(endless.reason,
               QStringLiteral("El archivo no indica su tamaño y tiene más de 1 MiB, lo más que se "
                              "lee de un archivo así."));
     // Neither has this one, which is short.
-    const base::FileContents version = base::readLimited(QStringLiteral("/proc/version"));
-    ASSERT_TRUE(version.bytes);
-    EXPECT_TRUE(version.bytes->startsWith("Linux"));
-    EXPECT_EQ(version.limit, QString());
+    const auto version = base::readLimited(QStringLiteral("/proc/version"));
+    ASSERT_TRUE(version.value);
+    EXPECT_TRUE(version.value->startsWith("Linux"));
+    EXPECT_EQ(version.reason, QString());
 }
 
 TEST_F(SafeFile, AFingerprintTellsWhetherAFileChanged)

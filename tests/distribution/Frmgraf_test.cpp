@@ -55,12 +55,11 @@ protected:
 private:
     void showDistribution(sequences::Statistic statistic, char letter)
     {
-        const std::vector<double> values = sequences::exactDistribution(statistic);
         const QLatin1Char name(letter);
         window->setDistribution(
-            values, static_cast<int>(values.size() / 2),
-            QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(name),
-            QString(name).toLower());
+            {sequences::exactDistribution(statistic),
+             QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(name),
+             QString(name).toLower()});
         window->ShowDistribution();
     }
 
@@ -182,8 +181,7 @@ TEST_F(Grafica, LastCumulativeValueIsOne)
 
 TEST_F(Grafica, OneValueIsOneMoveAndAMinimumRange)
 {
-    const double values[] = {0.5, 1.0};
-    window->setDistribution(values, 1, QStringLiteral("Una"), QStringLiteral("c"));
+    window->setDistribution({{{0.5, 1.0, 1.0}}, QStringLiteral("Una"), QStringLiteral("c")});
     window->ShowDistribution();
     for (TRChart* chart : {&upper(), &lower()}) {
         EXPECT_EQ(chart->items().size(), 1U);
@@ -193,17 +191,20 @@ TEST_F(Grafica, OneValueIsOneMoveAndAMinimumRange)
     }
 }
 
-TEST_F(Grafica, TakesNoMoreValuesThanItHasRoomFor)
+TEST_F(Grafica, EmptyDistributionHasNoCurve)
 {
-    const std::vector<double> values(1200, 0.25);
-    window->setDistribution(values, 600, {}, QStringLiteral("c"));
-    EXPECT_EQ(window->distribution().Count, 500);
-    window->setDistribution(std::span(values).first(7), 5, {}, QStringLiteral("c"));
-    EXPECT_EQ(window->distribution().Count, 3);
-    window->setDistribution({}, -1, {}, QStringLiteral("c"));
-    EXPECT_EQ(window->distribution().Count, 0);
+    showC();
+    window->setDistribution({});
     window->ShowDistribution();
     EXPECT_EQ(upper().items().size(), 0U);
+    EXPECT_EQ(lower().items().size(), 0U);
+}
+
+TEST_F(Grafica, HandsItsDistributionOut)
+{
+    window->setDistribution({{{0.25, 0.5, 0.5}, {0.75, 0.5, 1.0}}, {}, QStringLiteral("c")});
+    EXPECT_EQ(window->distribution().Count(), 2);
+    EXPECT_EQ(window->distribution().Values(), (std::vector<double>{0.25, 0.75, 0.5, 0.5}));
 }
 
 TEST_F(Grafica, TableHasItsLayout)
@@ -236,8 +237,8 @@ TEST_F(Grafica, TableHasItsLayout)
 TEST_F(Grafica, TableUsesTheUsersSeparator)
 {
     const UserLocale comma("es_ES");
-    const double values[] = {0.5, 1e-7, 0.25, 0.75};
-    window->setDistribution(values, 2, QStringLiteral("Título"), QStringLiteral("c"));
+    window->setDistribution(
+        {{{0.5, 0.25, 0.25}, {1e-7, 0.75, 1.0}}, QStringLiteral("Título"), QStringLiteral("c")});
     EXPECT_EQ(
         distributionTable(window->distribution()),
         QByteArray("Título\r\n"
@@ -248,7 +249,7 @@ TEST_F(Grafica, TableUsesTheUsersSeparator)
 
 TEST_F(Grafica, TableKeepsTextsThatAreTooLongForTheirColumn)
 {
-    window->setDistribution({}, 0, {}, QStringLiteral("de un nombre muy largo"));
+    window->setDistribution({{}, {}, QStringLiteral("de un nombre muy largo")});
     EXPECT_TRUE(distributionTable(window->distribution())
                     .startsWith("\r\nValor de un nombre muy largo             p(x)"));
 }
@@ -344,9 +345,9 @@ TEST_F(Grafica, SeveralWindowsKeepTheirOwnDistributions)
 {
     showC();
     TGrafica other(dialogs);
-    const double values[] = {1.0, 2.0, 0.5, 0.5};
-    other.setDistribution(values, 2, QStringLiteral("Otra"), QStringLiteral("m"));
+    other.setDistribution(
+        {{{1.0, 0.5, 0.5}, {2.0, 0.5, 1.0}}, QStringLiteral("Otra"), QStringLiteral("m")});
     other.ShowDistribution();
-    EXPECT_EQ(window->distribution().Count, 86);
+    EXPECT_EQ(window->distribution().Count(), 86);
     EXPECT_EQ(upper().items().size(), 86U);
 }

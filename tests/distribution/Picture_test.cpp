@@ -90,11 +90,10 @@ protected:
             << "install fonts-dejavu-core";
         ScriptedDialogs dialogs;
         distribution::TGrafica window(dialogs);
-        const std::vector<double> values = sequences::exactDistribution(statistic);
         window.setDistribution(
-            values, static_cast<int>(values.size() / 2),
-            QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(letter),
-            letter.toLower());
+            {sequences::exactDistribution(statistic),
+             QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(letter),
+             letter.toLower()});
         window.ShowDistribution();
         window.resize(544, 375);
         window.show();

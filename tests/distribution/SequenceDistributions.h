@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "stats/numbers/ExactDistribution.h"
+
 #include <array>
 #include <cstddef>
 #include <map>
@@ -79,19 +81,23 @@ inline void enumerate(Sequence& sequence, std::size_t position,
     }
 }
 
-/// The distinct values, ascending, and behind them their probabilities.
-inline std::vector<double> exactDistribution(Statistic statistic)
+/// The running sums carry the digits that each addition would lose (Neumaier, ZAMM 54, 1974).
+inline std::vector<stats::ExactFigures> exactDistribution(Statistic statistic)
 {
     Sequence sequence{};
     std::array<std::size_t, labels> used{};
     std::map<double, double> distribution;
     enumerate(sequence, 0, used, statistic, distribution);
-    std::vector<double> values;
-    for (const auto& [value, probability] : distribution)
-        values.push_back(value);
-    for (const auto& [value, probability] : distribution)
-        values.push_back(probability);
-    return values;
+    std::vector<stats::ExactFigures> figures;
+    double sum = 0.0;
+    double lost = 0.0;
+    for (const auto& [value, probability] : distribution) {
+        const double next = sum + probability;
+        lost += sum >= probability ? (sum - next) + probability : (probability - next) + sum;
+        sum = next;
+        figures.push_back({value, probability, sum + lost});
+    }
+    return figures;
 }
 
 } // namespace sequences

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "experiment/LatinSquare.h"
+#include "experiment/CyclicArrangement.h"
 
 #include "support/Text.h"
 
@@ -104,10 +104,10 @@ void expectCyclicArrangement(const experiment::LatinSquare& before,
     EXPECT_EQ(after.layout, cyclicLayout(n));
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column) {
-            const std::size_t from = before.place(row, column);
+            const std::size_t from = before.place(column, row);
             const std::size_t to =
-                after.place(static_cast<int>(after.rows.indexOf(before.rows[row])),
-                            static_cast<int>(after.columns.indexOf(before.columns[column])));
+                after.place(static_cast<int>(after.columns.indexOf(before.columns[column])),
+                            static_cast<int>(after.rows.indexOf(before.rows[row])));
             ASSERT_EQ(after.values[to], before.values[from]);
             ASSERT_EQ(after.treatments[after.layout[to]], before.treatments[before.layout[from]]);
         }

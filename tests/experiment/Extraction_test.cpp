@@ -50,7 +50,7 @@ SumsOfSquares sumsOfSquares(const experiment::LatinSquare& square)
     SumsOfSquares sums;
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column) {
-            const double deviation = square.values[square.place(row, column)] - mean;
+            const double deviation = square.values[square.place(column, row)] - mean;
             rows[static_cast<std::size_t>(row)] += deviation;
             columns[static_cast<std::size_t>(column)] += deviation;
             treatments[static_cast<std::size_t>((row + column) % n)] += deviation;

@@ -3,7 +3,7 @@
 
 #include "base/NumberText.h"
 #include "base/SafeFile.h"
-#include "stats/numbers/CyclicLayout.h"
+#include "stats/numbers/Treatments.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/NumberText.h"
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/LatinSquareAnova.h"
+#include "stats/numbers/Treatments.h"
 #include "validation/Sections.h"
 
 #include <algorithm>

@@ -2,12 +2,11 @@
 #include "validation/RejectionShares.h"
 
 #include "base/NumberText.h"
-#include "power/study/Simulation.h"
-#include "stats/numbers/Bennett.h"
+#include "power/study/PowerStudy.h"
 #include "stats/numbers/CriticalPoints.h"
 #include "stats/numbers/LatinSquareAnova.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/SequenceTests.h"
-#include "stats/numbers/Zimmerman.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/control/ChartCursors.h"
+// The second file of ChartNavigation: how its cursors are drawn.
+#include "chart/control/ChartNavigation.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,24 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/RChart.h"
 
+#include "chart/control/ChartDescription.h"
+#include "chart/control/ChartPicture.h"
 #include "chart/drawing/ChartDrawing.h"
-#include "chart/scale/DataExtent.h"
 
 #include <QEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace chart {
 
-TRChart::TRChart(QWidget* parent)
+namespace {
+
+constexpr int widestLine = 64;
+constexpr int widestShadow = 64;
+constexpr int widestRim = 65535;
+
+} // namespace
+
+TRChart::TRChart(QWidget* parent, Measure measure)
     : QWidget(parent)
-    , m_history(view())
+    , m_measure(std::move(measure))
+    , m_view([this](const View& view) { return unitRatio(view); })
+    , m_navigation(
+          *this, m_view, [this]() -> const ChartGeometry& { return geometry(); },
+          [this](const View& view) { return geometryOf(view); })
 {
     installAccessibility();
-    for (AxisContents* axis : {&m_contents.x, &m_contents.y})
-        axis->labels.dateTimeFormat = QStringLiteral("dd/MM/yyyy");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -33,88 +46,30 @@ TRChart::~TRChart()
     }
 }
 
-QSize TRChart::sizeHint() const
-{
-    return {400, 250};
-}
-
-QSize TRChart::minimumSizeHint() const
-{
-    return {160, 100};
-}
-
-const ItemList& TRChart::items() const
-{
-    return m_source != nullptr ? m_source->m_items : m_items;
-}
-
 void TRChart::ClearItems()
 {
-    sharedItems().clear();
-    TRChart* owner = m_source != nullptr ? m_source : this;
-    owner->update();
-    for (TRChart* user : owner->m_users)
+    owner().m_items.clear();
+    owner().update();
+    for (TRChart* user : owner().m_users)
         user->update();
-}
-
-void TRChart::MoveToXY(double x, double y)
-{
-    ChartItem item;
-    item.kind = ItemKind::Move;
-    item.x = x;
-    item.y = y;
-    addItem(item);
-}
-
-void TRChart::LineToXY(double x, double y)
-{
-    ChartItem item;
-    item.kind = ItemKind::Line;
-    item.x = x;
-    item.y = y;
-    addItem(item);
 }
 
 void TRChart::MarkAtXY(double x, double y, std::uint8_t markKind)
 {
-    ChartItem item;
-    item.kind = ItemKind::Mark;
-    item.markKind = markKind;
-    item.x = x;
-    item.y = y;
-    addItem(item);
+    addItem({.kind = ItemKind::Mark, .markKind = markKind, .x = x, .y = y});
 }
 
 void TRChart::FigureXY(ItemKind kind, double x, double y, double x2, double y2)
 {
-    if (!hasSecondPair(kind))
-        return;
-    ChartItem item;
-    item.kind = kind;
-    item.x = x;
-    item.y = y;
-    item.x2 = x2;
-    item.y2 = y2;
-    addItem(item);
+    if (hasSecondPair(kind))
+        addItem({.kind = kind, .x = x, .y = y, .x2 = x2, .y2 = y2});
 }
 
 void TRChart::FitRangeToData(double margin)
 {
     const DataExtent extent = extentOf(items(), LogScaleX(), LogScaleY());
-    const Bounds x = boundsAround(extent.x, margin, LogScaleX());
-    const Bounds y = boundsAround(extent.y, margin, LogScaleY());
-    View fitted = view();
-    fitted.x.setBounds(x.low, x.high);
-    fitted.y.setBounds(y.low, y.high);
-    // Of the two ways to equal units the one that still shows all the data.
-    const View byX = isometricView(fitted, Axis::X);
-    const bool showsAll =
-        std::abs(byX.y.high() - byX.y.low()) >= std::abs(fitted.y.high() - fitted.y.low());
-    fitted = showsAll ? byX : isometricView(fitted, Axis::Y);
-    requireDates(fitted);
-    m_contents.x.range = fitted.x;
-    m_contents.y.range = fitted.y;
-    m_history.restart(fitted);
+    m_view.fit(boundsAround(extent.x, margin, LogScaleX()),
+               boundsAround(extent.y, margin, LogScaleY()));
     redraw();
 }
 
@@ -122,56 +77,156 @@ void TRChart::setUseDataOf(TRChart* other)
 {
     if (other == m_source)
         return;
-    if (other != nullptr) {
-        // The items of a chart that draws foreign ones are those of their owner.
-        TRChart* owner = other->m_source != nullptr ? other->m_source : other;
-        if (owner == this)
-            throw ChartError("RChart: Cannot share data with myself");
-        if (!m_users.empty()) {
-            throw ChartError(
-                "RChart: Cannot use foreign data. Other RCharts are using my own data.");
-        }
-        if (owner != m_source && owner->m_users.size() >= mostDataShares)
-            throw ChartError("RChart: Max. number of data shares exceeded");
-        detachFromSource();
-        owner->m_users.push_back(this);
-        m_source = owner;
-    } else {
-        detachFromSource();
-    }
+    // The items of a chart that draws foreign ones are those of their owner.
+    TRChart* source = other != nullptr ? &other->owner() : nullptr;
+    if (source == this)
+        throw ChartError("RChart: Cannot share data with myself");
+    if (source != nullptr && !m_users.empty())
+        throw ChartError("RChart: Cannot use foreign data. Other RCharts are using my own data.");
+    if (source != nullptr && source != m_source && source->m_users.size() >= mostDataShares)
+        throw ChartError("RChart: Max. number of data shares exceeded");
+    detachFromSource();
+    m_source = source;
+    if (source != nullptr)
+        source->m_users.push_back(this);
+    redraw();
+}
+
+void TRChart::setIsometric(bool on)
+{
+    m_view.setIsometric(on);
     redraw();
 }
 
 void TRChart::zoomBack()
 {
-    restore(m_history.goBack());
+    m_view.goBack();
+    redraw();
 }
 
 void TRChart::zoomToFullView()
 {
-    restore(m_history.goToFull());
+    m_view.goToFull();
+    redraw();
 }
 
-ChartGeometry TRChart::geometry() const
+void TRChart::setLineWidth(int width)
 {
-    return measure(m_contents, size(), font());
+    m_attributes.lineWidth = std::clamp(width, 1, widestLine);
 }
 
-ItemList& TRChart::sharedItems()
+QColor TRChart::WindColor() const
 {
-    return m_source != nullptr ? m_source->m_items : m_items;
+    return windColorOf(m_contents.style, palette());
+}
+
+QColor TRChart::ShadowColor() const
+{
+    return shadowColorOf(m_contents.style, palette());
+}
+
+QColor TRChart::ShadowBakColor() const
+{
+    return shadowBakColorOf(m_contents.style, palette());
+}
+
+void TRChart::setShadowWidth(int width)
+{
+    assign(m_contents.style.shadowWidth, std::clamp(width, 0, widestShadow));
+}
+
+void TRChart::setAutoRedraw(bool on)
+{
+    m_autoRedraw = on;
+    redraw();
+}
+
+const ChartGeometry& TRChart::geometry() const
+{
+    if (!m_geometry || m_geometry->size != size() || m_geometry->view != ranges())
+        m_geometry = geometryOf(ranges());
+    return *m_geometry;
+}
+
+ChartGeometry TRChart::geometryOf(const View& view) const
+{
+    return m_measure(m_contents, view, size(), font());
+}
+
+QImage TRChart::picture(bool whiteBackground) const
+{
+    return chartPicture(m_contents, items(), geometry(), palette(), whiteBackground);
+}
+
+std::optional<QString> TRChart::CopyToClipboardBitmap(bool whiteBackground) const
+{
+    return copyPicture(picture(whiteBackground));
+}
+
+std::optional<QString> TRChart::SaveAsBitmap(const QString& fileName, bool whiteBackground) const
+{
+    return writePicture(bitmapFileName(fileName), picture(whiteBackground));
+}
+
+QString TRChart::bitmapFileName(const QString& chosen)
+{
+    return chart::bitmapFileName(chosen);
+}
+
+QString TRChart::description() const
+{
+    return chartDescription(m_contents, ranges(), items());
+}
+
+void TRChart::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    drawChart(painter, m_contents, items(), geometry(), palette());
+    m_navigation.draw(painter);
+}
+
+void TRChart::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_view.keepIsometric();
+}
+
+void TRChart::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    contentsChanged();
+}
+
+void TRChart::mousePressEvent(QMouseEvent* event)
+{
+    event->setAccepted(m_navigation.press(*event));
+}
+
+void TRChart::mouseMoveEvent(QMouseEvent* event)
+{
+    m_navigation.move(event->position().toPoint());
+}
+
+void TRChart::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_navigation.release(*event);
+}
+
+void TRChart::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->setAccepted(m_navigation.doubleClick(*event));
+}
+
+void TRChart::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_navigation.key(event->key()))
+        QWidget::keyPressEvent(event);
 }
 
 void TRChart::addItem(ChartItem item)
 {
     item.attributes = m_attributes;
-    sharedItems().add(item);
-}
-
-void TRChart::redraw()
-{
-    if (m_autoRedraw)
-        update();
+    owner().m_items.add(item);
 }
 
 void TRChart::detachFromSource()
@@ -182,25 +237,67 @@ void TRChart::detachFromSource()
     m_source = nullptr;
 }
 
-void TRChart::paintEvent(QPaintEvent*)
+void TRChart::setDecPlace(AxisContents& axis, int decimals)
 {
-    QPainter painter(this);
-    drawChart(painter, m_contents, items(), geometry(), palette());
-    if (m_gesture == Gesture::Zoom)
-        drawZoomRectangle(painter);
+    assign(axis.labels.decimals, std::clamp(decimals, leastDecimals, mostDecimals));
 }
 
-void TRChart::resizeEvent(QResizeEvent* event)
+void TRChart::setMinTick(AxisContents& axis, int count)
 {
-    QWidget::resizeEvent(event);
-    keepIsometric();
+    assign(axis.minTick, std::clamp(count, 1, mostMinimumTicks));
 }
 
-void TRChart::changeEvent(QEvent* event)
+void TRChart::setLabelType(Axis axis, AxisContents& contents, LabelType type)
 {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        keepIsometric();
+    m_view.setDates(axis, type == LabelType::ftDateTime);
+    assign(contents.labels.type, type);
+}
+
+void TRChart::setRim(std::optional<int>& rim, int width)
+{
+    assign(rim, width < 0 ? std::nullopt : std::optional(std::min(width, widestRim)));
+}
+
+/// How many units of y are as long as one of x on this screen; nothing for a plot without extent.
+std::optional<long double> TRChart::unitRatio(const View& view) const
+{
+    const QRect plot = geometryOf(view).layout.plot;
+    // Its last column and row are the pixels of bounds.
+    const int width = plot.right() - plot.left();
+    const int height = plot.bottom() - plot.top();
+    if (width < 1 || height < 1)
+        return std::nullopt;
+    const long double density =
+        static_cast<long double>(std::max(physicalDpiY(), 1)) / std::max(physicalDpiX(), 1);
+    return static_cast<long double>(height) / width * density;
+}
+
+/// Captions, labels and letters move the rims.
+void TRChart::contentsChanged()
+{
+    m_geometry.reset();
+    m_view.keepIsometric();
+}
+
+void TRChart::redraw()
+{
+    if (m_autoRedraw)
+        update();
+}
+
+TRChart* createChart(const ChartForm& form)
+{
+    auto* chart = new TRChart;
+    chart->setObjectName(form.name);
+    chart->setAccessibleName(form.caption);
+    chart->setCaption(form.caption);
+    chart->setIdAbscissa(form.idAbscissa);
+    chart->setIdOrdinate(form.idOrdinate);
+    chart->setDecPlaceX(form.decPlaceX);
+    chart->setDecPlaceY(form.decPlaceY);
+    chart->setGridStyle(GridStyle::gsHorizDotLines);
+    chart->setMouseAction(MouseAction::maZoomDrag);
+    return chart;
 }
 
 } // namespace chart

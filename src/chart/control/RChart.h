@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "chart/control/ChartCursors.h"
+#include "chart/control/ChartNavigation.h"
 #include "chart/drawing/ChartContents.h"
 #include "chart/drawing/ChartGeometry.h"
-#include "chart/scale/ChartError.h"
+#include "chart/scale/ChartView.h"
+#include "chart/scale/DateTimeScale.h"
 #include "chart/scale/ItemList.h"
-#include "chart/scale/ZoomHistory.h"
 
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -20,28 +21,33 @@ namespace chart {
 ///
 /// All coordinates of items and ranges are data coordinates, all sizes logical pixels. Adding items
 /// does not redraw; a range or an attribute that changes the picture does while AutoRedraw is on.
+/// What the user can do to the view says ChartNavigation.h.
 ///
-/// With MouseAction maZoomDrag, dragging over the plot zooms to the rectangle, Escape goes back one
-/// step and a double click to the full view (what FitRangeToData() showed last); dragging with
-/// Shift, or with the middle button, moves the view. By keys: plus and minus zoom about the middle,
-/// the arrows move by a tenth, Home shows the full view.
+/// Windows of this program call MoveToXY() to FitRangeToData(), the captions, decimals and bounds,
+/// the grid, MinTickX, MouseAction, LRim, DataColor and what makes a picture. Shared data, figures,
+/// logarithmic, isometric and dated axes, texts at the ticks, pens and classes, the other colours
+/// and styles and the cross-hairs are published for the outside; here only tests call them.
 class TRChart : public QWidget {
     Q_OBJECT
 
 public:
-    explicit TRChart(QWidget* parent = nullptr);
+    /// How a chart is laid out; measure() but for a test that counts.
+    using Measure =
+        std::function<ChartGeometry(const ChartContents&, const View&, QSize, const QFont&)>;
+
+    explicit TRChart(QWidget* parent = nullptr, Measure measure = chart::measure);
     ~TRChart() override;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return {400, 250}; }
+    QSize minimumSizeHint() const override { return {160, 100}; }
 
     // Items.
-    const ItemList& items() const;
+    const ItemList& items() const { return m_source != nullptr ? m_source->m_items : m_items; }
     /// Removes all items and clears the picture; ranges, captions and attributes stay.
     void ClearItems();
-    void MoveToXY(double x, double y);
-    void LineToXY(double x, double y);
-    /// The mark kinds are those of MarkShapes.h.
+    void MoveToXY(double x, double y) { addItem({.kind = ItemKind::Move, .x = x, .y = y}); }
+    void LineToXY(double x, double y) { addItem({.kind = ItemKind::Line, .x = x, .y = y}); }
+    /// The mark kinds are those of drawMark().
     void MarkAtXY(double x, double y, std::uint8_t markKind);
     /// A figure of two points, or for ItemKind::ErrorBars of a centre and half its width and
     /// height. Other kinds are ignored.
@@ -62,28 +68,28 @@ public:
 
     // Ranges, by the rules of AxisRange.h. On an axis of dates a range without dates is refused:
     // @throws ChartError as requireDateTimeRange()
-    long double RangeLoX() const { return m_contents.x.range.low(); }
-    long double RangeHiX() const { return m_contents.x.range.high(); }
-    long double RangeLoY() const { return m_contents.y.range.low(); }
-    long double RangeHiY() const { return m_contents.y.range.high(); }
-    void setRangeLoX(long double value);
-    void setRangeHiX(long double value);
-    void setRangeLoY(long double value);
-    void setRangeHiY(long double value);
-    double MinRangeX() const { return m_contents.x.range.minRange(); }
-    double MinRangeY() const { return m_contents.y.range.minRange(); }
-    void setMinRangeX(double width);
-    void setMinRangeY(double width);
-    bool LogScaleX() const { return m_contents.x.range.isLogarithmic(); }
-    bool LogScaleY() const { return m_contents.y.range.isLogarithmic(); }
-    void setLogScaleX(bool on);
-    void setLogScaleY(bool on);
+    long double RangeLoX() const { return ranges().x.low(); }
+    long double RangeHiX() const { return ranges().x.high(); }
+    long double RangeLoY() const { return ranges().y.low(); }
+    long double RangeHiY() const { return ranges().y.high(); }
+    void setRangeLoX(long double value) { setRange(Axis::X, &AxisRange::setLow, value); }
+    void setRangeHiX(long double value) { setRange(Axis::X, &AxisRange::setHigh, value); }
+    void setRangeLoY(long double value) { setRange(Axis::Y, &AxisRange::setLow, value); }
+    void setRangeHiY(long double value) { setRange(Axis::Y, &AxisRange::setHigh, value); }
+    double MinRangeX() const { return ranges().x.minRange(); }
+    double MinRangeY() const { return ranges().y.minRange(); }
+    void setMinRangeX(double width) { setRange(Axis::X, &AxisRange::setMinRange, width); }
+    void setMinRangeY(double width) { setRange(Axis::Y, &AxisRange::setMinRange, width); }
+    bool LogScaleX() const { return ranges().x.isLogarithmic(); }
+    bool LogScaleY() const { return ranges().y.isLogarithmic(); }
+    void setLogScaleX(bool on) { setRange(Axis::X, &AxisRange::setLogarithmic, on); }
+    void setLogScaleY(bool on) { setRange(Axis::Y, &AxisRange::setLogarithmic, on); }
     /// One unit as long on both linear axes. A change of one axis moves the high bound of the
     /// other.
-    bool Isometric() const { return m_isometric; }
+    bool Isometric() const { return m_view.isIsometric(); }
     void setIsometric(bool on);
     /// What was shown; the newest view is the present one.
-    const ZoomHistory& zoomHistory() const { return m_history; }
+    const ZoomHistory& zoomHistory() const { return m_view.history(); }
     /// One step back in the history, and back to the full view.
     void zoomBack();
     void zoomToFullView();
@@ -91,47 +97,53 @@ public:
     // Axes.
     QString IdAbscissa() const { return m_contents.x.id; }
     QString IdOrdinate() const { return m_contents.y.id; }
-    void setIdAbscissa(const QString& caption);
-    void setIdOrdinate(const QString& caption);
+    void setIdAbscissa(const QString& caption) { assign(m_contents.x.id, caption); }
+    void setIdOrdinate(const QString& caption) { assign(m_contents.y.id, caption); }
     /// Decimals of the tick labels, kept within -3..12.
     int DecPlaceX() const { return m_contents.x.labels.decimals; }
     int DecPlaceY() const { return m_contents.y.labels.decimals; }
-    void setDecPlaceX(int decimals);
-    void setDecPlaceY(int decimals);
+    void setDecPlaceX(int decimals) { setDecPlace(m_contents.x, decimals); }
+    void setDecPlaceY(int decimals) { setDecPlace(m_contents.y, decimals); }
     /// The least number of tick intervals, kept within 1..mostMinimumTicks.
     int MinTickX() const { return m_contents.x.minTick; }
     int MinTickY() const { return m_contents.y.minTick; }
-    void setMinTickX(int count);
-    void setMinTickY(int count);
+    void setMinTickX(int count) { setMinTick(m_contents.x, count); }
+    void setMinTickY(int count) { setMinTick(m_contents.y, count); }
     bool ShortTicksX() const { return m_contents.x.shortTicks; }
     bool ShortTicksY() const { return m_contents.y.shortTicks; }
-    void setShortTicksX(bool on);
-    void setShortTicksY(bool on);
+    void setShortTicksX(bool on) { assign(m_contents.x.shortTicks, on); }
+    void setShortTicksY(bool on) { assign(m_contents.y.shortTicks, on); }
     LabelType XLabelType() const { return m_contents.x.labels.type; }
     LabelType YLabelType() const { return m_contents.y.labels.type; }
     /// @throws ChartError as requireDateTimeRange() for LabelType::ftDateTime
-    void setXLabelType(LabelType type);
-    void setYLabelType(LabelType type);
+    void setXLabelType(LabelType type) { setLabelType(Axis::X, m_contents.x, type); }
+    void setYLabelType(LabelType type) { setLabelType(Axis::Y, m_contents.y, type); }
     /// Formats of date-time labels in Qt's letters.
     QString DTXFormat() const { return m_contents.x.labels.dateTimeFormat; }
     QString DTYFormat() const { return m_contents.y.labels.dateTimeFormat; }
-    void setDTXFormat(const QString& format);
-    void setDTYFormat(const QString& format);
+    void setDTXFormat(const QString& text) { assign(m_contents.x.labels.dateTimeFormat, text); }
+    void setDTYFormat(const QString& text) { assign(m_contents.y.labels.dateTimeFormat, text); }
     /// The texts of LabelType::ftUserText, the first one for the first tick.
     QStringList UserTickTextX() const { return m_contents.x.labels.userTexts; }
     QStringList UserTickTextY() const { return m_contents.y.labels.userTexts; }
-    void setUserTickTextX(const QStringList& texts);
-    void setUserTickTextY(const QStringList& texts);
+    void setUserTickTextX(const QStringList& texts)
+    {
+        assign(m_contents.x.labels.userTexts, texts);
+    }
+    void setUserTickTextY(const QStringList& texts)
+    {
+        assign(m_contents.y.labels.userTexts, texts);
+    }
 
     // Attributes of the items added from now on.
     QColor DataColor() const { return QColor::fromRgba(m_attributes.color); }
     Qt::PenStyle PenStyle() const { return m_attributes.penStyle; }
     int LineWidth() const { return m_attributes.lineWidth; }
     int ClassDefault() const { return m_attributes.classNumber; }
-    void setDataColor(const QColor& color);
-    void setPenStyle(Qt::PenStyle style);
+    void setDataColor(const QColor& color) { m_attributes.color = color.rgba(); }
+    void setPenStyle(Qt::PenStyle style) { m_attributes.penStyle = style; }
     void setLineWidth(int width); ///< Kept within 1..64.
-    void setClassDefault(int classNumber);
+    void setClassDefault(int classNumber) { m_attributes.classNumber = classNumber; }
 
     // Colours and styles. An invalid window or shadow colour asks for the palette's.
     QString Caption() const { return m_contents.caption; }
@@ -151,23 +163,26 @@ public:
     chart::TextAlignment TextAlignment() const { return m_contents.style.textAlignment; }
     QImage BackGroundImg() const { return m_contents.style.backGroundImg; }
     BackgroundFill BackGroundFill() const { return m_contents.style.backGroundFill; }
-    void setCaption(const QString& caption);
-    void setScaleColor(const QColor& color);
-    void setGridColor(const QColor& color);
-    void setFillColor(const QColor& color);
-    void setChartColor(const QColor& color);
-    void setWindColor(const QColor& color);
-    void setShadowColor(const QColor& color);
-    void setShadowBakColor(const QColor& color);
-    void setTextBkColor(const QColor& color);
-    void setGridStyle(chart::GridStyle style);
-    void setShadowStyle(chart::ShadowStyle style);
+    void setCaption(const QString& caption) { assign(m_contents.caption, caption); }
+    void setScaleColor(const QColor& color) { assign(m_contents.style.scaleColor, color); }
+    void setGridColor(const QColor& color) { assign(m_contents.style.gridColor, color); }
+    void setFillColor(const QColor& color) { assign(m_contents.style.fillColor, color); }
+    void setChartColor(const QColor& color) { assign(m_contents.style.chartColor, color); }
+    void setWindColor(const QColor& color) { assign(m_contents.style.windColor, color); }
+    void setShadowColor(const QColor& color) { assign(m_contents.style.shadowColor, color); }
+    void setShadowBakColor(const QColor& color) { assign(m_contents.style.shadowBakColor, color); }
+    void setTextBkColor(const QColor& color) { assign(m_contents.style.textBkColor, color); }
+    void setGridStyle(chart::GridStyle style) { assign(m_contents.style.gridStyle, style); }
+    void setShadowStyle(chart::ShadowStyle style) { assign(m_contents.style.shadowStyle, style); }
     void setShadowWidth(int width); ///< Kept within 0..64.
-    void setTextFontStyle(TextFontStyles style);
-    void setTextBkStyle(chart::TextBkStyle style);
-    void setTextAlignment(chart::TextAlignment alignment);
-    void setBackGroundImg(const QImage& image);
-    void setBackGroundFill(chart::BackgroundFill fill);
+    void setTextFontStyle(TextFontStyles style) { assign(m_contents.style.textFontStyle, style); }
+    void setTextBkStyle(chart::TextBkStyle style) { assign(m_contents.style.textBkStyle, style); }
+    void setTextAlignment(chart::TextAlignment side)
+    {
+        assign(m_contents.style.textAlignment, side);
+    }
+    void setBackGroundImg(const QImage& image) { assign(m_contents.style.backGroundImg, image); }
+    void setBackGroundFill(BackgroundFill fill) { assign(m_contents.style.backGroundFill, fill); }
 
     /// The rims in force: those that were set, and for the others what captions and labels need.
     int LRim() const { return geometry().layout.rims.left; }
@@ -175,27 +190,27 @@ public:
     int TRim() const { return geometry().layout.rims.top; }
     int BRim() const { return geometry().layout.rims.bottom; }
     /// A rim of the program's own, at most 65535; a negative width gives the choice back.
-    void setLRim(int width);
-    void setRRim(int width);
-    void setTRim(int width);
-    void setBRim(int width);
+    void setLRim(int width) { setRim(m_contents.rims.left, width); }
+    void setRRim(int width) { setRim(m_contents.rims.right, width); }
+    void setTRim(int width) { setRim(m_contents.rims.top, width); }
+    void setBRim(int width) { setRim(m_contents.rims.bottom, width); }
 
     CrossHair CrossHair1() const { return m_contents.crossHairs[0]; }
     CrossHair CrossHair2() const { return m_contents.crossHairs[1]; }
     CrossHair CrossHair3() const { return m_contents.crossHairs[2]; }
     CrossHair CrossHair4() const { return m_contents.crossHairs[3]; }
-    void setCrossHair1(const CrossHair& crossHair) { setCrossHair(0, crossHair); }
-    void setCrossHair2(const CrossHair& crossHair) { setCrossHair(1, crossHair); }
-    void setCrossHair3(const CrossHair& crossHair) { setCrossHair(2, crossHair); }
-    void setCrossHair4(const CrossHair& crossHair) { setCrossHair(3, crossHair); }
+    void setCrossHair1(const CrossHair& crossHair) { assign(m_contents.crossHairs[0], crossHair); }
+    void setCrossHair2(const CrossHair& crossHair) { assign(m_contents.crossHairs[1], crossHair); }
+    void setCrossHair3(const CrossHair& crossHair) { assign(m_contents.crossHairs[2], crossHair); }
+    void setCrossHair4(const CrossHair& crossHair) { assign(m_contents.crossHairs[3], crossHair); }
 
     bool AutoRedraw() const { return m_autoRedraw; }
     void setAutoRedraw(bool on);
-    chart::MouseAction MouseAction() const { return m_mouseAction; }
-    void setMouseAction(chart::MouseAction action);
+    chart::MouseAction MouseAction() const { return m_navigation.action(); }
+    void setMouseAction(chart::MouseAction action) { m_navigation.setAction(action); }
 
-    /// Where everything stands at the present size.
-    ChartGeometry geometry() const;
+    /// Where everything stands at the present size. The reference holds until the chart changes.
+    const ChartGeometry& geometry() const;
 
     /// The chart as an opaque picture of the control's size in logical pixels, whatever the
     /// screen's scale; null for a chart of no size. With a white background the chart's and the
@@ -224,61 +239,50 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    enum class Axis { X, Y };
-    enum class Gesture { None, Zoom, Pan };
-
     /// Once per process; calling it again does nothing.
     static void installAccessibility();
 
-    ItemList& sharedItems();
+    const View& ranges() const { return m_view.shown(); }
     void addItem(ChartItem item);
-    void redraw();
+    void detachFromSource();
+    TRChart& owner() { return m_source != nullptr ? *m_source : *this; }
+
+    template <typename Value>
+    void setRange(Axis axis, void (AxisRange::*set)(Value), Value value);
     template <typename Value>
     void assign(Value& property, const Value& value);
-    void setCrossHair(std::size_t index, const CrossHair& crossHair);
+    void setDecPlace(AxisContents& axis, int decimals);
+    void setMinTick(AxisContents& axis, int count);
+    void setLabelType(Axis axis, AxisContents& contents, LabelType type);
+    void setRim(std::optional<int>& rim, int width);
 
-    AxisContents& contentsOf(Axis axis);
-    /// Takes a range over, moves the other axis of an isometric chart, records and redraws.
-    void changeRange(Axis axis, const AxisRange& range);
-    void changeView(const View& view);
-    void setLabelType(Axis axis, LabelType type);
-    View isometricView(View view, Axis changed) const;
-    View view() const { return {m_contents.x.range, m_contents.y.range}; }
-    void showView(const View& view);
-    void restore(const View& earlier);
-    void requireDates(const View& view) const;
-    void keepIsometric();
+    ChartGeometry geometryOf(const View& view) const;
+    std::optional<long double> unitRatio(const View& view) const;
+    void contentsChanged();
+    void redraw();
 
-    void detachFromSource();
-
-    QRect zoomRectangle() const;
-    void drawZoomRectangle(QPainter& painter) const;
-    void finishZoom();
-    bool changeViewByKey(int key);
-    void showRectangle(const QRectF& rectangle);
-    void pan(const QPoint& to);
-    void zoomTo(const View& view);
-    void endGesture();
-    void updateCursor(const QPoint& position);
-    std::optional<ChartCursor> cursorAt(const QPoint& position) const;
-
+    Measure m_measure;
     ChartContents m_contents;
     ItemList m_items;
     ItemAttributes m_attributes;
-    ZoomHistory m_history;
+    ChartView m_view;
+    ChartNavigation m_navigation;
     bool m_autoRedraw = true;
-    bool m_isometric = false;
-    chart::MouseAction m_mouseAction = chart::MouseAction::maNone;
 
     TRChart* m_source = nullptr;   ///< The chart whose items are drawn.
     std::vector<TRChart*> m_users; ///< Those who draw the items of this one.
 
-    Gesture m_gesture = Gesture::None;
-    QPoint m_gestureStart;
-    QPoint m_gestureEnd;
-    View m_viewAtStart;
-    std::optional<ChartCursor> m_cursor; ///< The one that is set; nothing for the window's own.
+    mutable std::optional<ChartGeometry> m_geometry; ///< Nothing after a change of the contents.
 };
+
+template <typename Value>
+void TRChart::setRange(Axis axis, void (AxisRange::*set)(Value), Value value)
+{
+    AxisRange range = ranges().along(axis);
+    (range.*set)(value);
+    m_view.setRange(axis, range);
+    redraw();
+}
 
 template <typename Value>
 void TRChart::assign(Value& property, const Value& value)
@@ -286,8 +290,22 @@ void TRChart::assign(Value& property, const Value& value)
     if (property == value)
         return;
     property = value;
-    keepIsometric(); // captions and labels move the rims
+    contentsChanged();
     redraw();
 }
+
+/// What a window's form says of a chart.
+struct ChartForm {
+    QString name;    ///< Of the object.
+    QString caption; ///< Also the name for assistive technology.
+    QString idAbscissa;
+    QString idOrdinate;
+    int decPlaceX;
+    int decPlaceY;
+};
+
+/// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines,
+/// zoomed by dragging, the rest as a chart begins.
+TRChart* createChart(const ChartForm& form);
 
 } // namespace chart

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the chart says to assistive technology: a chart with its name, and as its description the
-// numbers that it shows, worked out only when they are asked for.
-#include "base/NumberText.h"
+// The second file of RChart: what it is to assistive technology, a chart with its name, and with
+// its description, worked out only when it is asked for.
 #include "chart/control/RChart.h"
 
 #include <QAccessible>
@@ -35,34 +34,6 @@ QAccessibleInterface* chartInterface(const QString&, QObject* object)
 }
 
 } // namespace
-
-QString TRChart::description() const
-{
-    constexpr qsizetype mostPoints = 1000; // more would keep a reader busy for hours
-    QStringList points;
-    qsizetype left = 0;
-    for (const ChartItem& item : items()) {
-        if (!item.isFinite())
-            continue;
-        if (points.size() < mostPoints)
-            points += base::generalText(item.x) + QStringLiteral("; ") + base::generalText(item.y);
-        else
-            ++left;
-    }
-    QString text =
-        QStringLiteral("Gráfica «%1». Eje horizontal: %2, de %3 a %4. Eje vertical: %5, "
-                       "de %6 a %7. Puntos: %8.")
-            .arg(Caption(), IdAbscissa(), base::generalText(static_cast<double>(RangeLoX())),
-                 base::generalText(static_cast<double>(RangeHiX())), IdOrdinate(),
-                 base::generalText(static_cast<double>(RangeLoY())),
-                 base::generalText(static_cast<double>(RangeHiY())),
-                 QString::number(points.size() + left));
-    for (const QString& point : points)
-        text += QLatin1Char('\n') + point;
-    if (left > 0)
-        text += QStringLiteral("\n... y %1 más").arg(left);
-    return text;
-}
 
 void TRChart::installAccessibility()
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "chart/scale/AxisRange.h"
 #include "chart/scale/ChartLayout.h"
 #include "chart/scale/TickLabels.h"
 
@@ -30,9 +29,6 @@ enum class ShadowStyle {
     ssSolid,  ///< With a sharp edge.
 };
 
-/// What the left mouse button does over the plot.
-enum class MouseAction { maNone, maZoomDrag };
-
 /// How captions are written.
 enum TextStyle { fsBold = 1, fsItalic = 2, fsUnderline = 4 };
 Q_DECLARE_FLAGS(TextFontStyles, TextStyle)
@@ -58,7 +54,6 @@ struct CrossHair {
 inline constexpr std::size_t crossHairCount = 4;
 
 struct AxisContents {
-    AxisRange range;
     int minTick = 4;
     bool shortTicks = true;
     LabelFormat labels;
@@ -86,7 +81,7 @@ struct ChartStyle {
     BackgroundFill backGroundFill = BackgroundFill::bfStretch;
 };
 
-/// Everything that a chart shows but its items.
+/// Everything that a chart shows but its ranges and its items.
 struct ChartContents {
     QString caption;
     AxisContents x;

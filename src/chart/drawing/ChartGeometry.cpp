@@ -22,13 +22,13 @@ QFont withStyle(QFont font, TextFontStyles style)
     return font;
 }
 
-AxisTicks ticksOf(const AxisContents& axis)
+AxisTicks ticksOf(const AxisContents& axis, const AxisRange& range)
 {
-    if (axis.range.isLogarithmic())
-        return logarithmicTicks(axis.range, axis.minTick, axis.shortTicks);
+    if (range.isLogarithmic())
+        return logarithmicTicks(range, axis.minTick, axis.shortTicks);
     if (axis.labels.type == LabelType::ftDateTime)
-        return dateTimeTicks(axis.range, axis.minTick, axis.shortTicks);
-    return linearTicks(axis.range, axis.minTick, axis.shortTicks);
+        return dateTimeTicks(range, axis.minTick, axis.shortTicks);
+    return linearTicks(range, axis.minTick, axis.shortTicks);
 }
 
 LabelledTicks labelledTicks(const AxisTicks& ticks, const std::vector<QString>& texts,
@@ -47,34 +47,35 @@ LabelledTicks labelledTicks(const AxisTicks& ticks, const std::vector<QString>& 
 
 } // namespace
 
-ChartGeometry measure(const ChartContents& contents, QSize size, const QFont& font)
+ChartGeometry measure(const ChartContents& contents, const View& view, QSize size,
+                      const QFont& font)
 {
     const QFont axisFont = withStyle(font, contents.style.textFontStyle);
     QFont captionFont = axisFont;
     captionFont.setBold(true);
 
-    const AxisTicks xTicks = ticksOf(contents.x);
-    const AxisTicks yTicks = ticksOf(contents.y);
+    const AxisTicks xTicks = ticksOf(contents.x, view.x);
+    const AxisTicks yTicks = ticksOf(contents.y, view.y);
     LayoutRequest request{size,
                           contents.style.shadowWidth,
                           contents.rims,
                           contents.caption,
                           contents.x.id,
                           contents.y.id,
-                          tickLabels(xTicks, contents.x.range, contents.x.labels),
-                          tickLabels(yTicks, contents.y.range, contents.y.labels),
+                          tickLabels(xTicks, view.x, contents.x.labels),
+                          tickLabels(yTicks, view.y, contents.y.labels),
                           sizesOf(captionFont),
                           sizesOf(axisFont)};
     const ChartLayout layout = layOut(request);
     const Rims& rims = layout.rims;
     const int shadow = contents.style.shadowWidth;
-    const AxisScale xScale(contents.x.range,
+    const AxisScale xScale(view.x,
                            PixelSpan::horizontal(size.width(), rims.left, rims.right, shadow));
-    const AxisScale yScale(contents.y.range,
+    const AxisScale yScale(view.y,
                            PixelSpan::vertical(size.height(), rims.top, rims.bottom, shadow));
 
-    ChartGeometry geometry{size,   axisFont, captionFont,     layout,          xScale, yScale,
-                           xTicks, yTicks,   request.xLabels, request.yLabels, {},     {}};
+    ChartGeometry geometry{view,   size,   axisFont,        captionFont,     layout, xScale, yScale,
+                           xTicks, yTicks, request.xLabels, request.yLabels, {},     {}};
     if (layout.xLabels) {
         geometry.xLabels =
             placeXLabels(labelledTicks(xTicks, request.xLabels, xScale), layout.plot.bottom(),

@@ -5,6 +5,7 @@
 #include "chart/scale/AxisScale.h"
 #include "chart/scale/AxisTicks.h"
 #include "chart/scale/ChartLayout.h"
+#include "chart/scale/ChartView.h"
 
 #include <QFont>
 
@@ -12,8 +13,10 @@
 
 namespace chart {
 
-/// Where everything of a chart stands in a control of a given size, in logical pixels.
+/// Where everything of a chart stands that shows a view in a control of a given size,
+/// in logical pixels.
 struct ChartGeometry {
+    View view;
     QSize size;
     QFont font;
     QFont captionFont;
@@ -28,6 +31,8 @@ struct ChartGeometry {
     std::vector<PlacedLabel> yLabels;
 };
 
-ChartGeometry measure(const ChartContents& contents, QSize size, const QFont& font);
+/// Lays a chart out: what it takes to show a view, with its ticks, labels and captions.
+ChartGeometry measure(const ChartContents& contents, const View& view, QSize size,
+                      const QFont& font);
 
 } // namespace chart

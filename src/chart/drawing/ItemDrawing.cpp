@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ItemDrawing.h"
-
-#include "chart/drawing/MarkShapes.h"
+// The second file of ChartDrawing: the items and the shapes of marks.
+#include "chart/drawing/ChartDrawing.h"
 #include "chart/scale/Polyline.h"
 
 #include <QPaintDevice>
@@ -18,6 +17,21 @@ namespace {
 
 /// Figures reach at most this far beyond the plot, in pixels, plus their line width.
 constexpr double beyondThePlot = 16.0;
+
+QPolygonF square()
+{
+    return QPolygonF({{-3.0, -3.0}, {3.0, -3.0}, {3.0, 3.0}, {-3.0, 3.0}});
+}
+
+QPolygonF diamond()
+{
+    return QPolygonF({{0.0, -4.0}, {4.0, 0.0}, {0.0, 4.0}, {-4.0, 0.0}});
+}
+
+QPolygonF triangle()
+{
+    return QPolygonF({{0.0, -4.0}, {4.0, 3.0}, {-4.0, 3.0}});
+}
 
 /// One run of a painter over the items.
 class ItemPainter {
@@ -205,6 +219,49 @@ private:
 };
 
 } // namespace
+
+void drawMark(QPainter& painter, const QPointF& center, std::uint8_t markKind, const QColor& color,
+              int lineWidth)
+{
+    constexpr double radius = 3.5;
+    const int shape = markKind % markShapeCount;
+    const bool filled = shape == 0 || shape == 2 || shape == 4 || shape == 6 || shape == 8;
+    painter.save();
+    painter.translate(center);
+    painter.setPen(QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin));
+    painter.setBrush(filled ? QBrush(color) : QBrush());
+    switch (shape) {
+    case 0:
+        painter.setPen(Qt::NoPen);
+        painter.drawEllipse(QPointF(), 1.5, 1.5);
+        break;
+    case 1:
+        painter.drawLine(QLineF(-radius, 0.0, radius, 0.0));
+        painter.drawLine(QLineF(0.0, -radius, 0.0, radius));
+        break;
+    case 2:
+    case 3:
+        painter.drawEllipse(QPointF(), 3.0, 3.0);
+        break;
+    case 4:
+    case 5:
+        painter.drawPolygon(square());
+        break;
+    case 6:
+    case 7:
+        painter.drawPolygon(diamond());
+        break;
+    case 8:
+    case 9:
+        painter.drawPolygon(triangle());
+        break;
+    default:
+        painter.drawLine(QLineF(-3.0, -3.0, 3.0, 3.0));
+        painter.drawLine(QLineF(-3.0, 3.0, 3.0, -3.0));
+        break;
+    }
+    painter.restore();
+}
 
 void drawItems(QPainter& painter, const ItemList& items, const ChartGeometry& geometry,
                const QColor& fillColor)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ScaleDrawing.h"
+// The third file of ChartDrawing: the grid, the frame, the ticks and their labels.
+#include "chart/drawing/ChartDrawing.h"
 
 #include <QPainter>
 
@@ -117,30 +118,17 @@ void drawFrame(QPainter& painter, const QRect& plot, const QColor& color)
     painter.fillRect(QRect(plot.right(), plot.top(), 1, plot.height()), color);
 }
 
-/// Ticks outside the plot, from the pixel next to its frame.
-void drawTicks(QPainter& painter, const ChartGeometry& geometry, const QColor& color)
+/// The ticks of one axis, by `draw` at their pixels along it and in their lengths.
+template <typename Draw>
+void drawTicks(const AxisTicks& ticks, const AxisScale& scale, int mainLength, Draw draw)
 {
-    const QRect& plot = geometry.layout.plot;
-    const auto below = [&](int x, int length) {
-        painter.fillRect(QRect(x, plot.bottom() + 1, 1, length), color);
-    };
-    const auto left = [&](int y, int length) {
-        painter.fillRect(QRect(plot.left() - length, y, length, 1), color);
-    };
-    const std::vector<int> xShort = pixelsOf(geometry.xTicks.minor, geometry.xScale);
-    if (areApart(xShort, leastShortTickDistance)) {
-        for (const int x : xShort)
-            below(x, shortTickLength);
+    const std::vector<int> minor = pixelsOf(ticks.minor, scale);
+    if (areApart(minor, leastShortTickDistance)) {
+        for (const int pixel : minor)
+            draw(pixel, shortTickLength);
     }
-    const std::vector<int> yShort = pixelsOf(geometry.yTicks.minor, geometry.yScale);
-    if (areApart(yShort, leastShortTickDistance)) {
-        for (const int y : yShort)
-            left(y, shortTickLength);
-    }
-    for (const int x : pixelsOf(geometry.xTicks.main, geometry.xScale))
-        below(x, mainTickLengthX);
-    for (const int y : pixelsOf(geometry.yTicks.main, geometry.yScale))
-        left(y, mainTickLengthY);
+    for (const int pixel : pixelsOf(ticks.main, scale))
+        draw(pixel, mainLength);
 }
 
 void drawLabels(QPainter& painter, const std::vector<PlacedLabel>& labels,
@@ -160,7 +148,13 @@ void drawScales(QPainter& painter, const ChartContents& contents, const ChartGeo
         return;
     drawGrid(painter, contents.style, geometry);
     drawFrame(painter, plot, color);
-    drawTicks(painter, geometry, color);
+    // From the pixel next to the frame outwards.
+    drawTicks(geometry.xTicks, geometry.xScale, mainTickLengthX, [&](int x, int length) {
+        painter.fillRect(QRect(x, plot.bottom() + 1, 1, length), color);
+    });
+    drawTicks(geometry.yTicks, geometry.yScale, mainTickLengthY, [&](int y, int length) {
+        painter.fillRect(QRect(plot.left() - length, y, length, 1), color);
+    });
     painter.setFont(geometry.font);
     painter.setPen(color);
     drawLabels(painter, geometry.xLabels, geometry.xTexts);

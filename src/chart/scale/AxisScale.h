@@ -27,6 +27,7 @@ class AxisScale {
 public:
     AxisScale(const AxisRange& range, const PixelSpan& span);
 
+    // Published; only tests and the outside call these two.
     /// Pixels per unit, or per e-fold; 0 when the plot has no extent.
     long double factor() const { return m_factor; }
     long double offset() const;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/scale/DateTimeScale.h"
 
-#include "chart/scale/ChartError.h"
-
 #include <QDateTime>
 #include <QLocale>
 

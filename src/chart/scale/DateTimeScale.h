@@ -5,7 +5,15 @@
 
 #include <QString>
 
+#include <stdexcept>
+
 namespace chart {
+
+/// What a chart refuses: a date-time axis without dates, or data that it may not share.
+class ChartError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /// Dates and times on an axis: a value is a number of days, day 0 is 30 December 1899 at midnight,
 /// as in spreadsheets. Years 1 to 9999.

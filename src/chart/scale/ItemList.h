@@ -42,12 +42,12 @@ struct ItemAttributes {
 /// One thing to draw, in data coordinates.
 struct ChartItem {
     ItemKind kind = ItemKind::End;
-    std::uint8_t markKind = 0; ///< Marks only; see MarkShapes.h.
+    std::uint8_t markKind = 0; ///< Marks only; see drawMark().
     double x = 0.0;
     double y = 0.0;
     double x2 = 0.0; ///< With hasSecondPair() only.
     double y2 = 0.0;
-    ItemAttributes attributes;
+    ItemAttributes attributes{};
 
     /// Whether every coordinate that counts is a number. Other items are kept but not drawn.
     bool isFinite() const;
@@ -65,12 +65,14 @@ public:
     void add(const ChartItem& item);
     void clear();
 
+    // Published; only tests and the outside call these two.
     /// The items with their terminator.
     const std::list<ChartItem>& withTerminator() const { return m_items; }
-    /// The number of items, the terminator not counted.
-    std::size_t size() const { return m_items.size() - 1; }
     /// How many items of each kind were added since the list was last empty.
     const Counters& counters() const { return m_counters; }
+
+    /// The number of items, the terminator not counted.
+    std::size_t size() const { return m_items.size() - 1; }
 
     /// The items without their terminator.
     auto begin() const { return m_items.begin(); }

@@ -25,8 +25,8 @@ inline constexpr int mostDecimals = 12;
 struct LabelFormat {
     LabelType type = LabelType::ftNum;
     int decimals = 2;
-    QString dateTimeFormat; ///< In Qt's letters: "dd/MM/yyyy HH:mm".
-    QStringList userTexts;  ///< The first one for the first tick.
+    QString dateTimeFormat = QStringLiteral("dd/MM/yyyy"); ///< In Qt's letters.
+    QStringList userTexts;                                 ///< The first one for the first tick.
 };
 
 /// A number at a tick, in the user's decimal separator, cut to 14 characters.

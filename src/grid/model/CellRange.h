@@ -18,6 +18,15 @@ struct CellRange {
     {
         return static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows);
     }
+    /// Calls visit(column, row) for each cell, row by row.
+    template <typename Visit>
+    void forEachCell(Visit visit) const
+    {
+        for (int r = row; r <= lastRow(); ++r) {
+            for (int c = column; c <= lastColumn(); ++c)
+                visit(c, r);
+        }
+    }
     bool operator==(const CellRange&) const = default;
 };
 

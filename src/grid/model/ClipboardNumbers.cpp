@@ -23,7 +23,7 @@ QString tooLarge(qsizetype columns, qsizetype rows, const Room& room)
 
 } // namespace
 
-QString copiedText(const TableData& table, const CellRange& range)
+QString copiedText(const record::SquareData& square, const CellRange& range)
 {
     QString text;
     for (int row = range.row; row <= range.lastRow(); ++row) {
@@ -32,7 +32,7 @@ QString copiedText(const TableData& table, const CellRange& range)
         for (int column = range.column; column <= range.lastColumn(); ++column) {
             if (column > range.column)
                 text += QLatin1Char('\t');
-            text += base::fullText(table.value(column, row));
+            text += base::fullText(square.value(column, row));
         }
     }
     return text;

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "base/Outcome.h"
-#include "grid/model/TableData.h"
+#include "grid/model/CellRange.h"
+#include "record/SquareData.h"
 
 #include <QStringView>
 
@@ -21,7 +22,7 @@ struct NumberBlock {
 ///
 /// Each number has all its digits and the user's decimal separator, so that what is pasted back is
 /// what was copied.
-QString copiedText(const TableData& table, const CellRange& range);
+QString copiedText(const record::SquareData& square, const CellRange& range);
 
 /// Where a rectangle of numbers is to go.
 struct Room {

@@ -1,11 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/model/EditHistory.h"
 
-#include "grid/model/EditCommand.h"
+#include <QUndoCommand>
 
+#include <memory>
 #include <utility>
 
 namespace grid {
+
+/// One step: how it is taken and how it is taken back.
+class EditHistory::Command : public QUndoCommand {
+public:
+    Command(const Change& change, std::function<void()> forth, std::function<void()> back)
+        : m_change(change)
+        , m_forth(std::move(forth))
+        , m_back(std::move(back))
+    {
+    }
+    const Change& change() const { return m_change; }
+    void redo() override { m_forth(); }
+    void undo() override { m_back(); }
+
+private:
+    Change m_change;
+    std::function<void()> m_forth;
+    std::function<void()> m_back;
+};
 
 EditHistory::EditHistory(TableModel& model, QObject* parent)
     : QObject(parent)
@@ -30,96 +50,97 @@ void EditHistory::paste(const NumberBlock& block, int column, int row)
 
 void EditHistory::setValues(const CellRange& range, std::vector<double> values)
 {
-    auto command = std::make_unique<ValuesCommand>(m_model, range, std::move(values));
-    if (command->changesSomething())
-        run(std::move(command));
+    std::vector<double> before;
+    before.reserve(range.cells());
+    range.forEachCell(
+        [&](int column, int row) { before.push_back(m_model.square().value(column, row)); });
+    replace({range}, std::move(before), std::move(values),
+            [this, range](const auto& put) { m_model.setStoredValues(range, put); });
 }
 
 void EditHistory::mark(const CellRange& range, std::uint8_t set, std::uint8_t unset)
 {
-    auto command = std::make_unique<MarksCommand>(m_model, range, set, unset);
-    if (command->changesSomething())
-        run(std::move(command));
+    std::vector<std::uint8_t> before;
+    std::vector<std::uint8_t> after;
+    before.reserve(range.cells());
+    after.reserve(range.cells());
+    range.forEachCell([&](int column, int row) {
+        const unsigned marks = m_model.table().marks(column, row);
+        before.push_back(static_cast<std::uint8_t>(marks));
+        after.push_back(static_cast<std::uint8_t>((marks | set) & ~unsigned{unset}));
+    });
+    replace({range, false}, std::move(before), std::move(after),
+            [this, range](const auto& put) { m_model.setStoredMarks(range, put); });
 }
 
 void EditHistory::setPrecision(int column, int decimals)
 {
-    if (decimals != m_model.table().precision(column))
-        run(std::make_unique<PrecisionCommand>(m_model, column, decimals));
+    replace({{column, 1, 1, 1}, false}, m_model.table().precision(column), decimals,
+            [this, column](int put) { m_model.setPrecision(column, put); });
 }
 
 void EditHistory::setIdentifier(const QByteArray& identifier)
 {
-    if (identifier != m_model.table().identifier)
-        run(std::make_unique<IdentifierCommand>(m_model, identifier));
+    replace({}, m_model.square().Identifier(), identifier,
+            [this](const QByteArray& put) { m_model.setIdentifier(put); });
 }
 
 void EditHistory::replaceTable(TableData table)
 {
-    run(std::make_unique<TableCommand>(m_model, std::move(table)));
+    const auto exchange = [this, other = std::make_shared<TableData>(std::move(table))] {
+        m_model.exchange(*other);
+    };
+    run({}, exchange, exchange);
 }
 
-bool EditHistory::undoChangesContents() const
+template <typename T, typename Put>
+void EditHistory::replace(const Change& change, T before, T after, Put put)
 {
-    const EditCommand* command = commandAt(m_stack.index() - 1);
-    return command != nullptr && command->changesContents();
+    if (before == after)
+        return;
+    run(
+        change, [put, after = std::move(after)] { put(after); },
+        [put, before = std::move(before)] { put(before); });
 }
 
-bool EditHistory::redoChangesContents() const
+void EditHistory::run(const Change& change, std::function<void()> forth, std::function<void()> back)
 {
-    const EditCommand* command = commandAt(m_stack.index());
-    return command != nullptr && command->changesContents();
+    auto command = std::make_unique<Command>(change, std::move(forth), std::move(back));
+    tell(change, [&] { m_stack.push(command.release()); });
 }
 
-std::optional<CellRange> EditHistory::undo()
+std::optional<EditHistory::Change> EditHistory::changeAt(int index) const
 {
-    const EditCommand* command = commandAt(m_stack.index() - 1);
-    if (command == nullptr)
+    const auto* command = static_cast<const Command*>(m_stack.command(index));
+    return command != nullptr ? std::optional(command->change()) : std::nullopt;
+}
+
+bool EditHistory::changesContents(int index) const
+{
+    const std::optional<Change> change = changeAt(index);
+    return change && change->ofContents;
+}
+
+std::optional<CellRange> EditHistory::take(int index, void (QUndoStack::*step)())
+{
+    const std::optional<Change> change = changeAt(index);
+    if (!change)
         return std::nullopt;
-    const CellRange place = command->place();
-    take(command->changesContents(), [this] { m_stack.undo(); });
-    if (place.cells() > 0)
-        emit stepped(place);
-    return place;
-}
-
-std::optional<CellRange> EditHistory::redo()
-{
-    const EditCommand* command = commandAt(m_stack.index());
-    if (command == nullptr)
-        return std::nullopt;
-    const CellRange place = command->place();
-    take(command->changesContents(), [this] { m_stack.redo(); });
-    if (place.cells() > 0)
-        emit stepped(place);
-    return place;
-}
-
-void EditHistory::forget()
-{
-    m_stack.clear();
-}
-
-void EditHistory::run(std::unique_ptr<EditCommand> command)
-{
-    const bool changesContents = command->changesContents();
-    take(changesContents, [&] { m_stack.push(command.release()); });
-}
-
-const EditCommand* EditHistory::commandAt(int index) const
-{
-    return static_cast<const EditCommand*>(m_stack.command(index));
+    tell(*change, [this, step] { (m_stack.*step)(); });
+    if (change->place.cells() > 0)
+        emit stepped(change->place);
+    return change->place;
 }
 
 template <typename Step>
-void EditHistory::take(bool changesContents, Step step)
+void EditHistory::tell(const Change& change, Step step)
 {
-    const int columns = m_model.table().columns();
-    const int rows = m_model.table().rows();
+    const int columns = m_model.square().NrOfColumns();
+    const int rows = m_model.square().NrOfRows();
     step();
-    if (columns != m_model.table().columns() || rows != m_model.table().rows())
-        emit resized(m_model.table().columns(), m_model.table().rows());
-    if (changesContents)
+    if (columns != m_model.square().NrOfColumns() || rows != m_model.square().NrOfRows())
+        emit resized(m_model.square().NrOfColumns(), m_model.square().NrOfRows());
+    if (change.ofContents)
         emit contentsChanged();
 }
 

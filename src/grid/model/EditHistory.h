@@ -9,12 +9,11 @@
 #include <QUndoStack>
 
 #include <cstdint>
-#include <memory>
+#include <functional>
 #include <optional>
+#include <vector>
 
 namespace grid {
-
-class EditCommand;
 
 /// The user's edits of a table and the way back from them. An edit that would change nothing is
 /// none. Steps survive a resize of the table: they reach the cells that it has hidden.
@@ -37,13 +36,13 @@ public:
     void replaceTable(TableData table);
 
     /// Whether the step that undo() or redo() would take changes what the table holds.
-    bool undoChangesContents() const;
-    bool redoChangesContents() const;
+    bool undoChangesContents() const { return changesContents(m_stack.index() - 1); }
+    bool redoChangesContents() const { return changesContents(m_stack.index()); }
     /// @return the cells that the step changed, none where it was something else; nothing where
     ///         there was no step to take
-    std::optional<CellRange> undo();
-    std::optional<CellRange> redo();
-    void forget();
+    std::optional<CellRange> undo() { return take(m_stack.index() - 1, &QUndoStack::undo); }
+    std::optional<CellRange> redo() { return take(m_stack.index(), &QUndoStack::redo); }
+    void forget() { m_stack.clear(); }
 
 signals:
     /// The table holds something else.
@@ -54,13 +53,26 @@ signals:
     void stepped(const grid::CellRange& place);
 
 private:
+    /// What a step changes: cells (none where it is something else), and whether what the table
+    /// holds rather than how it is shown.
+    struct Change {
+        CellRange place;
+        bool ofContents = true;
+    };
+    class Command;
+
     void setValues(const CellRange& range, std::vector<double> values);
-    void run(std::unique_ptr<EditCommand> command);
-    /// The command at an index of the history, null beyond its ends.
-    const EditCommand* commandAt(int index) const;
+    /// Puts `after` in the place of `before`, through put(), where the two differ.
+    template <typename T, typename Put>
+    void replace(const Change& change, T before, T after, Put put);
+    void run(const Change& change, std::function<void()> forth, std::function<void()> back);
+    /// The change of the command at an index of the history; nothing beyond its ends.
+    std::optional<Change> changeAt(int index) const;
+    bool changesContents(int index) const;
+    std::optional<CellRange> take(int index, void (QUndoStack::*step)());
     /// Takes a step and tells what it changed. A listener may clear the history.
     template <typename Step>
-    void take(bool changesContents, Step step);
+    void tell(const Change& change, Step step);
 
     TableModel& m_model;
     QUndoStack m_stack;

@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace grid {
@@ -14,23 +15,16 @@ constexpr int initialSize = 3;
 
 QString markText(std::uint8_t marks)
 {
-    switch (marks) {
-    case MarkA:
-        return QStringLiteral("marca A");
-    case MarkB:
-        return QStringLiteral("marca B");
-    case MarkBoth:
-        return QStringLiteral("marcas A y B");
-    default:
-        return {};
-    }
+    const std::array texts = {QString(), QStringLiteral("marca A"), QStringLiteral("marca B"),
+                              QStringLiteral("marcas A y B")};
+    return texts.at(marks);
 }
 
 } // namespace
 
 TableModel::TableModel(QObject* parent)
     : QAbstractTableModel(parent)
-    , m_table(initialSize, initialSize)
+    , m_table(record::SquareData(initialSize, initialSize))
 {
 }
 
@@ -38,24 +32,24 @@ void TableModel::resize(int columns, int rows)
 {
     m_table.reserve(columns, rows);
     // The smaller first: between the steps the table is never larger than what was reserved.
-    if (columns < m_table.columns()) {
-        beginRemoveColumns({}, columns, m_table.columns() - 1);
-        m_table.resize(columns, m_table.rows());
+    if (columns < square().NrOfColumns()) {
+        beginRemoveColumns({}, columns, square().NrOfColumns() - 1);
+        m_table.resize(columns, square().NrOfRows());
         endRemoveColumns();
     }
-    if (rows < m_table.rows()) {
-        beginRemoveRows({}, rows, m_table.rows() - 1);
-        m_table.resize(m_table.columns(), rows);
+    if (rows < square().NrOfRows()) {
+        beginRemoveRows({}, rows, square().NrOfRows() - 1);
+        m_table.resize(square().NrOfColumns(), rows);
         endRemoveRows();
     }
-    if (columns > m_table.columns()) {
-        beginInsertColumns({}, m_table.columns(), columns - 1);
-        m_table.resize(columns, m_table.rows());
+    if (columns > square().NrOfColumns()) {
+        beginInsertColumns({}, square().NrOfColumns(), columns - 1);
+        m_table.resize(columns, square().NrOfRows());
         endInsertColumns();
     }
-    if (rows > m_table.rows()) {
-        beginInsertRows({}, m_table.rows(), rows - 1);
-        m_table.resize(m_table.columns(), rows);
+    if (rows > square().NrOfRows()) {
+        beginInsertRows({}, square().NrOfRows(), rows - 1);
+        m_table.resize(square().NrOfColumns(), rows);
         endInsertRows();
     }
 }
@@ -69,27 +63,23 @@ void TableModel::exchange(TableData& other)
 
 void TableModel::setValue(int column, int row, double value)
 {
-    m_table.setValue(column, row, value);
+    m_table.square.setValue(column, row, value);
     announce({column, row, 1, 1});
 }
 
 void TableModel::setStoredValues(const CellRange& range, const std::vector<double>& values)
 {
-    auto value = values.begin();
-    for (int row = range.row; row <= range.lastRow(); ++row) {
-        for (int column = range.column; column <= range.lastColumn(); ++column)
-            m_table.setStoredValue(column, row, *value++);
-    }
+    range.forEachCell([this, value = values.begin()](int column, int row) mutable {
+        m_table.square.store().set(column, row, *value++);
+    });
     announce(range);
 }
 
 void TableModel::setStoredMarks(const CellRange& range, const std::vector<std::uint8_t>& marks)
 {
-    auto mark = marks.begin();
-    for (int row = range.row; row <= range.lastRow(); ++row) {
-        for (int column = range.column; column <= range.lastColumn(); ++column)
-            m_table.setStoredMarks(column, row, *mark++);
-    }
+    range.forEachCell([this, mark = marks.begin()](int column, int row) mutable {
+        m_table.setStoredMarks(column, row, *mark++);
+    });
     announce(range);
 }
 
@@ -104,29 +94,29 @@ void TableModel::setPrecision(int column, int decimals)
     const int before = m_table.precision(column);
     m_table.setPrecision(column, decimals);
     if (m_table.precision(column) != before)
-        announce({column, 1, 1, m_table.rows()});
+        announce({column, 1, 1, square().NrOfRows()});
 }
 
 void TableModel::setColumnName(int column, const QString& name)
 {
-    m_table.setColumnName(column, name);
+    m_table.square.setColumnName(column, name);
     announceHeader(Qt::Horizontal, column, column);
 }
 
 void TableModel::setRowName(int row, const QString& name)
 {
-    m_table.setRowName(row, name);
+    m_table.square.setRowName(row, name);
     announceHeader(Qt::Vertical, row, row);
 }
 
 void TableModel::setRowAttribute(int row, std::uint8_t attribute)
 {
-    m_table.setRowAttribute(row, attribute);
+    m_table.square.setRowAttribute(row, attribute);
 }
 
 void TableModel::setIdentifier(const QByteArray& identifier)
 {
-    m_table.identifier = identifier;
+    m_table.square.setIdentifier(identifier);
 }
 
 void TableModel::setColors(const MarkColors& colors)
@@ -143,23 +133,18 @@ void TableModel::setSilent(bool silent)
         return;
     m_silent = silent;
     announce(m_table.range());
-    announceHeader(Qt::Horizontal, 1, m_table.columns());
-    announceHeader(Qt::Vertical, 1, m_table.rows());
-}
-
-void TableModel::setEditable(bool editable)
-{
-    m_editable = editable;
+    announceHeader(Qt::Horizontal, 1, square().NrOfColumns());
+    announceHeader(Qt::Vertical, 1, square().NrOfRows());
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_table.rows();
+    return parent.isValid() ? 0 : square().NrOfRows();
 }
 
 int TableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_table.columns();
+    return parent.isValid() ? 0 : square().NrOfColumns();
 }
 
 QVariant TableModel::data(const QModelIndex& index, int role) const
@@ -172,7 +157,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return cellText(column, row);
     case Qt::EditRole:
-        return m_table.value(column, row);
+        return square().value(column, row);
     case Qt::TextAlignmentRole:
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::ForegroundRole:
@@ -190,7 +175,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole: // the name may be longer than its header is wide
-        return horizontal ? m_table.columnName(section + 1) : m_table.rowName(section + 1);
+        return horizontal ? square().columnName(section + 1) : square().rowName(section + 1);
     case Qt::TextAlignmentRole:
         return QVariant((horizontal ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter);
     default:
@@ -208,29 +193,22 @@ Qt::ItemFlags TableModel::flags(const QModelIndex& index) const
 
 QString TableModel::cellText(int column, int row) const
 {
-    const double value = m_table.value(column, row);
+    const double value = square().value(column, row);
     const int precision = m_table.precision(column);
     return precision < 0 ? base::generalText(value) : base::fixedText(value, precision);
 }
 
 const QColor& TableModel::colorOf(std::uint8_t marks) const
 {
-    switch (marks) {
-    case MarkA:
-        return m_colors.markedA;
-    case MarkB:
-        return m_colors.markedB;
-    case MarkBoth:
-        return m_colors.markedBoth;
-    default:
-        return m_colors.normal;
-    }
+    const std::array colors = {&m_colors.normal, &m_colors.markedA, &m_colors.markedB,
+                               &m_colors.markedBoth};
+    return *colors.at(marks);
 }
 
 void TableModel::announce(const CellRange& range)
 {
-    const int lastColumn = std::min(range.lastColumn(), m_table.columns());
-    const int lastRow = std::min(range.lastRow(), m_table.rows());
+    const int lastColumn = std::min(range.lastColumn(), square().NrOfColumns());
+    const int lastRow = std::min(range.lastRow(), square().NrOfRows());
     if (m_silent || range.column < 1 || range.row < 1 || lastColumn < range.column ||
         lastRow < range.row)
         return;
@@ -239,7 +217,7 @@ void TableModel::announce(const CellRange& range)
 
 void TableModel::announceHeader(Qt::Orientation orientation, int first, int last)
 {
-    const int count = orientation == Qt::Horizontal ? m_table.columns() : m_table.rows();
+    const int count = orientation == Qt::Horizontal ? square().NrOfColumns() : square().NrOfRows();
     if (!m_silent && first >= 1 && last <= count)
         emit headerDataChanged(orientation, first - 1, last - 1);
 }

@@ -33,6 +33,7 @@ public:
     explicit TableModel(QObject* parent = nullptr);
 
     const TableData& table() const { return m_table; }
+    const record::SquareData& square() const { return m_table.square; }
     /// @throws GridError, with everything as it was
     void resize(int columns, int rows);
     /// Swaps the whole table.
@@ -55,7 +56,7 @@ public:
     /// one go at the end.
     void setSilent(bool silent);
     /// Whether cells call themselves editable.
-    void setEditable(bool editable);
+    void setEditable(bool editable) { m_editable = editable; }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;

@@ -4,6 +4,7 @@
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
 #include "grid/model/TableModel.h"
+#include "window/Dialogs.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -101,9 +102,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 {
     auto* editor = new QLineEdit(parent);
     editor->setObjectName(QStringLiteral("CellEditor"));
-    editor->setAccessibleName(QStringLiteral("Dato de la fila %1, columna %2")
-                                  .arg(m_model.table().rowName(index.row() + 1),
-                                       m_model.table().columnName(index.column() + 1)));
+    editor->setAccessibleName(nameOf(index, QStringLiteral("Dato de la fila %1, columna %2")));
     editor->setAutoFillBackground(true);
     editor->setAlignment(Qt::AlignRight);
     // Selected text stands out more than selected cells.
@@ -113,7 +112,6 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     editor->setPalette(colors);
     connect(editor, &QLineEdit::textChanged, editor, [editor] { widen(*editor); });
     m_editor = editor;
-    m_index = index;
     return editor;
 }
 
@@ -129,7 +127,7 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
     auto* line = static_cast<QLineEdit*>(editor);
     if (line->isModified())
         return; // what the user has typed outlasts a change of the table behind it
-    m_openedText = base::fullText(m_model.table().value(index.column() + 1, index.row() + 1));
+    m_openedText = base::fullText(m_model.square().value(index.column() + 1, index.row() + 1));
     line->setText(m_openedText);
     line->selectAll();
 }
@@ -140,15 +138,21 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
     const QString text = static_cast<QLineEdit*>(editor)->text();
     if (text == m_openedText)
         return;
-    const QString reason = refusal();
-    if (reason.isEmpty()) {
-        emit entered(index.column() + 1, index.row() + 1, *base::readTypedNumber(text).value);
+    const base::Outcome<double> number = base::readTypedNumber(text);
+    if (number.value) {
+        emit entered(index.column() + 1, index.row() + 1, *number.value);
+        return;
+    }
+    const QString refusal = base::readTypedNumber(base::shortened(text)).reason +
+                            nameOf(index, QStringLiteral("\nCelda: fila «%1», columna «%2»."));
+    if (m_leaving) {
+        m_refusal = refusal;
         return;
     }
     // A box in the middle of a click would take the mouse's release from the widget clicked on.
     QMetaObject::invokeMethod(
         m_view,
-        [this, reason] { tell(reason + QStringLiteral("\nSe conserva el dato anterior.")); },
+        [this, refusal] { tell(refusal + QStringLiteral("\nSe conserva el dato anterior.")); },
         Qt::QueuedConnection);
 }
 
@@ -190,20 +194,16 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     option->palette.setBrush(QPalette::HighlightedText, option->palette.brush(QPalette::Text));
 }
 
-QString CellDelegate::refusal() const
+/// The names of a cell's row and column in a text that has "%1" and "%2" for them.
+QString CellDelegate::nameOf(const QModelIndex& index, const QString& form) const
 {
-    const QString text = m_editor->text();
-    if (text == m_openedText || base::readTypedNumber(text).value)
-        return {};
-    return QStringLiteral("%1\nCelda: fila «%2», columna «%3».")
-        .arg(base::readTypedNumber(base::shortened(text)).reason,
-             m_model.table().rowName(m_index.row() + 1),
-             m_model.table().columnName(m_index.column() + 1));
+    return form.arg(m_model.square().rowName(index.row() + 1),
+                    m_model.square().columnName(index.column() + 1));
 }
 
-void CellDelegate::tell(const QString& reason) const
+void CellDelegate::tell(const QString& refusal) const
 {
-    m_dialogs.showError(m_view, reason, QStringLiteral("Dato no válido"));
+    m_dialogs.showError(m_view, refusal, QStringLiteral("Dato no válido"));
 }
 
 bool CellDelegate::leaveBy(CursorStep step)
@@ -212,10 +212,15 @@ bool CellDelegate::leaveBy(CursorStep step)
         return false;
     const QPointer<CellDelegate> stillThere(this);
     const QPointer<QLineEdit> editor = m_editor;
-    const QString reason = refusal();
-    if (!reason.isEmpty()) {
+    m_refusal.clear();
+    m_leaving = true;
+    emit commitData(editor);
+    if (!stillThere)
+        return false;
+    m_leaving = false;
+    if (!m_refusal.isEmpty()) {
         m_telling = true;
-        tell(reason);
+        tell(m_refusal);
         if (stillThere)
             m_telling = false;
         if (editor) {
@@ -224,9 +229,6 @@ bool CellDelegate::leaveBy(CursorStep step)
         }
         return false;
     }
-    emit commitData(editor);
-    if (!stillThere)
-        return false;
     if (editor == m_editor)
         emit closeEditor(editor, NoHint);
     emit left(step);

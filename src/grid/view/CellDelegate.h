@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "window/Dialogs.h"
+#include "grid/view/Cursor.h"
 
 #include <QLineEdit>
-#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QStyledItemDelegate>
+
+namespace window {
+class Dialogs;
+}
 
 namespace grid {
 
 class TableModel;
-
-/// Where the cursor goes from a cell whose text was taken over.
-enum class CursorStep { Stay, Next, Right, Left, Up, Down };
 
 /// Shows the cells, and edits one as the full text of its number.
 ///
@@ -54,9 +54,8 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
-    /// Empty when the open cell's text is a number or as it was.
-    QString refusal() const;
-    void tell(const QString& reason) const;
+    QString nameOf(const QModelIndex& index, const QString& form) const;
+    void tell(const QString& refusal) const;
     bool leaveBy(CursorStep step);
 
     const TableModel& m_model;
@@ -64,8 +63,9 @@ private:
     QWidget* m_view;
     // The one open cell: the toolkit makes, fills and reads editors through const routines.
     mutable QPointer<QLineEdit> m_editor;
-    mutable QPersistentModelIndex m_index;
     mutable QString m_openedText;
+    mutable QString m_refusal; ///< Of the text that a key or accept() is about to leave.
+    bool m_leaving = false;    ///< By a key or accept().
     bool m_telling = false;
 };
 

@@ -3,57 +3,55 @@
 
 #include <QObject>
 
-#include <cstdint>
+#include <functional>
 
 class QAction;
 class QMenu;
 class QPoint;
-class QWidget;
+class QTableView;
 
 namespace grid {
 
-/// The cells that "Clear" and "Copy" act on.
-enum class Scope { Range, Column, Row, All };
+class GridCommands;
+enum class Scope;
 
-/// What a menu about to open has to know.
-struct MenuState {
-    bool editingAllowed = true;
-    bool readOnly = false;
-};
-
-/// The two menus of a grid: entries, order, labels and which of them can be chosen.
+/// The two menus of a grid: entries, order, labels, which of them can be chosen, and the command of
+/// each. The menu of the names opens at a click on them; the grid opens the others.
 class ContextMenus : public QObject {
     Q_OBJECT
 
 public:
-    explicit ContextMenus(QWidget* grid);
+    /// The commands outlive the menus, which the grid owns.
+    ContextMenus(GridCommands& commands, QTableView* grid);
 
-    void openCellMenu(const QPoint& globalPosition, const MenuState& state);
-    void openHeaderMenu(const QPoint& globalPosition, const MenuState& state);
-
-signals:
-    void markRequested(std::uint8_t set, std::uint8_t unset);
-    void unmarkAllRequested();
-    void clearRequested(grid::Scope scope);
-    void copyRequested(grid::Scope scope);
-    void pasteRequested();
-    void editingSwitchRequested();
-    void extractionRequested();
-    void identifierRequested();
-    void precisionRequested();
+    void openCellMenu(const QPoint& globalPosition);
+    /// For the menu key and Shift+F10; with Control the menu of the names, which cannot have the
+    /// focus, for the cursor's column.
+    void openByKey(Qt::KeyboardModifiers modifiers);
 
 private:
-    void addMarkEntries();
-    void addScopeEntries(QMenu* menu, const QString& verb, void (ContextMenus::*requested)(Scope));
+    using Command = std::function<void()>;
 
+    QAction* addEntry(QMenu* menu, const QString& text, const QString& tip, const Command& command);
+    QMenu* addScopeMenu(const QString& text, const QString& tip, const QString& verb,
+                        void (GridCommands::*command)(Scope));
+    void addMarkEntries();
+    void addCellEntries();
+    void addHeaderEntries();
+    void openOn(QWidget* header);
+    /// `column` counts from 1 and is 0 where none was clicked: then it is the cursor's.
+    void openHeaderMenu(const QPoint& globalPosition, int column);
+
+    GridCommands& m_commands;
+    QTableView& m_grid;
     QMenu* m_cellMenu;
     QMenu* m_clearMenu = nullptr;
-    QMenu* m_copyMenu = nullptr;
     QAction* m_paste = nullptr;
     QAction* m_editing = nullptr;
     QAction* m_extract = nullptr;
     QMenu* m_headerMenu;
     QAction* m_identifier = nullptr;
+    int m_column = 1; ///< Whose precision the menu of the names changes.
 };
 
 } // namespace grid

@@ -2,15 +2,50 @@
 #include "grid/view/NTabEd.h"
 
 #include "grid/model/EditHistory.h"
-#include "grid/model/TableModel.h"
 #include "grid/view/CellDelegate.h"
 #include "grid/view/ContextMenus.h"
+#include "grid/view/NameHeader.h"
 
-#include <QHeaderView>
+#include <QAbstractButton>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPalette>
 
+#include <algorithm>
 #include <new>
+#include <utility>
 
 namespace grid {
+
+namespace {
+
+constexpr int usualRowHeight = 24;
+constexpr int usualHeaderColumnWidth = 80;
+constexpr int narrowestColumn = 16;
+constexpr int textMargin = 6; // pixels above and below a number, together
+
+/// The colours of marked and other numbers are made for white cells, so the table is light in a
+/// dark desktop too; the selection is pale for their sake.
+QPalette lightColors(QPalette palette, const QColor& number)
+{
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, number);
+    palette.setColor(QPalette::Window, QColor(0xF2, 0xF4, 0xF6));
+    palette.setColor(QPalette::WindowText, QColor(0x20, 0x28, 0x30));
+    palette.setColor(QPalette::Button, QColor(0xE8, 0xEC, 0xF0));
+    palette.setColor(QPalette::ButtonText, QColor(0x20, 0x28, 0x30));
+    palette.setColor(QPalette::Highlight, QColor(0xCF, 0xE3, 0xF7));
+    palette.setColor(QPalette::HighlightedText, number);
+    palette.setColor(QPalette::Link, QColor(0x1F, 0x5F, 0xA8));
+    return palette;
+}
+
+bool isEnter(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+} // namespace
 
 QColor colorFromInteger(std::uint32_t blueGreenRed)
 {
@@ -19,114 +54,77 @@ QColor colorFromInteger(std::uint32_t blueGreenRed)
 }
 
 TNTabEd::TNTabEd(window::Dialogs& dialogs, QWidget* parent)
-try : QTableView(parent), m_dialogs(dialogs), m_model(new TableModel(this)),
-    m_history(new EditHistory(*m_model, this)),
-    m_delegate(new CellDelegate(*m_model, dialogs, this)), m_menus(new ContextMenus(this)) {
+try : QTableView(parent), m_model(new TableModel(this)), m_history(new EditHistory(*m_model, this)),
+    m_delegate(new CellDelegate(*m_model, dialogs, this)),
+    m_commands(new GridCommands(*m_model, *m_history, *m_delegate, dialogs, this)) {
     setUpView();
-    connectWidths();
-    connectUser();
+    setUpNames();
+    m_widths = new ColumnWidths(*m_model, *m_columnNames, this);
+    m_menus = new ContextMenus(*m_commands, this);
+    connectParts();
+    m_widths->fitAll();
+    m_commands->setRights({});
+    setCurrentIndex(m_model->index(0, 0));
 } catch (const std::bad_alloc&) {
     throw GridError("NTABED: failed to initialize table editor (out of memory)");
 }
 
 TNTabEd::~TNTabEd() = default;
 
-int TNTabEd::NrOfColumns() const
+void TNTabEd::setUpView()
 {
-    return m_model->table().columns();
+    setObjectName(QStringLiteral("NTabEd"));
+    setAccessibleName(QStringLiteral("Tabla de números"));
+    m_model->setColors({colorFromInteger(8192), Qt::red, Qt::blue, colorFromInteger(13369531)});
+    m_columnNames = new NameHeader(Qt::Horizontal, this);
+    setHorizontalHeader(m_columnNames);
+    setVerticalHeader(new NameHeader(Qt::Vertical, this));
+    setModel(m_model);
+    setItemDelegate(m_delegate);
+    setSelectionMode(ContiguousSelection);
+    setWordWrap(false);
+    setCornerButtonEnabled(true);
+    setPalette(lightColors(palette(), ColorNormal()));
 }
 
-int TNTabEd::NrOfRows() const
+void TNTabEd::setUpNames()
 {
-    return m_model->table().rows();
+    horizontalHeader()->setObjectName(QStringLiteral("ColumnNames"));
+    horizontalHeader()->setAccessibleName(QStringLiteral("Nombres de las columnas"));
+    horizontalHeader()->setMinimumSectionSize(narrowestColumn);
+    verticalHeader()->setObjectName(QStringLiteral("RowNames"));
+    verticalHeader()->setAccessibleName(QStringLiteral("Nombres de las filas"));
+    verticalHeader()->setMinimumSectionSize(narrowestColumn);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    if (auto* corner = findChild<QAbstractButton*>()) {
+        corner->setObjectName(QStringLiteral("Corner"));
+        corner->setAccessibleName(QStringLiteral("Seleccionar toda la tabla"));
+        corner->setToolTip(corner->accessibleName());
+    }
+    applyRowHeight();
+    setHeaderColumnWidth(usualHeaderColumnWidth);
 }
 
-void TNTabEd::setNrOfColumns(int columns)
+void TNTabEd::connectParts()
 {
-    resizeTable(columns, NrOfRows());
+    connect(m_delegate, &CellDelegate::left, this, &TNTabEd::leaveCell);
+    connect(m_history, &EditHistory::contentsChanged, this, &TNTabEd::OnChange);
+    connect(m_history, &EditHistory::resized, this, &TNTabEd::TableResized);
+    connect(m_commands, &GridCommands::notice, this, &TNTabEd::Notice);
+    connect(m_widths, &ColumnWidths::fitted, this, [this] {
+        updateGeometries();
+        viewport()->update();
+    });
+    connect(m_model, &TableModel::modelReset, this,
+            [this] { setCurrentIndex(readOnly() ? QModelIndex() : m_model->index(0, 0)); });
 }
 
-void TNTabEd::setNrOfRows(int rows)
+void TNTabEd::setSquare(record::SquareData square)
 {
-    resizeTable(NrOfColumns(), rows);
-}
-
-void TNTabEd::resizeTable(int columns, int rows)
-{
-    m_model->resize(columns, rows);
-}
-
-void TNTabEd::resetTable(int columns, int rows)
-{
-    TableData fresh(columns, rows);
-    m_columnsSetByUser.clear();
+    TableData fresh(std::move(square));
+    m_widths->forgetUsers();
     m_model->exchange(fresh);
     clearHistory();
-}
-
-int TNTabEd::precision(int column) const
-{
-    return m_model->table().precision(column);
-}
-
-void TNTabEd::setPrecision(int column, int decimals)
-{
-    m_model->setPrecision(column, decimals);
-}
-
-QString TNTabEd::columnName(int column) const
-{
-    return m_model->table().columnName(column);
-}
-
-void TNTabEd::setColumnName(int column, const QString& name)
-{
-    m_model->setColumnName(column, name);
-}
-
-QString TNTabEd::rowName(int row) const
-{
-    return m_model->table().rowName(row);
-}
-
-void TNTabEd::setRowName(int row, const QString& name)
-{
-    m_model->setRowName(row, name);
-}
-
-double TNTabEd::value(int column, int row) const
-{
-    return m_model->table().value(column, row);
-}
-
-void TNTabEd::setValue(int column, int row, double value)
-{
-    m_model->setValue(column, row, value);
-}
-
-std::uint8_t TNTabEd::rowAttribute(int row) const
-{
-    return m_model->table().rowAttribute(row);
-}
-
-void TNTabEd::setRowAttribute(int row, std::uint8_t attribute)
-{
-    m_model->setRowAttribute(row, attribute);
-}
-
-QByteArray TNTabEd::Identifier() const
-{
-    return m_model->table().identifier;
-}
-
-void TNTabEd::setIdentifier(const QByteArray& identifier)
-{
-    m_model->setIdentifier(identifier);
-}
-
-void TNTabEd::clearMarks()
-{
-    m_model->clearMarks();
 }
 
 void TNTabEd::clearHistory()
@@ -136,20 +134,20 @@ void TNTabEd::clearHistory()
 
 void TNTabEd::freeze()
 {
-    if (m_frozen)
+    if (m_widths->isFrozen())
         return;
-    m_frozen = true;
+    m_widths->setFrozen(true);
     m_model->setSilent(true);
     setUpdatesEnabled(false);
 }
 
 void TNTabEd::release()
 {
-    if (!m_frozen)
+    if (!m_widths->isFrozen())
         return;
     m_model->setSilent(false);
-    m_frozen = false;
-    fitAllColumns();
+    m_widths->setFrozen(false);
+    m_widths->fitAll();
     setUpdatesEnabled(true);
 }
 
@@ -158,94 +156,101 @@ bool TNTabEd::commitEdit()
     return m_delegate->accept();
 }
 
-bool TNTabEd::editingAllowed() const
+QSize TNTabEd::wholeSize() const
 {
-    return m_editingAllowed;
+    const int frame = 2 * frameWidth();
+    return {verticalHeader()->width() + horizontalHeader()->length() + frame,
+            horizontalHeader()->height() + verticalHeader()->length() + frame};
 }
 
-void TNTabEd::setEditingAllowed(bool allowed)
-{
-    m_editingAllowed = allowed;
-    applyEditability();
-}
-
-bool TNTabEd::readOnly() const
-{
-    return m_readOnly;
-}
-
-void TNTabEd::setReadOnly(bool readOnly)
-{
-    m_readOnly = readOnly;
-    applyEditability();
-}
-
-bool TNTabEd::AutoAdvance() const
-{
-    return m_autoAdvance;
-}
-
-void TNTabEd::setAutoAdvance(bool advance)
-{
-    m_autoAdvance = advance;
-}
-
-void TNTabEd::setDefaultColWidth(int width)
-{
-    m_defaultColWidth = width;
-    fitAllColumns();
-}
-
-void TNTabEd::setHeaderColumnWidth(int width)
-{
-    verticalHeader()->setFixedWidth(width);
-}
-
-QColor TNTabEd::ColorNormal() const
-{
-    return m_model->colors().normal;
-}
-
-QColor TNTabEd::ColorMarkedA() const
-{
-    return m_model->colors().markedA;
-}
-
-QColor TNTabEd::ColorMarkedB() const
-{
-    return m_model->colors().markedB;
-}
-
-QColor TNTabEd::ColorMarkedBoth() const
-{
-    return m_model->colors().markedBoth;
-}
-
-void TNTabEd::setColorNormal(const QColor& color)
-{
-    changeColors([&](MarkColors& colors) { colors.normal = color; });
-}
-
-void TNTabEd::setColorMarkedA(const QColor& color)
-{
-    changeColors([&](MarkColors& colors) { colors.markedA = color; });
-}
-
-void TNTabEd::setColorMarkedB(const QColor& color)
-{
-    changeColors([&](MarkColors& colors) { colors.markedB = color; });
-}
-
-void TNTabEd::setColorMarkedBoth(const QColor& color)
-{
-    changeColors([&](MarkColors& colors) { colors.markedBoth = color; });
-}
-
-void TNTabEd::changeColors(const std::function<void(MarkColors&)>& change)
+void TNTabEd::setColor(QColor MarkColors::*which, const QColor& color)
 {
     MarkColors colors = m_model->colors();
-    change(colors);
+    colors.*which = color;
     m_model->setColors(colors);
+}
+
+void TNTabEd::applyRowHeight()
+{
+    const int height = std::max(usualRowHeight, fontMetrics().height() + textMargin);
+    verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setFixedHeight(height);
+}
+
+void TNTabEd::leaveCell(CursorStep step)
+{
+    if (step != CursorStep::Next || m_autoAdvance)
+        stepCursor(*this, step);
+}
+
+void TNTabEd::keyboardSearch(const QString&)
+{
+    m_commands->tellEditingIsOff();
+}
+
+bool TNTabEd::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && state() != EditingState &&
+        GridCommands::isShortcut(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void TNTabEd::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        applyRowHeight();
+        m_widths->fitAll();
+    }
+}
+
+void TNTabEd::keyPressEvent(QKeyEvent* event)
+{
+    // What an open cell leaves over is not for the table behind it; Ctrl+A opens files.
+    if (state() == EditingState || event->matches(QKeySequence::SelectAll)) {
+        event->ignore();
+        return;
+    }
+    if (event->key() == Qt::Key_F10 && event->modifiers().testFlag(Qt::ShiftModifier)) {
+        m_menus->openByKey(event->modifiers());
+        event->accept();
+        return;
+    }
+    if (m_commands->take(*event)) {
+        event->accept();
+        return;
+    }
+    if (isEnter(*event)) {
+        event->setAccepted(m_autoAdvance);
+        leaveCell(CursorStep::Next);
+        return;
+    }
+    const bool tab = event->key() == Qt::Key_Tab;
+    if (tabKeyNavigation() && (tab || event->key() == Qt::Key_Backtab)) {
+        const CursorStep step = tab ? CursorStep::Right : CursorStep::Left;
+        event->setAccepted(!isAtEdge(*this, step));
+        stepCursor(*this, step);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void TNTabEd::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        m_menus->openByKey(event->modifiers());
+        return;
+    }
+    const QModelIndex index = indexAt(event->pos());
+    if (index.isValid() && index != currentIndex()) {
+        selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index)
+                                                     ? QItemSelectionModel::NoUpdate
+                                                     : QItemSelectionModel::ClearAndSelect);
+    }
+    m_menus->openCellMenu(event->globalPos());
 }
 
 } // namespace grid

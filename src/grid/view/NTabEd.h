@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "grid/model/CellRange.h"
 #include "grid/model/GridError.h"
+#include "grid/model/TableModel.h"
+#include "grid/view/ColumnWidths.h"
+#include "grid/view/GridCommands.h"
+#include "record/SquareData.h"
 #include "window/Dialogs.h"
 
 #include <QByteArray>
 #include <QColor>
+#include <QHeaderView>
 #include <QString>
 #include <QTableView>
 
 #include <cstdint>
-#include <functional>
-#include <set>
+#include <utility>
 
 namespace grid {
 
@@ -20,10 +23,6 @@ class CellDelegate;
 class ContextMenus;
 class EditHistory;
 class NameHeader;
-class TableModel;
-struct MarkColors;
-enum class CursorStep;
-enum class Scope;
 
 /// The colour of a blue-green-red integer, red in its low byte: 255 is red.
 QColor colorFromInteger(std::uint32_t blueGreenRed);
@@ -32,7 +31,10 @@ QColor colorFromInteger(std::uint32_t blueGreenRed);
 /// in cells addressed (column, row) from 1.
 ///
 /// Programs set cells and names through the routines below, which leave no trace in the undo
-/// history and raise no OnChange; what the user does goes through the history.
+/// history and raise no OnChange; what the user does goes through the history. What a form may set
+/// starts as the program has it, so that setNrOfColumns(), setNrOfRows(), setRowAttribute(),
+/// setIdentifier(), setEditingAllowed(), the width of the header column and the colours have no
+/// caller here beside tests: they are for whoever else builds a form with a grid.
 class TNTabEd : public QTableView {
     Q_OBJECT
 
@@ -43,43 +45,46 @@ public:
     ~TNTabEd() override;
 
     /// Data columns and rows, headers not counted.
-    int NrOfColumns() const;
-    int NrOfRows() const;
+    int NrOfColumns() const { return square().NrOfColumns(); }
+    int NrOfRows() const { return square().NrOfRows(); }
     /// A new size. What a smaller table hides comes back when it grows again. All or nothing.
     /// @throws GridError "array dimensions zero or negative"; with more than 16 million cells, or
     ///         without the memory for them, "NTABED: not enough memory on heap"
-    void setNrOfColumns(int columns);
-    void setNrOfRows(int rows);
-    void resizeTable(int columns, int rows);
-    /// A fresh table, as for a file that is about to be read into it: zeros, the names "C-1", "R-1"
-    /// and so on, 3 decimals, attributes 0, no marks, no identifier, nothing hidden, no history.
-    /// @throws GridError as resizeTable(), with everything as it was
-    void resetTable(int columns, int rows);
+    void setNrOfColumns(int columns) { resizeTable(columns, NrOfRows()); }
+    void setNrOfRows(int rows) { resizeTable(NrOfColumns(), rows); }
+    void resizeTable(int columns, int rows) { m_model->resize(columns, rows); }
+    /// The square in the table: its size, names, attributes, identifier and values.
+    const record::SquareData& square() const { return m_model->square(); }
+    /// Another square in the place of the whole table: with 3 decimals, without marks or history.
+    /// @throws GridError where the memory does not suffice, with everything as it was
+    void setSquare(record::SquareData square);
 
     /// Decimals shown in a column, stored within -1..8; -1 shows as many as the number has.
     /// An index outside the table is ignored, and 0 when asked for.
-    int precision(int column) const;
-    void setPrecision(int column, int decimals);
+    int precision(int column) const { return m_model->table().precision(column); }
+    void setPrecision(int column, int decimals) { m_model->setPrecision(column, decimals); }
 
     /// Names, cut to 50 characters; empty, and ignored, outside the table.
-    QString columnName(int column) const;
-    void setColumnName(int column, const QString& name);
-    QString rowName(int row) const;
-    void setRowName(int row, const QString& name);
+    QString columnName(int column) const { return square().columnName(column); }
+    void setColumnName(int column, const QString& name) { m_model->setColumnName(column, name); }
+    QString rowName(int row) const { return square().rowName(row); }
+    void setRowName(int row, const QString& name) { m_model->setRowName(row, name); }
 
     /// 0.0, and ignored, outside the table.
-    double value(int column, int row) const;
-    void setValue(int column, int row, double value);
+    double value(int column, int row) const { return square().value(column, row); }
+    void setValue(int column, int row, double value) { m_model->setValue(column, row, value); }
 
     /// 0, and ignored, outside the table.
-    std::uint8_t rowAttribute(int row) const;
-    void setRowAttribute(int row, std::uint8_t attribute);
+    std::uint8_t rowAttribute(int row) const { return square().rowAttribute(row); }
+    void setRowAttribute(int row, std::uint8_t attribute)
+    {
+        m_model->setRowAttribute(row, attribute);
+    }
 
     /// The comment of the table: the first line of its file, the bytes as they are there.
-    QByteArray Identifier() const;
-    void setIdentifier(const QByteArray& identifier);
+    QByteArray Identifier() const { return square().Identifier(); }
+    void setIdentifier(const QByteArray& identifier) { m_model->setIdentifier(identifier); }
 
-    void clearMarks();
     /// Forgets what could be undone and redone.
     void clearHistory();
 
@@ -93,31 +98,35 @@ public:
     bool commitEdit();
 
     /// What "Edit on/Off" switches: typing, "Clear", "Paste" and the like.
-    bool editingAllowed() const;
-    void setEditingAllowed(bool allowed);
+    bool editingAllowed() const { return m_commands->rights().editingAllowed; }
+    void setEditingAllowed(bool allowed) { m_commands->setRights({allowed, readOnly()}); }
     /// A table to look at: nothing that the user does changes its numbers.
-    bool readOnly() const;
-    void setReadOnly(bool readOnly);
+    bool readOnly() const { return m_commands->rights().readOnly; }
+    void setReadOnly(bool readOnly) { m_commands->setRights({editingAllowed(), readOnly}); }
 
     /// Whether the cursor moves on after Enter: row by row, to the last cell and not beyond.
-    bool AutoAdvance() const;
-    void setAutoAdvance(bool advance);
+    bool AutoAdvance() const { return m_autoAdvance; }
+    void setAutoAdvance(bool advance) { m_autoAdvance = advance; }
 
-    /// Pixels. A column is wider than its default where its numbers or its name need it.
-    void setDefaultColWidth(int width);
-    void setHeaderColumnWidth(int width);
+    /// What "Extract from Clpbrd" reads with; without it the entry does nothing.
+    void setExtractor(Extractor extractor) { m_commands->setExtractor(std::move(extractor)); }
+
+    /// Pixels, 64 and 80 at first. A column is wider than its default where its numbers or its name
+    /// need it.
+    void setDefaultColWidth(int width) { m_widths->setUsual(width); }
+    void setHeaderColumnWidth(int width) { verticalHeader()->setFixedWidth(width); }
 
     /// The size in which every cell shows without scrolling.
     QSize wholeSize() const;
 
-    QColor ColorNormal() const;
-    QColor ColorMarkedA() const;
-    QColor ColorMarkedB() const;
-    QColor ColorMarkedBoth() const;
-    void setColorNormal(const QColor& color);
-    void setColorMarkedA(const QColor& color);
-    void setColorMarkedB(const QColor& color);
-    void setColorMarkedBoth(const QColor& color);
+    QColor ColorNormal() const { return m_model->colors().normal; }
+    QColor ColorMarkedA() const { return m_model->colors().markedA; }
+    QColor ColorMarkedB() const { return m_model->colors().markedB; }
+    QColor ColorMarkedBoth() const { return m_model->colors().markedBoth; }
+    void setColorNormal(const QColor& color) { setColor(&MarkColors::normal, color); }
+    void setColorMarkedA(const QColor& color) { setColor(&MarkColors::markedA, color); }
+    void setColorMarkedB(const QColor& color) { setColor(&MarkColors::markedB, color); }
+    void setColorMarkedBoth(const QColor& color) { setColor(&MarkColors::markedBoth, color); }
 
 signals:
     /// The user changed what the table holds: typing, "Paste", "Clear", "Extract from Clpbrd",
@@ -130,7 +139,8 @@ signals:
     void Notice(const QString& text);
 
 public slots:
-    /// What the keyboard does with type-ahead search elsewhere: nothing, the table may be huge.
+    /// Reached by typing where no cell opens: there is no search, the table may be huge, and where
+    /// editing is off the user is told so.
     void keyboardSearch(const QString& search) override;
 
 protected:
@@ -141,59 +151,36 @@ protected:
 
 private:
     void setUpView();
-    void connectUser();
-    void connectWidths();
-    void applyLightColors();
+    void setUpNames();
+    void connectParts();
     void applyRowHeight();
-    void applyEditability();
-    void changeColors(const std::function<void(MarkColors&)>& change);
+    void setColor(QColor MarkColors::*which, const QColor& color);
+    void leaveCell(CursorStep step);
 
-    void fitAllColumns();
-    void fitColumns(int first, int last);
-
-    bool canEdit() const;
-    /// Runs what changes the table and shows a lack of memory as an error.
-    void attempt(const std::function<void()>& action);
-    /// Runs a user's command, once the open cell is taken over.
-    void command(const std::function<void()>& action);
-    void tellEditingIsOff();
-    bool handleCommandKey(const QKeyEvent& key);
-    /// Whether Tab or Shift+Tab would leave the table.
-    bool isAtEdge(CursorStep step) const;
-    void moveCursorBy(CursorStep step);
-    void select(const CellRange& range);
-    /// The selection, or the cursor's cell; no cells before the cursor has been anywhere.
-    CellRange selectedRange() const;
-    CellRange rangeOf(Scope scope) const;
-
-    void enterValue(int column, int row, double value);
-    void clear(const CellRange& range);
-    void copy(const CellRange& range);
-    void paste();
-    void extract();
-    void editIdentifier();
-    void changePrecision();
-    void undo();
-    void redo();
-    void tellStep(const QString& step, const CellRange& place);
-    /// The menu key and Shift+F10; with Control for the menu of the names.
-    void openMenuByKey(Qt::KeyboardModifiers modifiers);
-    /// `column` is 0 where none was clicked: then it is the cursor's.
-    void openHeaderMenu(const QPoint& globalPosition, int column);
-
-    window::Dialogs& m_dialogs;
     TableModel* m_model;
-    NameHeader* m_columnNames = nullptr;
     EditHistory* m_history;
     CellDelegate* m_delegate;
-    ContextMenus* m_menus;
-    bool m_editingAllowed = true;
-    bool m_readOnly = false;
+    GridCommands* m_commands;
+    NameHeader* m_columnNames = nullptr;
+    ColumnWidths* m_widths = nullptr;
+    ContextMenus* m_menus = nullptr;
     bool m_autoAdvance = true;
-    bool m_frozen = false;
-    int m_defaultColWidth = 64;
-    int m_headerMenuColumn = 1;
-    std::set<int> m_columnsSetByUser; ///< Left alone when columns are fitted.
+};
+
+/// Keeps a grid from repainting while it lives, and repaints it once at the end of its life.
+class Freeze {
+public:
+    explicit Freeze(TNTabEd& table)
+        : m_table(table)
+    {
+        m_table.freeze();
+    }
+    ~Freeze() { m_table.release(); }
+    Freeze(const Freeze&) = delete;
+    Freeze& operator=(const Freeze&) = delete;
+
+private:
+    TNTabEd& m_table;
 };
 
 } // namespace grid

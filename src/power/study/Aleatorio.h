@@ -19,7 +19,8 @@ public:
 
     void SeedGenerator(std::uint32_t seed);
 
-    /// The next number, from 0.0 to 1.0, both included.
+    /// The next number, from 0.0 to 1.0, both included. Only tests and users outside the program
+    /// call it: a study draws many at a time.
     double NextUniform();
 
     /// The next out.size() numbers as whole numbers: uniformOf() each gives what as many calls of

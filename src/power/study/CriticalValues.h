@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "stats/numbers/RandomIntegers.h"
+#include "stats/numbers/SimulatedSquares.h"
 
 namespace power {
 
-/// What the statistics of a simulated square must exceed, strictly, to reject.
-struct CriticalValues {
-    double c = 0.0; ///< of (C - meanOfC) / deviationOfC
-    double m = 0.0;
-    double b = 0.0;
-    double z = 0.0;
-    /// C is standardised as simulated squares without effects show it; for order 3, where its
-    /// distribution is known, these leave it as it is.
+/// One thing of each of the four tests: C, M, Bennett's and Zimmerman's.
+template <typename Thing>
+struct PerTest {
+    Thing c{};
+    Thing m{};
+    Thing b{};
+    Thing z{};
+};
+
+/// What the statistics of a simulated square must exceed, strictly, to reject. For C that is
+/// (C - meanOfC) / deviationOfC: C is standardised as simulated squares without effects show it;
+/// for order 3, where its distribution is known, these leave it as it is.
+struct CriticalValues : PerTest<double> {
     double meanOfC = 0.0;
     double deviationOfC = 1.0;
 };

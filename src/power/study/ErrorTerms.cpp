@@ -5,11 +5,6 @@
 
 namespace power {
 
-UnknownErrorKind::UnknownErrorKind()
-    : std::logic_error("Error Fatal")
-{
-}
-
 double ErrorDraw(ErrorKind kind, double uniform, double shift)
 {
     switch (kind) {
@@ -20,7 +15,7 @@ double ErrorDraw(ErrorKind kind, double uniform, double shift)
     case ErrorKind::Triangular:
         return (1.0 - std::sqrt(uniform)) + shift;
     }
-    throw UnknownErrorKind();
+    throw ImpossibleSetting();
 }
 
 } // namespace power

@@ -132,7 +132,7 @@ stats::KeyLanes<n> ObservationKeys<n>::keysOf(Numbers numbers) const
     case ErrorKind::Triangular:
         return keysFrom<n>(numbers, m_offsets, TriangularLevels());
     }
-    throw UnknownErrorKind();
+    throw ImpossibleSetting();
 }
 
 template class ObservationKeys<3>;

@@ -31,10 +31,10 @@ public:
     using Numbers = std::span<const std::uint32_t, cells * stats::laneCount>;
 
     /// 0 <= n * difference <= 6.5.
-    /// @throws UnknownErrorKind
     ObservationKeys(ErrorKind kind, double difference);
 
     /// lowestKey + level * 2^codeBits + cellCode() of each cell.
+    /// @throws ImpossibleSetting
     stats::KeyLanes<n> keysOf(Numbers numbers) const;
 
 private:

@@ -1,47 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/study/PowerStudy.h"
 
-#include "base/NumberText.h"
+#include "power/study/SquareBatch.h"
+
+#include <algorithm>
+#include <span>
 
 namespace power {
 
-using base::generalText;
-
 namespace {
 
-void logStart(const StudySettings& settings, StudyObserver& observer)
+using Rejections = PerTest<int>;
+
+void count(const BatchStatistics& statistics, int squares, const CriticalValues& critical,
+           Rejections& rejections)
 {
-    observer.logLine(QStringLiteral("Iniciado análisis de potencia (Cuadrado tamaño ") +
-                     QString::number(settings.order) + QStringLiteral("), ") +
-                     QString::number(settings.trials) + QStringLiteral(" pruebas..."));
-    observer.logLine(QStringLiteral("Datos provenientes de ") + caption(settings.errorKind));
-    observer.logLine(QStringLiteral("Calculando valores críticos..."));
+    for (std::size_t lane = 0; lane < static_cast<std::size_t>(squares); ++lane) {
+        const double standardisedC =
+            (statistics.c[lane] - critical.meanOfC) / critical.deviationOfC;
+        rejections.c += standardisedC > critical.c ? 1 : 0;
+        rejections.m += statistics.m[lane] > critical.m ? 1 : 0;
+        rejections.b += statistics.b[lane] > critical.b ? 1 : 0;
+        rejections.z += statistics.z[lane] > critical.z ? 1 : 0;
+    }
 }
 
-void logPoint(const PowerPoint& point, StudyObserver& observer)
+template <int n>
+Powers powersOf(const StudySettings& settings, const CriticalValues& critical, double difference,
+                Aleatorio& generator)
 {
-    observer.logLine(QStringLiteral("Potencias con dif = ") + generalText(point.difference) +
-                     QStringLiteral(" : "));
-    observer.logLine(QStringLiteral("C : ") + generalText(point.powers.c));
-    observer.logLine(QStringLiteral("M : ") + generalText(point.powers.m));
-    observer.logLine(QStringLiteral("B : ") + generalText(point.powers.b));
-    observer.logLine(QStringLiteral("Z : ") + generalText(point.powers.z));
-    observer.logLine(QString());
+    constexpr std::size_t cells = ObservationKeys<n>::cells;
+    const SquareBatch<n> batch(settings.errorKind, difference);
+    std::array<std::uint32_t, cells * stats::laneCount> numbers{};
+    Rejections rejections;
+    for (int done = 0; done < settings.trials; done += stats::laneCount) {
+        const int squares = std::min(stats::laneCount, settings.trials - done);
+        generator.NextNumbers(std::span(numbers).first(cells * static_cast<std::size_t>(squares)));
+        count(batch.evaluate(numbers, squares), squares, critical, rejections);
+    }
+    const double trials = settings.trials;
+    return {rejections.c / trials, rejections.m / trials, rejections.b / trials,
+            rejections.z / trials};
 }
 
 } // namespace
 
-QString caption(ErrorKind kind)
+Powers simulatedPowers(const StudySettings& settings, const CriticalValues& critical,
+                       double difference, Aleatorio& generator)
 {
-    switch (kind) {
-    case ErrorKind::Uniform:
-        return QStringLiteral("Distribución Uniforme");
-    case ErrorKind::Exponential:
-        return QStringLiteral("Distribución Exponencial");
-    case ErrorKind::Triangular:
-        return QStringLiteral("Distribución Triangular [0,1]");
+    switch (settings.order) {
+    case 3:
+        return powersOf<3>(settings, critical, difference, generator);
+    case 4:
+        return powersOf<4>(settings, critical, difference, generator);
+    case 5:
+        return powersOf<5>(settings, critical, difference, generator);
+    case 6:
+        return powersOf<6>(settings, critical, difference, generator);
+    default:
+        throw ImpossibleSetting();
     }
-    return {};
 }
 
 std::vector<double> studyDifferences()
@@ -54,24 +72,16 @@ std::vector<double> studyDifferences()
     return differences;
 }
 
-void runPowerStudy(const StudySettings& settings, Aleatorio& generator,
-                   stats::RandomIntegers& integers, StudyObserver& observer)
+std::vector<PowerPoint> runPowerStudy(const StudySettings& settings, Aleatorio& generator,
+                                      stats::RandomIntegers& integers, const PointDone& pointDone)
 {
-    logStart(settings, observer);
     const CriticalValues critical = criticalValues(settings.order, settings.level, integers);
-    observer.logLine(QStringLiteral("Comenzando las pruebas..."));
-    observer.logLine(QString());
-
-    const std::vector<double> differences = studyDifferences();
-    PowerPoint point;
-    point.count = static_cast<int>(differences.size());
-    for (const double difference : differences) {
-        point.difference = difference;
-        point.powers = simulatedPowers(settings, critical, difference, generator);
-        ++point.number;
-        observer.pointDone(point);
-        logPoint(point, observer);
+    std::vector<PowerPoint> points;
+    for (const double difference : studyDifferences()) {
+        points.push_back({difference, simulatedPowers(settings, critical, difference, generator)});
+        pointDone(points);
     }
+    return points;
 }
 
 } // namespace power

@@ -2,10 +2,9 @@
 #include "power/study/SquareBatch.h"
 
 #include "power/study/Aleatorio.h"
-#include "stats/numbers/Bennett.h"
-#include "stats/numbers/CyclicLayout.h"
+#include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/Sequences.h"
-#include "stats/numbers/Zimmerman.h"
+#include "stats/numbers/Treatments.h"
 
 namespace power {
 
@@ -33,16 +32,6 @@ Lanes<bool> nearTies(const stats::KeyLanes<n>& sorted)
     return near;
 }
 
-template <int n>
-BatchStatistics statisticsOf(const stats::RunLanes<n>& runs, const stats::RankLanes<n>& ranks)
-{
-    const stats::MomentLanes moments = stats::momentLanes(runs.ofTreatments);
-    return {stats::sequenceCFractions<n>(moments, runs).values(),
-            stats::sequenceMFractions<n>(moments, runs).values(),
-            stats::bennettFractions<n>(ranks).values(),
-            stats::zimmermanFractions<n>(ranks).values()};
-}
-
 } // namespace
 
 template <int n>
@@ -59,8 +48,10 @@ BatchStatistics SquareBatch<n>::evaluate(Numbers numbers, int squares) const
     stats::KeyLanes<n> keys = m_keys.keysOf(numbers);
     stats::sortKeys(keys);
     const stats::CodeLanes<n> codes = stats::codesOf<n>(keys);
-    BatchStatistics statistics =
-        statisticsOf<n>(stats::runLanes<n>(codes), stats::rankLanes<n>(codes));
+    const stats::RunLanes runs = stats::runLanes<n>(codes);
+    const stats::RankLanes ranks = stats::rankLanes<n>(codes);
+    BatchStatistics statistics{stats::sequenceCLanes<n>(runs), stats::sequenceMLanes<n>(runs),
+                               stats::bennettLanes<n>(ranks), stats::zimmermanLanes<n>(ranks)};
 
     const Lanes<bool> unsure = nearTies<n>(keys);
     for (std::size_t lane = 0; lane < static_cast<std::size_t>(squares); ++lane) {
@@ -76,13 +67,11 @@ void SquareBatch<n>::evaluateExactly(Numbers numbers, std::size_t lane,
 {
     stats::TMatrix square = stats::TMatrix::Create(n, n);
     std::size_t next = lane * ObservationKeys<n>::cells;
-    for (int i = 1; i <= n; ++i) {
-        for (int j = 1; j <= n; ++j) {
-            const double uniform = Aleatorio::uniformOf(numbers[next++]);
-            square.Elem(i, j,
-                        ErrorDraw(m_kind, uniform, stats::treatmentOf(i, j, n) * m_difference));
-        }
-    }
+    // Columns outside: the layout is the same read either way.
+    stats::visitCells(n, [&](int row, int column, int treatment) {
+        const double uniform = Aleatorio::uniformOf(numbers[next++]);
+        square.Elem(column, row, ErrorDraw(m_kind, uniform, treatment * m_difference));
+    });
     statistics.c[lane] = stats::SequenceC(square, n);
     statistics.m[lane] = stats::SequenceM(square, n);
     statistics.b[lane] = stats::BennettStatistic(square, n);

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "power/study/CriticalValues.h"
 #include "power/study/ObservationKeys.h"
 
 namespace power {
 
-/// The four statistics of each square of a batch.
-struct BatchStatistics {
-    stats::Lanes<double> c{};
-    stats::Lanes<double> m{};
-    stats::Lanes<double> b{};
-    stats::Lanes<double> z{};
-};
+/// The statistics of each square of a batch.
+using BatchStatistics = PerTest<stats::Lanes<double>>;
 
 /// Simulates squares of order n, a batch at a time, and evaluates the statistics of each: to the
 /// last bit the values that SequenceC, SequenceM, BennettStatistic and ZimmermanStatistic give for

@@ -3,9 +3,9 @@
 
 #include "chart/control/RChart.h"
 #include "controls/Memo.h"
-#include "power/window/CurveColors.h"
+#include "controls/UpDown.h"
+#include "power/study/StudyLog.h"
 #include "power/window/PendingInput.h"
-#include "power/window/UpDown.h"
 #include "window/Icons.h"
 
 #include <QApplication>
@@ -40,10 +40,6 @@ public:
 TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
     : ChildWindow(QStringLiteral("Potencia"), QStringLiteral("Potencia"), window::Picture::Power,
                   dialogs, parent)
-    , m_curves{{colorOfC, &Powers::c, {}},
-               {colorOfBennett, &Powers::b, {}},
-               {colorOfM, &Powers::m, {}},
-               {colorOfZimmerman, &Powers::z, {}}}
 {
     createMenu();
     createPopups();
@@ -60,11 +56,14 @@ void TPotencia::BtnCalcularClick()
 {
     try {
         const BusyCursor busy;
+        const StudySettings asked = settings();
         m_graph->ClearItems();
-        runPowerStudy(settings(), programAleatorio(), stats::programIntegers(), *this);
+        log(startLines(asked));
+        runPowerStudy(asked, programAleatorio(), stats::programIntegers(),
+                      [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
         emit statusText(QStringLiteral("Listo."));
         paintNow();
-    } catch (const UnknownErrorKind& failure) {
+    } catch (const ImpossibleSetting& failure) {
         dialogs().showError(this, QString::fromUtf8(failure.what()),
                             QGuiApplication::applicationDisplayName());
         std::_Exit(EXIT_FAILURE); // a broken program: nothing of it can be trusted to be put away
@@ -143,30 +142,37 @@ void TPotencia::GuardarReporte1Click()
               m_log->lines());
 }
 
-void TPotencia::logLine(const QString& line)
+void TPotencia::log(const QStringList& lines)
 {
     QTextCursor end(m_log->document());
     end.movePosition(QTextCursor::End);
-    end.insertBlock();
-    end.insertText(line);
+    for (const QString& line : lines) {
+        end.insertBlock();
+        end.insertText(line);
+    }
 }
 
-void TPotencia::pointDone(const PowerPoint& point)
+/// Draws the four curves on from the point before, paints them, and logs the point.
+void TPotencia::showLastPoint(const std::vector<PowerPoint>& points)
 {
-    for (Curve& curve : m_curves) {
-        const QPointF reached(point.difference, point.powers.*curve.power);
-        if (point.difference == 0.0)
-            curve.end = reached;
-        m_graph->setDataColor(curve.color);
-        m_graph->MoveToXY(curve.end.x(), curve.end.y());
-        m_graph->LineToXY(reached.x(), reached.y());
-        curve.end = reached;
-        m_graph->MarkAtXY(reached.x(), reached.y(), curveMark);
-    }
+    const PowerPoint& point = points.back();
+    const PowerPoint& from = points.size() > 1 ? points[points.size() - 2] : point;
+    const auto draw = [&](const QColor& color, double Powers::*power) {
+        m_graph->setDataColor(color);
+        m_graph->MoveToXY(from.difference, from.powers.*power);
+        m_graph->LineToXY(point.difference, point.powers.*power);
+        m_graph->MarkAtXY(point.difference, point.powers.*power, curveMark);
+    };
+    draw(colorOfC, &Powers::c);
+    draw(colorOfBennett, &Powers::b);
+    draw(colorOfM, &Powers::m);
+    draw(colorOfZimmerman, &Powers::z);
     m_graph->FitRangeToData(fitMargin);
-    emit statusText(
-        QStringLiteral("Calculando potencias: %1 de %2").arg(point.number).arg(point.count));
+    emit statusText(QStringLiteral("Calculando potencias: %1 de %2")
+                        .arg(points.size())
+                        .arg(studyDifferences().size()));
     paintNow();
+    log(pointLines(point));
 }
 
 /// Paints what has changed in the frame, the status line included, and handles no other event: the

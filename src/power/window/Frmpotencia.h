@@ -5,7 +5,7 @@
 #include "window/ChildWindow.h"
 
 #include <QColor>
-#include <QPointF>
+#include <QStringList>
 
 #include <vector>
 
@@ -16,15 +16,20 @@ class TRChart;
 }
 namespace controls {
 class Memo;
-}
+class UpDown;
+} // namespace controls
 
 namespace power {
 
-class UpDown;
+/// The colours of the curves, in the chart and in its legend.
+constexpr QColor colorOfC(255, 0, 0);
+constexpr QColor colorOfBennett(0, 0, 255);
+constexpr QColor colorOfM(0, 128, 0);
+constexpr QColor colorOfZimmerman(0, 0, 0);
 
 /// The window of the power study: its settings, the four curves, which grow while it runs, and the
 /// log of all studies made in it.
-class TPotencia : public window::ChildWindow, private StudyObserver {
+class TPotencia : public window::ChildWindow {
     Q_OBJECT
 
 public:
@@ -55,13 +60,6 @@ protected:
     virtual StudySettings settings() const { return m_settings; }
 
 private:
-    /// A curve, and where it has got to.
-    struct Curve {
-        QColor color;
-        double Powers::*power;
-        QPointF end;
-    };
-
     void createMenu();
     void createPopups();
     void createLayout();
@@ -70,8 +68,8 @@ private:
     QWidget* createLegend();
     QWidget* createLog();
 
-    void logLine(const QString& line) override;
-    void pointDone(const PowerPoint& point) override;
+    void log(const QStringList& lines);
+    void showLastPoint(const std::vector<PowerPoint>& points);
     void paintNow();
 
     void setLevel(int percent);
@@ -79,15 +77,14 @@ private:
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 
     StudySettings m_settings;
-    std::vector<Curve> m_curves;
 
     QMenu* m_menuSig = nullptr;
     QMenu* m_menuDist = nullptr;
     QPushButton* m_btnCalcular = nullptr;
     QPushButton* m_btnSig = nullptr;
     QPushButton* m_btnDist = nullptr;
-    UpDown* m_order = nullptr;
-    UpDown* m_trials = nullptr;
+    controls::UpDown* m_order = nullptr;
+    controls::UpDown* m_trials = nullptr;
     chart::TRChart* m_graph = nullptr;
     controls::Memo* m_log = nullptr;
 };

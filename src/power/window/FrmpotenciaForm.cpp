@@ -6,8 +6,8 @@
 #include "controls/FoldingRow.h"
 #include "controls/Memo.h"
 #include "controls/Named.h"
-#include "power/window/CurveColors.h"
-#include "power/window/UpDown.h"
+#include "controls/UpDown.h"
+#include "power/study/StudyLog.h"
 #include "window/Command.h"
 #include "window/StatusTips.h"
 
@@ -22,34 +22,30 @@
 
 namespace power {
 
+using controls::named;
+
 namespace {
 
 QLabel* labelOf(const QString& name, const QString& text, QWidget* buddy = nullptr)
 {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setAccessibleName(text);
-    label->setBuddy(buddy);
-    return label;
+    return named(controls::labelOf(buddy, text), name, text);
 }
 
 QPushButton* buttonOf(const QString& name, const QString& text)
 {
-    auto* button = new QPushButton(text);
-    button->setObjectName(name);
-    button->setAccessibleName(text);
+    auto* button = named(new QPushButton(text), name, text);
     button->setAutoDefault(false);
     return button;
 }
 
-UpDown* upDownOf(int number, const QString& accessibleName, int low, int high, int increment,
-                 int position)
+controls::UpDown* upDownOf(int number, const QString& accessibleName, int low, int high,
+                           int increment, int position)
 {
-    auto* upDown = new UpDown(low, high, increment, position);
-    upDown->setObjectName(QStringLiteral("UpDown%1").arg(number));
-    upDown->setAccessibleName(accessibleName);
-    upDown->edit()->setObjectName(QStringLiteral("Edit%1").arg(number));
-    upDown->edit()->setAccessibleName(accessibleName);
+    auto* upDown =
+        named(new controls::UpDown(low, high, increment, controls::UpDown::Typing::StartOfStep),
+              QStringLiteral("UpDown%1").arg(number), accessibleName);
+    upDown->setPosition(position);
+    named(upDown->edit(), QStringLiteral("Edit%1").arg(number), accessibleName);
     return upDown;
 }
 
@@ -57,9 +53,8 @@ UpDown* upDownOf(int number, const QString& accessibleName, int low, int high, i
 QWidget* legendEntry(int number, const QColor& color, const QString& text)
 {
     constexpr int side = 13; // pixels
-    auto* square = new QFrame;
-    square->setObjectName(QStringLiteral("Shape%1").arg(number));
-    square->setAccessibleName(QStringLiteral("Color de la ") + text);
+    auto* square = named(new QFrame, QStringLiteral("Shape%1").arg(number),
+                         QStringLiteral("Color de la ") + text);
     square->setFixedSize(side, side);
     square->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette palette;
@@ -67,9 +62,7 @@ QWidget* legendEntry(int number, const QColor& color, const QString& text)
     square->setPalette(palette);
     square->setAutoFillBackground(true);
 
-    auto* entry = new QWidget;
-    entry->setObjectName(QStringLiteral("Leyenda%1").arg(number));
-    entry->setAccessibleName(text);
+    auto* entry = named(new QWidget, QStringLiteral("Leyenda%1").arg(number), text);
     auto* row = new QHBoxLayout(entry);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(square);
@@ -102,17 +95,15 @@ void TPotencia::createPopups()
         action->setObjectName(QString::fromLatin1(name));
         action->setStatusTip(QStringLiteral("%1: %2").arg(popup->accessibleName(), text));
     };
-    m_menuSig = new QMenu(this);
-    m_menuSig->setObjectName(QStringLiteral("MenuSig"));
-    m_menuSig->setAccessibleName(QStringLiteral("Nivel de significancia"));
+    m_menuSig =
+        named(new QMenu(this), QStringLiteral("MenuSig"), QStringLiteral("Nivel de significancia"));
     entry(m_menuSig, "N901", QStringLiteral("90%"), &TPotencia::N901Click);
     entry(m_menuSig, "N951", QStringLiteral("95%"), &TPotencia::N951Click);
     entry(m_menuSig, "N981", QStringLiteral("98%"), &TPotencia::N981Click);
     entry(m_menuSig, "N991", QStringLiteral("99%"), &TPotencia::N991Click);
 
-    m_menuDist = new QMenu(this);
-    m_menuDist->setObjectName(QStringLiteral("MenuDist"));
-    m_menuDist->setAccessibleName(QStringLiteral("Distribución de los errores"));
+    m_menuDist = named(new QMenu(this), QStringLiteral("MenuDist"),
+                       QStringLiteral("Distribución de los errores"));
     entry(m_menuDist, "Uniforme1", QStringLiteral("Uniforme"), &TPotencia::Uniforme1Click);
     entry(m_menuDist, "Exponencial1", QStringLiteral("Exponencial"), &TPotencia::Exponencial1Click);
     entry(m_menuDist, "Triangular1", QStringLiteral("Triangular"), &TPotencia::Triangular1Click);
@@ -129,9 +120,8 @@ void TPotencia::createLayout()
     chartAndLegend->addWidget(createChart(), 1);
     chartAndLegend->addWidget(createLegend());
 
-    auto* splitter = new QSplitter(Qt::Vertical);
-    splitter->setObjectName(QStringLiteral("Splitter1"));
-    splitter->setAccessibleName(QStringLiteral("División entre la gráfica y el reporte"));
+    auto* splitter = named(new QSplitter(Qt::Vertical), QStringLiteral("Splitter1"),
+                           QStringLiteral("División entre la gráfica y el reporte"));
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(upper);
     splitter->addWidget(createLog());
@@ -149,9 +139,8 @@ void TPotencia::createLayout()
 
 QWidget* TPotencia::createSettings()
 {
-    auto* panel = new controls::FoldingRow;
-    panel->setObjectName(QStringLiteral("Panel1"));
-    panel->setAccessibleName(QStringLiteral("Opciones del cálculo"));
+    auto* panel = named(new controls::FoldingRow, QStringLiteral("Panel1"),
+                        QStringLiteral("Opciones del cálculo"));
 
     m_btnCalcular = buttonOf(QStringLiteral("BtnCalcular"), QStringLiteral("Calcular"));
     m_btnCalcular->setShortcut(Qt::Key_F9);
@@ -160,9 +149,9 @@ QWidget* TPotencia::createSettings()
     window::connectCommand(m_btnCalcular, &QPushButton::clicked, this,
                            &TPotencia::BtnCalcularClick);
     m_order = upDownOf(1, QStringLiteral("Tamaño del cuadrado"), 3, 6, 1, m_settings.order);
-    connect(m_order, &UpDown::Click, this, &TPotencia::UpDown1Click);
+    connect(m_order, &controls::UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
-    connect(m_trials, &UpDown::Click, this, &TPotencia::UpDown2Click);
+    connect(m_trials, &controls::UpDown::Click, this, &TPotencia::UpDown2Click);
     m_btnSig = buttonOf(QStringLiteral("BtnSig"), QStringLiteral("Nivel de Significancia 95%"));
     window::connectCommand(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
@@ -185,30 +174,16 @@ QWidget* TPotencia::createSettings()
 
 QWidget* TPotencia::createChart()
 {
-    const QString chartCaption = QStringLiteral("Potencias");
-    m_graph = new chart::TRChart;
-    m_graph->setObjectName(QStringLiteral("Graph"));
-    m_graph->setAccessibleName(chartCaption);
-    m_graph->setCaption(chartCaption);
-    m_graph->setIdAbscissa(QStringLiteral("Diferencia"));
-    m_graph->setIdOrdinate(QStringLiteral("Potencia"));
-    m_graph->setDecPlaceX(2);
-    m_graph->setDecPlaceY(2);
+    m_graph = chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
+                                  QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2});
     m_graph->setRangeHiX(1.0);
     m_graph->setRangeHiY(1.0);
-    m_graph->setGridStyle(chart::GridStyle::gsHorizDotLines);
-    m_graph->setShadowStyle(chart::ShadowStyle::ssFlying);
-    m_graph->setMouseAction(chart::MouseAction::maZoomDrag);
-    m_graph->setShortTicksX(true);
-    m_graph->setShortTicksY(true);
     return m_graph;
 }
 
 QWidget* TPotencia::createLegend()
 {
-    auto* panel = new QWidget;
-    panel->setObjectName(QStringLiteral("Panel2"));
-    panel->setAccessibleName(QStringLiteral("Leyenda"));
+    auto* panel = named(new QWidget, QStringLiteral("Panel2"), QStringLiteral("Leyenda"));
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins(6, 4, 6, 4);
     row->setSpacing(18);
@@ -223,8 +198,8 @@ QWidget* TPotencia::createLegend()
 
 QWidget* TPotencia::createLog()
 {
-    m_log = controls::named(new controls::Memo, QStringLiteral("log"),
-                            QStringLiteral("Reporte de los cálculos"));
+    m_log =
+        named(new controls::Memo, QStringLiteral("log"), QStringLiteral("Reporte de los cálculos"));
     return m_log;
 }
 

@@ -2,13 +2,10 @@
 #include "square/editor/Formeditor.h"
 
 #include "base/SafeFile.h"
+#include "controls/UpDown.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/Freeze.h"
 #include "square/editor/GridFile.h"
-#include "square/editor/ShowSquare.h"
-#include "square/editor/UpDown.h"
 #include "square/file/LoadedSquare.h"
-#include "square/file/ShapeNotice.h"
 #include "window/Asking.h"
 #include "window/Caption.h"
 #include "window/HandOff.h"
@@ -192,7 +189,7 @@ void TEditor::DatosChange()
 
 void TEditor::aleatorizar()
 {
-    const Freeze freeze(*m_refTratamientos);
+    const grid::Freeze freeze(*m_refTratamientos);
     const int n = m_refTratamientos->NrOfColumns();
     for (int row = 1; row <= n; ++row) {
         int treatment = row;
@@ -211,29 +208,28 @@ bool TEditor::load()
         dialogs().openFileName(dialogParent(), squareFileRequest(QStringLiteral("Abrir Archivo")));
     if (!fileName)
         return false;
-    const LoadedSquare loaded = loadSquare(*fileName);
-    QString problem = loaded.problem;
-    if (loaded.data)
-        problem = showLoaded(*loaded.data);
+    base::Outcome<LoadedSquare> loaded = loadSquare(*fileName);
+    const QString problem =
+        loaded.value ? showLoaded(std::move(loaded.value->square)) : loaded.reason;
     if (!problem.isEmpty()) {
         dialogs().showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
         return false;
     }
     m_handOff.fileOpened = true;
-    rememberFile(*fileName, loaded.fingerprint);
+    rememberFile(*fileName, loaded.value->fingerprint);
     FormActivate(); // the status line speaks of the new square
     return true;
 }
 
 /// Shows a square that was read, with its treatments beside it, all or nothing.
 /// @return what stood in the way
-QString TEditor::showLoaded(const SquareData& square)
+QString TEditor::showLoaded(record::SquareData square)
 {
     const int order = square.NrOfColumns();
     const int previousOrder = m_refTratamientos->NrOfColumns();
     try {
         m_refTratamientos->resizeTable(order, order);
-        showSquare(square, *m_datos);
+        m_datos->setSquare(std::move(square));
     } catch (const grid::GridError& error) {
         m_refTratamientos->resizeTable(previousOrder, previousOrder);
         return QString::fromUtf8(error.what());
@@ -265,12 +261,17 @@ bool TEditor::save()
     }
     window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
     request.fileName = m_fileName;
-    const std::optional<QString> fileName = ChildWindow::save(
-        request, [this](const QString& chosen) { return Export(*m_datos, chosen); }, known);
+    QString notice;
+    const auto write = [this, &notice](const QString& chosen) {
+        const base::Outcome<bool> rounded = Export(*m_datos, chosen);
+        notice = rounded.value.value_or(false) ? roundedNotice() : invitation();
+        return rounded.problem();
+    };
+    const std::optional<QString> fileName = ChildWindow::save(request, write, known);
     if (!fileName)
         return false;
     rememberFile(*fileName, base::fingerprint(*fileName));
-    emit statusText(encodingChangesValues(squareOf(*m_datos)) ? roundedNotice() : invitation());
+    emit statusText(notice);
     return true;
 }
 
@@ -317,14 +318,14 @@ void TEditor::setPrecisions()
 
 void TEditor::nameColumns(grid::TNTabEd& table) const
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     for (int column = 1; column <= table.NrOfColumns(); ++column)
         table.setColumnName(column, numbered(m_columnPrefix, column));
 }
 
 void TEditor::nameRows(grid::TNTabEd& table) const
 {
-    const Freeze freeze(table);
+    const grid::Freeze freeze(table);
     for (int row = 1; row <= table.NrOfRows(); ++row)
         table.setRowName(row, numbered(m_rowPrefix, row));
 }

@@ -5,8 +5,14 @@
 
 class QLineEdit;
 
+namespace controls {
+class UpDown;
+}
 namespace grid {
 class TNTabEd;
+}
+namespace record {
+class SquareData;
 }
 namespace window {
 struct HandOff;
@@ -14,8 +20,6 @@ struct HandOff;
 
 namespace square {
 
-class SquareData;
-class UpDown;
 
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
@@ -77,7 +81,7 @@ private:
 
     bool load();
     bool save();
-    QString showLoaded(const SquareData& square);
+    QString showLoaded(record::SquareData square);
     void rememberFile(const QString& fileName, const QByteArray& fingerprint);
     void setOrder(int order);
     void DatosResized(int columns);
@@ -87,7 +91,7 @@ private:
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;
-    UpDown* m_numTratamientos = nullptr;
+    controls::UpDown* m_numTratamientos = nullptr;
     QLineEdit* m_nFilas = nullptr;
     QLineEdit* m_nColumnas = nullptr;
     grid::TNTabEd* m_datos = nullptr;

@@ -3,10 +3,11 @@
 #include "square/editor/Formeditor.h"
 
 #include "controls/Named.h"
+#include "controls/UpDown.h"
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
-#include "square/editor/UpDown.h"
+#include "square/extraction/Extraction.h"
 #include "window/Command.h"
 
 #include <QGroupBox>
@@ -27,11 +28,9 @@ constexpr int lowestOrder = 3;
 constexpr int highestOrder = 6;
 
 /// A prefix leaves room for a blank and a number of three digits in the name made of it.
-constexpr int longestPrefix = longestName - 4;
+constexpr int longestPrefix = record::longestName - 4;
 
-constexpr int observationWidth = 64; // pixels
-constexpr int treatmentWidth = 32;
-constexpr int headerWidth = 80;
+constexpr int treatmentWidth = 32; // pixels
 
 constexpr int dataShare = 3; // of the window's width, in fifths
 constexpr int paneShares = 5;
@@ -44,19 +43,6 @@ QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& a
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
     edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 30);
     return edit;
-}
-
-grid::TNTabEd* tableOf(window::Dialogs& dialogs, const QString& name, const QString& accessibleName,
-                       int columnWidth)
-{
-    auto* table = controls::named(new grid::TNTabEd(dialogs), name, accessibleName);
-    table->setColorNormal(grid::colorFromInteger(8192));
-    table->setColorMarkedA(Qt::red);
-    table->setColorMarkedB(Qt::blue);
-    table->setColorMarkedBoth(grid::colorFromInteger(13369531));
-    table->setDefaultColWidth(columnWidth);
-    table->setHeaderColumnWidth(headerWidth);
-    return table;
 }
 
 QWidget* paneOf(grid::TNTabEd* table, const QString& title)
@@ -100,8 +86,9 @@ void TEditor::createControls()
 QWidget* TEditor::createOptions()
 {
     const QString order = QStringLiteral("Número de tratamientos");
-    m_numTratamientos = controls::named(new UpDown(lowestOrder, highestOrder),
-                                        QStringLiteral("NumTratamientos"), order);
+    m_numTratamientos = controls::named(
+        new controls::UpDown(lowestOrder, highestOrder, 1, controls::UpDown::Typing::Nothing),
+        QStringLiteral("NumTratamientos"), order);
     controls::named(m_numTratamientos->edit(), QStringLiteral("Edit1"), order);
     m_rowPrefix = QStringLiteral("Fila");
     m_columnPrefix = QStringLiteral("Col");
@@ -126,11 +113,13 @@ QWidget* TEditor::createOptions()
 
 QWidget* TEditor::createPanes()
 {
-    m_datos =
-        tableOf(dialogs(), QStringLiteral("Datos"), QStringLiteral("Datos"), observationWidth);
-    m_datos->setAutoAdvance(true);
-    m_refTratamientos = tableOf(dialogs(), QStringLiteral("RefTratamientos"),
-                                QStringLiteral("Referencia: tratamientos"), treatmentWidth);
+    m_datos = controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("Datos"),
+                              QStringLiteral("Datos"));
+    answerExtractions(*m_datos);
+    m_refTratamientos =
+        controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("RefTratamientos"),
+                        QStringLiteral("Referencia: tratamientos"));
+    m_refTratamientos->setDefaultColWidth(treatmentWidth);
     m_refTratamientos->setAutoAdvance(false);
     m_refTratamientos->setReadOnly(true);
 
@@ -167,7 +156,7 @@ void TEditor::createMenu()
 
 void TEditor::connectControls()
 {
-    connect(m_numTratamientos, &UpDown::Click, this, &TEditor::NumTratamientosClick);
+    connect(m_numTratamientos, &controls::UpDown::Click, this, &TEditor::NumTratamientosClick);
     connect(m_nFilas, &QLineEdit::textChanged, this, &TEditor::NFilasChange);
     connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);

@@ -3,22 +3,22 @@
 
 #include "base/SafeFile.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/Freeze.h"
-#include "square/editor/ShowSquare.h"
+
+#include <utility>
 
 namespace square {
 
-std::optional<QString> Export(grid::TNTabEd& table, const QString& fileName, int precision)
+base::Outcome<bool> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
-    const Freeze freeze(table);
-    const EncodedSquare encoded = encode(squareOf(table), fileName, precision);
-    if (auto reason = base::writeFile(fileName, encoded.bytes))
-        return reason;
+    const EncodedSquare encoded = encode(table.square(), fileName, precision);
+    if (const auto reason = base::writeFile(fileName, encoded.bytes))
+        return base::Outcome<bool>::refused(*reason);
+    const grid::Freeze freeze(table);
     for (int column = 1; column <= table.NrOfColumns(); ++column)
         table.setColumnName(column, encoded.columnNames.at(column - 1));
     for (int row = 1; row <= table.NrOfRows(); ++row)
         table.setRowName(row, encoded.rowNames.at(row - 1));
-    return std::nullopt;
+    return base::Outcome<bool>::of(encoded.rounded);
 }
 
 SquareHeader ReadHeader(const QString& fileName)
@@ -32,11 +32,11 @@ int Import(grid::TNTabEd& table, const QString& fileName, int /*mode*/)
     const std::optional<QByteArray> bytes = base::readFile(fileName);
     if (!bytes)
         return NoColumnCount;
-    const DecodedSquare decoded = decode(*bytes);
+    DecodedSquare decoded = decode(*bytes);
     if (!decoded.data)
         return decoded.code;
     try {
-        showSquare(*decoded.data, table);
+        table.setSquare(*std::move(decoded.data));
     } catch (const grid::GridError&) {
         return NoRoomOrLineFeed;
     }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Outcome.h"
 #include "square/file/SquareFile.h"
 
 #include <QString>
-
-#include <optional>
 
 namespace grid {
 class TNTabEd;
@@ -16,10 +15,13 @@ namespace square {
 
 /// Writes the grid to a file, `precision` significant digits in each observation, and gives the
 /// grid the names back as they stand there, without blanks at their ends.
-/// @return nothing when the file was written, otherwise the reason in Spanish; the old file and the
-///         grid are then as they were
-[[nodiscard]] std::optional<QString> Export(grid::TNTabEd& table, const QString& fileName,
-                                            int precision = fileDigits);
+/// @return whether the file holds another value than the grid in some cell; where it could not be
+///         written the reason, and the old file and the grid are as they were
+[[nodiscard]] base::Outcome<bool> Export(grid::TNTabEd& table, const QString& fileName,
+                                         int precision = fileDigits);
+
+// Windows read their files by loadSquare(); these two are for tests and for other users of the
+// grid.
 
 /// Reads and checks the first four lines; NoColumnCount for a file that cannot be opened.
 SquareHeader ReadHeader(const QString& fileName);

@@ -5,45 +5,38 @@
 #include "square/file/SquareFile.h"
 
 #include <new>
+#include <utility>
 
 namespace square {
 
-namespace {
-
-LoadedSquare refused(int code, const QString& problem)
+base::Outcome<LoadedSquare> loadSquare(const QString& fileName)
 {
-    return {code, std::nullopt, problem, {}};
-}
-
-/// Tells counts that no square can have from a file that is no square.
-QString problemOf(const QByteArray& bytes)
-{
-    const SquareHeader header = readHeader(bytes);
-    const QString size =
-        header.code == Usable ? sizeProblem(header.nrOfColumns, header.nrOfRows) : QString();
-    return size.isEmpty() ? badFileMessage() : size;
-}
-
-} // namespace
-
-QString badFileMessage()
-{
-    return QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.");
-}
-
-LoadedSquare loadSquare(const QString& fileName)
-{
+    using Loaded = base::Outcome<LoadedSquare>;
+    const QString badFile = QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.");
     try {
-        const auto [bytes, limit] = base::readLimited(fileName);
-        if (!bytes)
-            return refused(NoColumnCount, limit.isEmpty() ? badFileMessage() : limit);
-        DecodedSquare decoded = decode(*bytes);
+        const base::Outcome<QByteArray> bytes = base::readLimited(fileName);
+        if (!bytes.value)
+            return Loaded::refused(bytes.reason.isEmpty() ? badFile : bytes.reason);
+        DecodedSquare decoded = decode(*bytes.value);
         if (decoded.code != Usable)
-            return refused(decoded.code, problemOf(*bytes));
-        return {Usable, std::move(decoded.data), QString(), base::fingerprint(*bytes)};
+            return Loaded::refused(decoded.badSize.isEmpty() ? badFile : decoded.badSize);
+        return Loaded::of({*std::move(decoded.data), base::fingerprint(*bytes.value)});
     } catch (const std::bad_alloc&) {
-        return refused(NoRoomOrLineFeed, outOfMemoryMessage());
+        return Loaded::refused(record::outOfMemoryMessage());
     }
+}
+
+QString shapeNotice(int columns, int rows)
+{
+    if (columns == rows)
+        return {};
+    const QString start =
+        QStringLiteral("No es un cuadrado, tiene %1 columnas y %2 filas: se analiza "
+                       "con orden %1, ")
+            .arg(columns)
+            .arg(rows);
+    return start + (columns > rows ? QStringLiteral("y las celdas que faltan como 0.")
+                                   : QStringLiteral("sin las filas que sobran."));
 }
 
 } // namespace square

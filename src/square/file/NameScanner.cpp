@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "square/file/NameScanner.h"
 
+#include <utility>
+
 namespace square {
-
-namespace {
-
-constexpr char quote = '"';
-
-} // namespace
 
 bool isSpace(char character)
 {
@@ -16,64 +12,33 @@ bool isSpace(char character)
 
 bool NameScanner::take(char character)
 {
+    if (m_state == State::Start)
+        m_text.clear();
+    if (isSpace(character) && m_state != State::InsideQuotes)
+        return std::exchange(m_state, State::Start) != State::Start;
+    const bool isQuote = character == '"';
     switch (m_state) {
     case State::Start:
-        return takeAtStart(character);
-    case State::AfterOpeningQuote:
-        return takeAfterOpeningQuote(character);
-    case State::InsideQuotes:
-        return takeInsideQuotes(character);
     case State::Bare:
-        return takeBare(character);
+        return isQuote ? drop(State::AfterOpeningQuote) : keep(character, State::Bare);
+    case State::AfterOpeningQuote:
+        return keep(character, isQuote ? State::Bare : State::InsideQuotes);
+    case State::InsideQuotes:
+        return isQuote ? drop(State::Bare) : keep(character, State::InsideQuotes);
     }
     return false;
-}
-
-bool NameScanner::takeAtStart(char character)
-{
-    m_text.clear();
-    if (isSpace(character))
-        return drop(State::Start);
-    return character == quote ? drop(State::AfterOpeningQuote) : keep(character, State::Bare);
-}
-
-bool NameScanner::takeAfterOpeningQuote(char character)
-{
-    if (isSpace(character))
-        return end();
-    return keep(character, character == quote ? State::Bare : State::InsideQuotes);
-}
-
-bool NameScanner::takeInsideQuotes(char character)
-{
-    return character == quote ? drop(State::Bare) : keep(character, State::InsideQuotes);
-}
-
-/// Also the state after a closing quote, where a second quote opens a quoted part again.
-bool NameScanner::takeBare(char character)
-{
-    if (isSpace(character))
-        return end();
-    return character == quote ? drop(State::AfterOpeningQuote) : keep(character, State::Bare);
 }
 
 bool NameScanner::keep(char character, State next)
 {
     m_text += character;
-    m_state = next;
-    return false;
+    return drop(next);
 }
 
 bool NameScanner::drop(State next)
 {
     m_state = next;
     return false;
-}
-
-bool NameScanner::end()
-{
-    m_state = State::Start;
-    return true;
 }
 
 } // namespace square

@@ -24,15 +24,12 @@ public:
     bool insideName() const { return m_state != State::Start; }
 
 private:
+    /// Bare is also the state after a closing quote, where a second quote opens a part again.
     enum class State { Start, AfterOpeningQuote, InsideQuotes, Bare };
 
-    bool takeAtStart(char character);
-    bool takeAfterOpeningQuote(char character);
-    bool takeInsideQuotes(char character);
-    bool takeBare(char character);
+    // Both say that the name goes on.
     bool keep(char character, State next);
     bool drop(State next);
-    bool end();
 
     State m_state = State::Start;
     QByteArray m_text;

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// The ASCII square file (".asc") as functions between its bytes and SquareData.
+/// The ASCII square file (".asc") as functions between its bytes and a record::SquareData.
 ///
 /// Five parts: a free title line; the two counts, a line each, any comment behind the integer;
 /// "TRUE" or "FALSE" for each of row attributes, column names and row names; the column names; and
@@ -40,14 +40,16 @@ struct SquareHeader {
     bool hasRowNames = false;
 };
 
-/// Reads and checks the first four lines. Counts that can be read are not judged.
+/// Reads and checks the first four lines, for those who want no more of a file. Counts that can be
+/// read are not judged.
 SquareHeader readHeader(const QByteArray& bytes);
 
 /// A square read from bytes. With NoAttribute or NoObservation `data` holds what came before the
 /// failure; with every other failure it is empty.
 struct DecodedSquare {
     int code = NoColumnCount; ///< A ReadCode.
-    std::optional<SquareData> data;
+    std::optional<record::SquareData> data;
+    QString badSize; ///< record::sizeProblem() of counts that were read; else empty.
 };
 
 /// Reads a whole file. Takes time and memory in proportion to the bytes, whatever the counts say.
@@ -56,11 +58,12 @@ struct DecodedSquare {
 /// integer, modulo 256. What follows the last observation is ignored.
 DecodedSquare decode(const QByteArray& bytes);
 
-/// A file's bytes and the names that went into it, for the grid to show what its file holds.
+/// A file's bytes and what they hold of the square.
 struct EncodedSquare {
     QByteArray bytes;
-    QStringList columnNames;
+    QStringList columnNames; ///< As they stand in the file, for the grid to show.
     QStringList rowNames;
+    bool rounded = false; ///< Reading the bytes gives another value in some cell.
 };
 
 /// Writes a square with `precision` significant digits in each observation.
@@ -70,9 +73,7 @@ struct EncodedSquare {
 /// take a name whole (a quote before a blank ends it early) its quotes are dropped, and a name of
 /// which nothing is left is written as the default name, so decode() finds every observation in
 /// its cell again whatever the names are.
-EncodedSquare encode(const SquareData& data, const QString& fileName, int precision = fileDigits);
-
-/// Whether reading back what encode() writes gives another value in some cell.
-bool encodingChangesValues(const SquareData& data, int precision = fileDigits);
+EncodedSquare encode(const record::SquareData& data, const QString& fileName,
+                     int precision = fileDigits);
 
 } // namespace square

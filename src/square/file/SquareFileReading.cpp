@@ -13,27 +13,15 @@ namespace square {
 
 namespace {
 
-std::string_view withoutLeadingBlanks(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text;
-}
-
 /// Takes "TRUE" or "FALSE" off the front of a line, in whatever case.
 std::optional<bool> takeFlag(std::string_view& line)
 {
-    constexpr std::string_view words[] = {"FALSE", "TRUE"};
-    line = withoutLeadingBlanks(line);
-    for (const std::string_view word : words) {
-        const std::string_view start = line.substr(0, word.size());
-        const bool same = std::equal(
-            start.begin(), start.end(), word.begin(), word.end(), [](char c, char upper) {
-                return (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c) == upper;
-            });
-        if (same) {
-            line.remove_prefix(word.size());
-            return word == words[1];
-        }
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    for (const std::string_view word : {"FALSE", "TRUE"}) {
+        if (line.size() < word.size() || qstrnicmp(line.data(), word.data(), word.size()) != 0)
+            continue;
+        line.remove_prefix(word.size());
+        return word == "TRUE";
     }
     return std::nullopt;
 }
@@ -77,7 +65,7 @@ SquareHeader takeHeader(TextReader& reader)
     return header;
 }
 
-void takeColumnNames(TextReader& reader, SquareData& data)
+void takeColumnNames(TextReader& reader, record::SquareData& data)
 {
     for (int column = 1; column <= data.NrOfColumns(); ++column) {
         const std::optional<QByteArray> name = reader.name();
@@ -87,7 +75,7 @@ void takeColumnNames(TextReader& reader, SquareData& data)
     }
 }
 
-bool takeRowAttribute(TextReader& reader, SquareData& data, int row)
+bool takeRowAttribute(TextReader& reader, record::SquareData& data, int row)
 {
     const std::optional<double> number = reader.number();
     if (!number)
@@ -97,18 +85,18 @@ bool takeRowAttribute(TextReader& reader, SquareData& data, int row)
     return true;
 }
 
-bool takeObservations(TextReader& reader, SquareData& data, int row)
+bool takeObservations(TextReader& reader, record::SquareData& data, int row)
 {
     for (int column = 1; column <= data.NrOfColumns(); ++column) {
         const std::optional<double> value = reader.number();
         if (!value)
             return false;
-        data.setObservation(column, row, *value);
+        data.setValue(column, row, *value);
     }
     return true;
 }
 
-ReadCode takeRows(TextReader& reader, const SquareHeader& header, SquareData& data)
+ReadCode takeRows(TextReader& reader, const SquareHeader& header, record::SquareData& data)
 {
     for (int row = 1; row <= data.NrOfRows(); ++row) {
         if (header.hasRowAttributes && !takeRowAttribute(reader, data, row))
@@ -136,16 +124,17 @@ DecodedSquare decode(const QByteArray& bytes)
     TextReader reader(bytes);
     const SquareHeader header = takeHeader(reader);
     if (header.code != Usable)
-        return {header.code, std::nullopt};
-    if (!sizeProblem(header.nrOfColumns, header.nrOfRows).isEmpty())
-        return {NoRoomOrLineFeed, std::nullopt};
+        return {header.code, std::nullopt, {}};
+    const QString badSize = record::sizeProblem(header.nrOfColumns, header.nrOfRows);
+    if (!badSize.isEmpty())
+        return {NoRoomOrLineFeed, std::nullopt, badSize};
 
-    SquareData data(header.nrOfColumns, header.nrOfRows);
+    record::SquareData data(header.nrOfColumns, header.nrOfRows);
     data.setIdentifier(header.identifier);
     if (header.hasColumnNames)
         takeColumnNames(reader, data);
     const ReadCode code = takeRows(reader, header, data);
-    return {code, std::move(data)};
+    return {code, std::move(data), {}};
 }
 
 } // namespace square

@@ -57,7 +57,14 @@ QString nameInFile(const QString& name, const QString& defaultName)
     return kept.isEmpty() ? defaultName : kept;
 }
 
-QByteArray firstLine(const SquareData& data, const QString& fileName)
+/// Whether a written observation is read back as the same value.
+bool readsAs(const QByteArray& field, double value)
+{
+    const QByteArray number = field.trimmed();
+    return base::readPlainNumber({number.constData(), std::size_t(number.size())}) == value;
+}
+
+QByteArray firstLine(const record::SquareData& data, const QString& fileName)
 {
     // A line end in the title would shift every line behind it. None was read from a file.
     QByteArray title = data.Identifier();
@@ -69,7 +76,7 @@ QByteArray firstLine(const SquareData& data, const QString& fileName)
 
 } // namespace
 
-EncodedSquare encode(const SquareData& data, const QString& fileName, int precision)
+EncodedSquare encode(const record::SquareData& data, const QString& fileName, int precision)
 {
     EncodedSquare encoded;
     QByteArray& bytes = encoded.bytes;
@@ -79,33 +86,25 @@ EncodedSquare encode(const SquareData& data, const QString& fileName, int precis
     bytes += QByteArray("TRUE TRUE TRUE\t;row attributes, column names, row names") + lineEnd;
 
     for (int column = 1; column <= data.NrOfColumns(); ++column) {
-        encoded.columnNames += nameInFile(data.columnName(column), defaultColumnName(column));
+        encoded.columnNames +=
+            nameInFile(data.columnName(column), record::defaultColumnName(column));
         bytes += '\t' + writtenName(encoded.columnNames.constLast());
     }
     bytes += lineEnd;
 
     for (int row = 1; row <= data.NrOfRows(); ++row) {
-        encoded.rowNames += nameInFile(data.rowName(row), defaultRowName(row));
+        encoded.rowNames += nameInFile(data.rowName(row), record::defaultRowName(row));
         bytes += QByteArray::number(data.rowAttribute(row));
         bytes += '\t' + writtenName(encoded.rowNames.constLast());
-        for (int column = 1; column <= data.NrOfColumns(); ++column)
-            bytes += '\t' + base::scientificField(data.observation(column, row), precision);
+        for (int column = 1; column <= data.NrOfColumns(); ++column) {
+            const double value = data.value(column, row);
+            const QByteArray field = base::scientificField(value, precision);
+            bytes += '\t' + field;
+            encoded.rounded = encoded.rounded || !readsAs(field, value);
+        }
         bytes += lineEnd;
     }
     return encoded;
-}
-
-bool encodingChangesValues(const SquareData& data, int precision)
-{
-    for (int row = 1; row <= data.NrOfRows(); ++row) {
-        for (int column = 1; column <= data.NrOfColumns(); ++column) {
-            const double value = data.observation(column, row);
-            const QByteArray field = base::scientificField(value, precision).trimmed();
-            if (base::readPlainNumber({field.constData(), std::size_t(field.size())}) != value)
-                return true;
-        }
-    }
-    return false;
 }
 
 } // namespace square

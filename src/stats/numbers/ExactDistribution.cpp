@@ -30,18 +30,12 @@ void forEachArrangement(int n, const Visit& visit)
 
 void ExactDistribution::add(double value)
 {
-    const auto at = std::lower_bound(m_points.begin(), m_points.end(), value,
-                                     [](const Point& point, double x) { return point.value < x; });
+    const auto at = std::ranges::lower_bound(m_points, value, {}, &Point::value);
     if (at != m_points.end() && at->value == value)
         ++at->arrangements;
     else
         m_points.insert(at, {value, 1});
     ++m_arrangements;
-}
-
-double ExactDistribution::probability(int index) const
-{
-    return share(point(index).arrangements);
 }
 
 double ExactDistribution::cumulative(double x) const
@@ -67,6 +61,17 @@ double ExactDistribution::shareAbove(double x) const
             above += point.arrangements;
     }
     return share(above);
+}
+
+std::vector<ExactFigures> ExactDistribution::figures() const
+{
+    std::vector<ExactFigures> all;
+    std::int64_t upTo = 0;
+    for (const Point& point : m_points) {
+        upTo += point.arrangements;
+        all.push_back({point.value, share(point.arrangements), share(upTo)});
+    }
+    return all;
 }
 
 void ExactDistribution::handOver(std::span<double> out) const

@@ -8,6 +8,13 @@
 
 namespace stats {
 
+/// One value of a distribution with its figures.
+struct ExactFigures {
+    double value;
+    double probability;
+    double cumulative; ///< P(X <= value).
+};
+
 /// The null distribution of a sequence statistic: every arrangement of n labels of each of n
 /// treatments is equally likely.
 ///
@@ -20,12 +27,13 @@ public:
 
     /// The number of distinct values.
     int count() const { return static_cast<int>(m_points.size()); }
-    /// The number of arrangements.
-    std::int64_t arrangements() const { return m_arrangements; }
-
-    /// The values, ascending, and their probabilities; index from 0 to count() - 1.
+    /// The values, ascending; index from 0 to count() - 1.
     double value(int index) const { return point(index).value; }
-    double probability(int index) const;
+
+    // For tests and the outside.
+    /// The number of arrangements, and the share of them that has a value.
+    std::int64_t arrangements() const { return m_arrangements; }
+    double probability(int index) const { return share(point(index).arrangements); }
 
     /// P(X <= x) for one of the values; between two values that of the next larger one. Not a
     /// number for an x that is none.
@@ -35,8 +43,11 @@ public:
     /// for an x that is none.
     double shareAbove(double x) const;
 
-    /// The hand-over form: all values, ascending, followed by their probabilities in the same
-    /// order. `out` holds at least 2 count() doubles.
+    /// Of every value, ascending; each figure is one division of whole counts.
+    std::vector<ExactFigures> figures() const;
+
+    /// The published hand-over form: all values, ascending, followed by their probabilities in the
+    /// same order. `out` holds at least 2 count() doubles.
     void handOver(std::span<double> out) const;
 
 private:

@@ -16,14 +16,12 @@ constexpr int cellCode(int row, int column, int n)
     return row * rowStep + (row + column) % n;
 }
 
-/// The rank sums of the squares as Bennett's and Zimmerman's statistics need them, for squares
-/// without ties. Up to order 6 each fits into a byte: six of the ranks 1 to 36 make at most 201,
-/// six sums of two ranks in lines of six at most 72.
-template <int n>
+/// The ranks of the squares as Bennett's and Zimmerman's statistics need them, for squares without
+/// ties. Up to order 6 their sums by treatment fit into bytes: six of the ranks 1 to 36 make at
+/// most 201, six sums of two ranks in lines of six at most 72.
 struct RankLanes {
-    std::array<Lanes<std::uint8_t>, n> overall{}; ///< of the treatments
-    std::array<Lanes<std::uint8_t>, n> inLines{}; ///< of the treatments: row plus column
-    Lanes<std::uint16_t> squaresInLines{};        ///< over the cells, of row plus column
+    MomentLanes overall; ///< without their squares
+    MomentLanes inLines; ///< of row plus column
 };
 
 namespace detail {
@@ -103,11 +101,10 @@ std::array<Bytes, n> ranksOf(const std::array<Bytes, n>& numbers, std::index_seq
 
 /// codes: cellCode() of the cells in ascending order of the observations.
 template <int n>
-RankLanes<n> rankLanes(const CodeLanes<n>& codes)
+RankLanes rankLanes(const CodeLanes<n>& codes)
 {
     using Bytes = LaneVector<std::int8_t>;
     using UnsignedBytes = LaneVector<std::uint8_t>;
-    using Words = simd::rebind_simd_t<std::uint16_t, Bytes>;
     static constexpr auto lines = detail::allLines<n>();
 
     const detail::CellLanes<n> overallRanks = detail::ranksOfCells<n>(codes);
@@ -122,49 +119,34 @@ RankLanes<n> rankLanes(const CodeLanes<n>& codes)
             lineRanks[line[i]] += ranks[i];
     }
 
-    RankLanes<n> sums;
-    Words squares = 0;
+    std::array<UnsignedBytes, n> overall{};
+    std::array<UnsignedBytes, n> inLines{};
+    LaneWords squares = 0;
     for (std::size_t treatment = 0; treatment < n; ++treatment) {
-        UnsignedBytes overall{};
-        Bytes inLines{};
         for (std::size_t cell = treatment; cell < n * rowStep; cell += rowStep) {
-            overall += UnsignedBytes(overallRanks[cell].data(), simd::element_aligned);
-            inLines += lineRanks[cell];
-            const Words wide = simd::static_simd_cast<Words>(lineRanks[cell]);
+            overall[treatment] += UnsignedBytes(overallRanks[cell].data(), simd::element_aligned);
+            inLines[treatment] += simd::static_simd_cast<UnsignedBytes>(lineRanks[cell]);
+            const auto wide = simd::static_simd_cast<LaneWords>(lineRanks[cell]);
             squares += wide * wide;
         }
-        overall.copy_to(sums.overall[treatment].data(), simd::element_aligned);
-        inLines.copy_to(sums.inLines[treatment].data(), simd::element_aligned);
     }
-    squares.copy_to(sums.squaresInLines.data(), simd::element_aligned);
-    return sums;
+    return {momentLanes(overall, LaneWords()), momentLanes(inLines, squares)};
 }
 
 /// BennettStatistic() of each square.
 template <int n>
-FractionLanes bennettFractions(const RankLanes<n>& ranks)
+Lanes<double> bennettLanes(const RankLanes& ranks)
 {
-    constexpr double cells = n * n;
-    const MomentLanes moments = momentLanes(ranks.overall);
-    FractionLanes fractions;
-    for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        fractions.numerators[lane] =
-            12.0 * moments.ofSquares[lane] - 3 * n * cells * (cells + 1) * (cells + 1);
-        fractions.denominators[lane] = n * cells * (cells + 1);
-    }
-    return fractions;
+    return eachLane(
+        [&](std::size_t lane) { return formulaOfB<double>(ranks.overall.at(lane), n); });
 }
 
-/// ZimmermanStatistic() of each square: (n - 1) / (n + 1) times a fraction of M's form.
+/// ZimmermanStatistic() of each square.
 template <int n>
-FractionLanes zimmermanFractions(const RankLanes<n>& ranks)
+Lanes<double> zimmermanLanes(const RankLanes& ranks)
 {
-    FractionLanes fractions = spreadFractions<n>(momentLanes(ranks.inLines), ranks.squaresInLines);
-    for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        fractions.numerators[lane] *= n - 1;
-        fractions.denominators[lane] *= n + 1;
-    }
-    return fractions;
+    return eachLane(
+        [&](std::size_t lane) { return formulaOfZ<double>(ranks.inLines.at(lane), n); });
 }
 
 } // namespace stats

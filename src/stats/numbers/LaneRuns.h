@@ -2,9 +2,13 @@
 #pragma once
 
 #include "stats/numbers/LaneSort.h"
+#include "stats/numbers/StatisticFormulas.h"
 
 /// The run statistics of the squares of a batch, side by side.
 namespace stats {
+
+/// Two bytes of each square of a batch.
+using LaneWords = simd::rebind_simd_t<std::uint16_t, LaneVector<std::uint8_t>>;
 
 /// The lowest bits of a key are the code of its cell; they say nothing about the order.
 constexpr int codeBits = 6;
@@ -29,28 +33,65 @@ CodeLanes<n> codesOf(const KeyLanes<n>& keys)
     return codes;
 }
 
-/// The run indices of the squares' label sequences, summed up as the sequence statistics need them
-/// (Sequences.h). Up to order 6 a run index is at most 36 and six of them at most 216: bytes hold
-/// both, so that one instruction counts for all squares of the batch.
-template <int n>
+/// The moments of small whole numbers of each square. Their sums by treatment fit into bytes, so
+/// that one instruction counts for all squares of the batch.
+struct MomentLanes {
+    Lanes<std::int32_t> sums{};
+    Lanes<std::int32_t> squaredSums{};
+    Lanes<std::uint16_t> squares{};
+
+    Moments<double> at(std::size_t lane) const
+    {
+        return {static_cast<double>(sums[lane]), static_cast<double>(squaredSums[lane]),
+                static_cast<double>(squares[lane])};
+    }
+};
+
+template <std::size_t n>
+MomentLanes momentLanes(const std::array<LaneVector<std::uint8_t>, n>& treatmentSums,
+                        const LaneWords& squares)
+{
+    MomentLanes moments;
+    for (const LaneVector<std::uint8_t>& vector : treatmentSums) {
+        Lanes<std::uint8_t> sums;
+        vector.copy_to(sums.data(), simd::element_aligned);
+        for (std::size_t lane = 0; lane < laneCount; ++lane) {
+            moments.sums[lane] += sums[lane];
+            moments.squaredSums[lane] += sums[lane] * sums[lane];
+        }
+    }
+    squares.copy_to(moments.squares.data(), simd::element_aligned);
+    return moments;
+}
+
+/// A statistic of each square; formula(lane) is that of one.
+template <typename Formula>
+Lanes<double> eachLane(const Formula& formula)
+{
+    Lanes<double> values;
+    for (std::size_t lane = 0; lane < laneCount; ++lane)
+        values[lane] = formula(lane);
+    return values;
+}
+
+/// The runs of the squares' label sequences (Sequences.h). Up to order 6 a run index is at most 36
+/// and six of them at most 216.
 struct RunLanes {
-    Lanes<std::uint8_t> runs{};
-    std::array<Lanes<std::uint8_t>, n> ofTreatments{};
-    Lanes<std::uint16_t> ofSquares{};
+    Lanes<std::uint8_t> counts{};
+    MomentLanes indices;
 };
 
 template <int n>
-RunLanes<n> runLanes(const CodeLanes<n>& codes)
+RunLanes runLanes(const CodeLanes<n>& codes)
 {
     using Bytes = LaneVector<std::uint8_t>;
-    using Words = simd::rebind_simd_t<std::uint16_t, Bytes>;
     const Bytes one = 1;
     const Bytes mask = treatmentMask;
 
     Bytes runs = 0;
     Bytes previousLabel = mask; // no label
     std::array<Bytes, n> ofTreatments{};
-    Words ofSquares = 0;
+    LaneWords squares = 0;
     for (const Lanes<std::uint8_t>& code : codes) {
         const Bytes label = Bytes(code.data(), simd::element_aligned) & mask;
         runs += onlyWhere(label != previousLabel, one);
@@ -60,90 +101,29 @@ RunLanes<n> runLanes(const CodeLanes<n>& codes)
             sum += onlyWhere(label == treatment, runs);
             treatment += one;
         }
-        const Words wide = simd::static_simd_cast<Words>(runs);
-        ofSquares += wide * wide;
+        const auto wide = simd::static_simd_cast<LaneWords>(runs);
+        squares += wide * wide;
     }
 
-    RunLanes<n> sums;
-    runs.copy_to(sums.runs.data(), simd::element_aligned);
-    for (std::size_t treatment = 0; treatment < n; ++treatment)
-        ofTreatments[treatment].copy_to(sums.ofTreatments[treatment].data(), simd::element_aligned);
-    ofSquares.copy_to(sums.ofSquares.data(), simd::element_aligned);
-    return sums;
+    RunLanes result{{}, momentLanes(ofTreatments, squares)};
+    runs.copy_to(result.counts.data(), simd::element_aligned);
+    return result;
 }
 
-/// A statistic of each square as a fraction of whole numbers. They are far below 2^53, as is
-/// whatever they are made of here, so that doubles hold them exactly and the one rounding is the
-/// division's.
-struct FractionLanes {
-    Lanes<double> numerators{};
-    Lanes<double> denominators{};
-
-    Lanes<double> values() const
-    {
-        Lanes<double> quotients;
-        for (std::size_t lane = 0; lane < laneCount; ++lane)
-            quotients[lane] = numerators[lane] / denominators[lane];
-        return quotients;
-    }
-};
-
-/// Sum and sum of squares of the treatments' sums S_t.
-struct MomentLanes {
-    Lanes<std::int32_t> sums{};
-    Lanes<std::int32_t> ofSquares{};
-};
-
-template <std::size_t n>
-MomentLanes momentLanes(const std::array<Lanes<std::uint8_t>, n>& treatmentSums)
-{
-    MomentLanes moments;
-    for (const Lanes<std::uint8_t>& sums : treatmentSums) {
-        for (std::size_t lane = 0; lane < laneCount; ++lane) {
-            moments.sums[lane] += sums[lane];
-            moments.ofSquares[lane] += sums[lane] * sums[lane];
-        }
-    }
-    return moments;
-}
-
-/// TreatmentSpread of each square: n * between / (total - between), the form of M.
+/// SequenceC() of each square.
 template <int n>
-FractionLanes spreadFractions(const MomentLanes& moments, const Lanes<std::uint16_t>& sumsOfSquares)
+Lanes<double> sequenceCLanes(const RunLanes& runs)
 {
-    FractionLanes fractions;
-    for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        const double sum = moments.sums[lane];
-        // The sum over t of (n S_t - S)^2, S being the sum of all S_t.
-        const double between = n * (n * static_cast<double>(moments.ofSquares[lane]) - sum * sum);
-        const double total = n * n * (n * n * static_cast<double>(sumsOfSquares[lane]) - sum * sum);
-        fractions.numerators[lane] = n * between;
-        fractions.denominators[lane] = total - between;
-    }
-    return fractions;
+    return eachLane([&](std::size_t lane) {
+        return formulaOfC<double>(runs.indices.at(lane), runs.counts[lane], n);
+    });
 }
 
-/// SequenceC() of each square; moments: of runs.ofTreatments.
+/// SequenceM() of each square.
 template <int n>
-FractionLanes sequenceCFractions(const MomentLanes& moments, const RunLanes<n>& runs)
+Lanes<double> sequenceMLanes(const RunLanes& runs)
 {
-    FractionLanes fractions;
-    for (std::size_t lane = 0; lane < laneCount; ++lane) {
-        const double count = runs.runs[lane];
-        const double centre = n * (count + 1);
-        // The sum over t of (2 S_t - centre)^2.
-        fractions.numerators[lane] =
-            4 * (moments.ofSquares[lane] - centre * moments.sums[lane]) + n * centre * centre;
-        fractions.denominators[lane] = 4 * n * n * count * (count + 1);
-    }
-    return fractions;
-}
-
-/// SequenceM() of each square; moments: of runs.ofTreatments.
-template <int n>
-FractionLanes sequenceMFractions(const MomentLanes& moments, const RunLanes<n>& runs)
-{
-    return spreadFractions<n>(moments, runs.ofSquares);
+    return eachLane([&](std::size_t lane) { return formulaOfM<double>(runs.indices.at(lane), n); });
 }
 
 } // namespace stats

@@ -28,13 +28,8 @@ TMatrix::TMatrix(int columns, int rows)
 }
 
 TMatrix::TMatrix(TMatrix&& other) noexcept
-    : OnChange(std::move(other.OnChange))
-    , Precision(other.Precision)
-    , Setting(other.Setting)
-    , m_columns(std::exchange(other.m_columns, 0))
-    , m_rows(std::exchange(other.m_rows, 0))
-    , m_elements(std::move(other.m_elements))
 {
+    *this = std::move(other);
 }
 
 TMatrix& TMatrix::operator=(TMatrix&& other) noexcept

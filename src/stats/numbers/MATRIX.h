@@ -32,6 +32,7 @@ public:
     TMatrix& operator=(TMatrix&& other) noexcept;
     ~TMatrix() = default;
 
+    /// Of the counts only tests and users outside the program ask.
     int NrOfColumns() const { return m_columns; }
     int NrOfRows() const { return m_rows; }
 
@@ -44,14 +45,16 @@ public:
     /// Stores an element and notifies; outside the matrix nothing happens.
     void Elem(int column, int row, double value);
 
-    /// Stores one value in every element and notifies once.
+    /// Stores one value in every element and notifies once. Only tests and users outside the
+    /// program call it.
     void Fill(double value);
 
     /// The sum over a rectangle given by two opposite corners, in any order and clamped into the
-    /// matrix. 0.0 for a matrix without elements.
+    /// matrix. 0.0 for a matrix without elements. Only tests and users outside the program call it.
     double SumOfRegion(int firstColumn, int firstRow, int lastColumn, int lastRow) const;
 
-    /// Called with the matrix after every successful write, when one is installed.
+    /// Called with the matrix after every successful write, when one is installed; the program
+    /// itself installs none.
     std::function<void(TMatrix&)> OnChange;
 
     /// Settings that travel with the matrix for its other users; nothing here reads them.

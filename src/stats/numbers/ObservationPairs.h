@@ -5,11 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory_resource>
 #include <span>
 #include <vector>
 
-/// The observations of a square in ascending order, each with its treatment.
+/// Observations in ascending order, each with its treatment or its place, and their ranks.
 namespace stats {
 
 struct ObservationPair {
@@ -37,7 +36,6 @@ void visitRanks(std::span<const ObservationPair> sorted, const Visit& visit)
 
 /// The n x n observations, sorted. Equal observations stay in the order of their cells: columns
 /// from left to right, and each column downwards.
-std::pmr::vector<ObservationPair> sortedPairs(const TMatrix& observations, int n,
-                                              std::pmr::memory_resource* memory);
+std::vector<ObservationPair> sortedPairs(const TMatrix& observations, int n);
 
 } // namespace stats

@@ -2,35 +2,26 @@
 #include "stats/numbers/SequenceTests.h"
 
 #include "stats/numbers/CriticalPoints.h"
-#include "stats/numbers/DegreesOfFreedom.h"
 #include "stats/numbers/Sequences.h"
-#include "stats/numbers/SquareDraws.h"
 
-#include <cmath>
-#include <vector>
+#include <utility>
 
 namespace stats {
+
+namespace {
+
+void decideExactly(SequenceTestResult& result, ExactDistribution distribution, double alpha)
+{
+    result.cumulative = distribution.cumulative(result.statistic);
+    result.rejected = rejects(distribution, result.statistic, alpha);
+    result.exact = std::move(distribution);
+}
+
+} // namespace
 
 bool rejects(const ExactDistribution& distribution, double statistic, double alpha)
 {
     return distribution.count() > 1 && distribution.shareAbove(statistic) < alpha;
-}
-
-SimulatedC simulateC(int n, RandomIntegers& integers)
-{
-    const std::vector<double> values = sequenceCOfRandomSquares(n, SimulatedC::squares, integers);
-    double sum = 0.0;
-    for (const double value : values)
-        sum += value;
-
-    SimulatedC result;
-    result.mean = sum / SimulatedC::squares;
-    double squaredDeviations = 0.0;
-    for (const double value : values)
-        squaredDeviations += (value - result.mean) * (value - result.mean);
-    result.variance = squaredDeviations / (SimulatedC::squares - 1);
-    result.deviation = std::sqrt(result.variance);
-    return result;
 }
 
 TestCResult testC(const TMatrix& observations, int n, double alpha, RandomIntegers& integers)
@@ -38,9 +29,7 @@ TestCResult testC(const TMatrix& observations, int n, double alpha, RandomIntege
     TestCResult result;
     result.statistic = SequenceC(observations, n);
     if (n <= largestExactOrder) {
-        result.exact = exactDistributionOfC(n);
-        result.cumulative = result.exact->cumulative(result.statistic);
-        result.rejected = rejects(*result.exact, result.statistic, alpha);
+        decideExactly(result, exactDistributionOfC(n), alpha);
     } else if (n <= largestSimulatedOrder) {
         result.simulated = simulateC(n, integers);
         result.normalised =
@@ -56,12 +45,9 @@ TestMResult testM(const TMatrix& observations, int n, double alpha)
     TestMResult result;
     result.statistic = SequenceM(observations, n);
     if (n <= largestExactOrder) {
-        result.exact = exactDistributionOfM(n);
-        result.cumulative = result.exact->cumulative(result.statistic);
-        result.rejected = rejects(*result.exact, result.statistic, alpha);
+        decideExactly(result, exactDistributionOfM(n), alpha);
     } else {
-        const RankDegrees degrees(n);
-        result.criticalValue = criticalF(alpha, degrees.numerator, degrees.denominator);
+        result.criticalValue = criticalF(alpha, RankDegrees(n));
         result.rejected = result.statistic >= result.criticalValue;
     }
     return result;

@@ -3,7 +3,7 @@
 
 #include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/MATRIX.h"
-#include "stats/numbers/RandomIntegers.h"
+#include "stats/numbers/SimulatedSquares.h"
 
 #include <limits>
 #include <optional>
@@ -19,43 +19,29 @@ namespace stats {
 /// which nothing can be above: it does not reject.
 bool rejects(const ExactDistribution& distribution, double statistic, double alpha);
 
-/// The null distribution of C as simulated squares without effects show it.
-struct SimulatedC {
-    static constexpr int squares = 5000;
-
-    double mean = 0.0;
-    double variance = 0.0; ///< with divisor squares - 1
-    double deviation = 0.0;
-};
-
-/// Up to this order C is approximated: 5000 squares take 0.4 s there (x86-64, 2 GHz or more), so
-/// some two seconds on a machine five times as slow. The time rises with n^2 log n: minutes at
-/// order 1000, which only a file can bring.
-constexpr int largestSimulatedOrder = 40;
-
-/// Simulates squares of order n whose observations are drawn one after the other, row by row.
-SimulatedC simulateC(int n, RandomIntegers& integers);
-
-struct TestCResult {
+/// What both tests come to.
+struct SequenceTestResult {
     double statistic = 0.0;
     std::optional<ExactDistribution> exact; ///< n <= largestExactOrder
-    std::optional<SimulatedC> simulated;    ///< n beyond, up to largestSimulatedOrder
+    /// P(X <= statistic): exact, or for C from the Normal at `normalised`; otherwise not a number.
+    double cumulative = std::numeric_limits<double>::quiet_NaN();
+    bool rejected = false; ///< exact: rejects()
+};
+
+struct TestCResult : SequenceTestResult {
+    /// n beyond, up to largestSimulatedOrder: `rejected` is cumulative > 1 - alpha. Further beyond
+    /// nothing is rejected.
+    std::optional<SimulatedC> simulated;
     /// With simulated squares: (statistic - mean) / variance. The test divides by the variance, not
     /// by the deviation.
     double normalised = 0.0;
-    /// P(X <= statistic), exact or from the Normal at `normalised`; not a number beyond both.
-    double cumulative = std::numeric_limits<double>::quiet_NaN();
-    bool rejected = false; ///< exact: rejects(); simulated: cumulative > 1 - alpha; beyond: never
 };
 
 TestCResult testC(const TMatrix& observations, int n, double alpha, RandomIntegers& integers);
 
-struct TestMResult {
-    double statistic = 0.0;
-    std::optional<ExactDistribution> exact; ///< n <= largestExactOrder
-    double cumulative = 0.0;                ///< exact: P(X <= statistic)
-    double criticalValue = 0.0; ///< n beyond: the 1 - alpha point of F(n - 1, n (n - 1)).
-    bool rejected = false;      ///< exact: rejects(); else statistic >= criticalValue.
+struct TestMResult : SequenceTestResult {
+    /// n beyond: the 1 - alpha point of RankDegrees; `rejected` is statistic >= criticalValue.
+    double criticalValue = 0.0;
 };
 
 TestMResult testM(const TMatrix& observations, int n, double alpha);

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/MATRIX.h"
 #include "stats/words/TestKind.h"
 
 #include <QStringList>
 
 #include <array>
+#include <optional>
 
 /// The tests as the user reads them: each takes the observations of a square and gives the lines of
 /// its report, in order.
@@ -29,21 +31,31 @@ QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha);
 /// Bennett's rank test against chi-square with n - 1 degrees of freedom; equality rejects.
 QStringList BennettTest(const TMatrix& observations, int n, double alpha);
 
-/// An exact distribution on its way to a graph: first the values, ascending, then as many
-/// probabilities. Order 3 has 86 values of C and 112 of M.
-using ExactValues = std::array<double, 1000>;
+/// What a sequence test answers: its lines and, up to order 3, the exact distribution.
+struct SequenceReport {
+    QStringList lines;
+    std::optional<ExactDistribution> exact;
+    QString exactTitle; ///< Set always.
+};
 
 /// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
 /// from the program's generator, so that two runs on one square differ: their z by some per cent.
 /// Beyond largestSimulatedOrder the report says that C is not approximated, and decides nothing.
-///
-/// The exact case sets exactAvailable and fills values and exactCount; any other clears
-/// exactAvailable and leaves them alone. The title is set always.
-QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,
-                  bool& exactAvailable, int& exactCount, QString& exactTitle);
+SequenceReport reportC(const TMatrix& observations, int n, double alpha);
 
 /// Sequence test M: exact up to order 3, against F(n - 1, n (n - 1)) beyond, where equality
-/// rejects. Outputs as for TestC().
+/// rejects.
+SequenceReport reportM(const TMatrix& observations, int n, double alpha);
+
+/// An exact distribution as it is handed to the outside: first the values, ascending, then as many
+/// probabilities. Order 3 has 86 values of C and 112 of M.
+using ExactValues = std::array<double, 1000>;
+
+/// reportC() and reportM() for tests and the outside. The exact case sets exactAvailable and fills
+/// values and exactCount; any other clears exactAvailable and leaves them alone. The title is set
+/// always.
+QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,
+                  bool& exactAvailable, int& exactCount, QString& exactTitle);
 QStringList TestM(const TMatrix& observations, int n, double alpha, ExactValues& values,
                   bool& exactAvailable, int& exactCount, QString& exactTitle);
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The second file of Estad.h: the classical F test with its table.
+#include "stats/words/Estad.h"
+
 #include "base/NumberText.h"
 #include "stats/numbers/LatinSquareAnova.h"
-#include "stats/words/Estad.h"
 
 #include <limits>
 

@@ -1,59 +1,42 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/words/TestKind.h"
 
+#include <array>
+
 namespace stats {
 
-const std::vector<Approach>& approaches()
+std::vector<Approach> approaches()
 {
-    static const std::vector<Approach> all{Approach::Classical, Approach::Ranks,
-                                           Approach::Sequences};
-    return all;
+    return {Approach::Classical, Approach::Ranks, Approach::Sequences};
 }
 
-const std::vector<TestKind>& testsOf(Approach approach)
+std::vector<TestKind> testsOf(Approach approach)
 {
-    static const std::vector<TestKind> classical{TestKind::F};
-    static const std::vector<TestKind> ranks{TestKind::Zimmerman, TestKind::Bennett};
-    static const std::vector<TestKind> sequences{TestKind::C, TestKind::M};
     switch (approach) {
     case Approach::Classical:
-        return classical;
+        return {TestKind::F};
     case Approach::Ranks:
-        return ranks;
+        return {TestKind::Zimmerman, TestKind::Bennett};
     case Approach::Sequences:
         break;
     }
-    return sequences;
+    return {TestKind::C, TestKind::M};
 }
 
 QString caption(Approach approach)
 {
-    switch (approach) {
-    case Approach::Classical:
-        return QStringLiteral("Clásico");
-    case Approach::Ranks:
-        return QStringLiteral("Rangos");
-    case Approach::Sequences:
-        break;
-    }
-    return QStringLiteral("Secuencias");
+    static const std::array captions{QStringLiteral("Clásico"), QStringLiteral("Rangos"),
+                                     QStringLiteral("Secuencias")};
+    return captions.at(static_cast<std::size_t>(approach));
 }
 
 QString caption(TestKind kind)
 {
-    switch (kind) {
-    case TestKind::F:
-        return QStringLiteral("Prueba F");
-    case TestKind::Zimmerman:
-        return QStringLiteral("Zimmerman (F)");
-    case TestKind::Bennett:
-        return QStringLiteral("Bennett (Chi-2)");
-    case TestKind::C:
-        return QStringLiteral("Prueba C (Exacta -> Normal)");
-    case TestKind::M:
-        break;
-    }
-    return QStringLiteral("Prueba M (Exacta -> F)");
+    static const std::array captions{QStringLiteral("Prueba F"), QStringLiteral("Zimmerman (F)"),
+                                     QStringLiteral("Bennett (Chi-2)"),
+                                     QStringLiteral("Prueba C (Exacta -> Normal)"),
+                                     QStringLiteral("Prueba M (Exacta -> F)")};
+    return captions.at(static_cast<std::size_t>(kind));
 }
 
 } // namespace stats

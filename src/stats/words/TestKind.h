@@ -13,10 +13,10 @@ enum class Approach { Classical, Ranks, Sequences };
 enum class TestKind { F, Zimmerman, Bennett, C, M };
 
 /// The approaches in the order in which they are offered.
-const std::vector<Approach>& approaches();
+std::vector<Approach> approaches();
 
 /// The tests of an approach in the order in which they are offered.
-const std::vector<TestKind>& testsOf(Approach approach);
+std::vector<TestKind> testsOf(Approach approach);
 
 QString caption(Approach approach);
 QString caption(TestKind kind);

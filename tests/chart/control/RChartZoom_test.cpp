@@ -50,7 +50,25 @@ protected:
     /// 100 units on more than 250 pixels, rounded to one at either end.
     static constexpr double onePixel = 0.5;
 
-    TRChart chart;
+    /// How often the chart is laid out by a call and by the painting that follows.
+    template <typename Call>
+    int layoutsOf(Call call)
+    {
+        QApplication::processEvents();
+        m_layouts = 0;
+        call();
+        QApplication::processEvents();
+        return m_layouts;
+    }
+
+private:
+    int m_layouts = 0;
+
+protected:
+    TRChart chart{nullptr, [this](const auto&... what) {
+                      ++m_layouts;
+                      return measure(what...);
+                  }};
 };
 
 } // namespace
@@ -237,4 +255,37 @@ TEST_F(RChartZoom, KeysDoNothingWhereTheMouseDoesNothing)
     for (const int key : {Qt::Key_Plus, Qt::Key_Left, Qt::Key_Home})
         QTest::keyClick(&chart, static_cast<Qt::Key>(key));
     expectView(0.0, 100.0, 0.0, 100.0, 0.0);
+}
+
+TEST_F(RChartZoom, EveryNewViewIsLaidOutOnce)
+{
+    for (const int key : {Qt::Key_Plus, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Home})
+        EXPECT_EQ(layoutsOf([&] { QTest::keyClick(&chart, static_cast<Qt::Key>(key)); }), 1);
+    const QPoint from = at(20.0, 80.0);
+    const QPoint to = at(60.0, 30.0);
+    EXPECT_EQ(layoutsOf([&] { drag(from, to); }), 1);
+    EXPECT_EQ(layoutsOf([&] { QTest::mouseDClick(&chart, Qt::LeftButton, {}, from); }), 1);
+    EXPECT_EQ(layoutsOf([&] { chart.setRangeHiX(50.0); }), 1);
+    EXPECT_EQ(layoutsOf([&] { chart.FitRangeToData(2.0); }), 1);
+}
+
+TEST_F(RChartZoom, DrawingTheRectangleLaysNothingOut)
+{
+    QTest::mousePress(&chart, Qt::LeftButton, {}, at(20.0, 80.0));
+    for (const double x : {30.0, 50.0, 60.0})
+        EXPECT_EQ(layoutsOf([&] { QTest::mouseMove(&chart, at(x, 30.0)); }), 0);
+    QTest::keyClick(&chart, Qt::Key_Escape);
+}
+
+TEST_F(RChartZoom, EveryStepOfAMoveIsLaidOutOnce)
+{
+    const QPoint from = at(50.0, 50.0);
+    QTest::mousePress(&chart, Qt::LeftButton, Qt::ShiftModifier, from);
+    for (const int step : {10, 20, 30})
+        EXPECT_EQ(layoutsOf([&] { QTest::mouseMove(&chart, from + QPoint(step, step)); }), 1);
+    EXPECT_EQ(layoutsOf([&] {
+                  QTest::mouseRelease(&chart, Qt::LeftButton, Qt::ShiftModifier,
+                                      from + QPoint(30, 30));
+              }),
+              0);
 }

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "chart/drawing/ItemDrawing.h"
-
-#include "chart/drawing/MarkShapes.h"
+#include "chart/drawing/ChartDrawing.h"
 
 #include <gtest/gtest.h>
 
@@ -30,8 +28,8 @@ protected:
 
     ItemDrawing()
     {
-        for (chart::AxisContents* axis : {&m_contents.x, &m_contents.y})
-            axis->range.setBounds(0.0L, 100.0L);
+        for (chart::AxisRange* range : {&m_view.x, &m_view.y})
+            range->setBounds(0.0L, 100.0L);
         m_contents.rims = {20, 16, 20, 16};
         m_contents.style.shadowWidth = 4;
     }
@@ -56,7 +54,7 @@ protected:
         image.fill(Qt::white);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        const chart::ChartGeometry geometry = measure(m_contents, QSize(140, 140), QFont());
+        const chart::ChartGeometry geometry = measure(m_contents, m_view, QSize(140, 140), QFont());
         EXPECT_EQ(geometry.layout.plot, QRect(QPoint(left, 20), QPoint(120, bottom)));
         drawItems(painter, m_items, geometry, QColor(0, 255, 0));
         return image;
@@ -79,6 +77,7 @@ protected:
 
 private:
     chart::ChartContents m_contents;
+    chart::View m_view;
     chart::ItemList m_items;
 };
 

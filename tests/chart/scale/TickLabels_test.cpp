@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/scale/TickLabels.h"
 
-#include "chart/scale/ChartError.h"
 #include "chart/scale/DateTimeScale.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"

@@ -45,7 +45,7 @@ protected:
 
 TEST_F(ClipboardNumbers, CopiesARectangleWithTheUsersDecimalSign)
 {
-    grid::TableData table(3, 2);
+    record::SquareData table(3, 2);
     table.setValue(2, 1, 24);
     table.setValue(3, 1, 0.1 + 0.2);
     table.setValue(2, 2, -1.5);
@@ -117,7 +117,7 @@ TEST_F(ClipboardNumbers, WhatIsCopiedIsReadBackBitForBit)
     std::mt19937_64 random(20240611);
     for (const char* locale : {"C", "es_ES"}) {
         QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
-        grid::TableData table(5, 40);
+        record::SquareData table(5, 40);
         Values values;
         while (values.size() < 200) {
             const auto value = std::bit_cast<double>(random());
@@ -127,7 +127,7 @@ TEST_F(ClipboardNumbers, WhatIsCopiedIsReadBackBitForBit)
                            static_cast<int>(values.size() / 5) + 1, value);
             values.push_back(value);
         }
-        const auto outcome = grid::readNumberBlock(grid::copiedText(table, table.range()), room);
+        const auto outcome = grid::readNumberBlock(grid::copiedText(table, {1, 1, 5, 40}), room);
         ASSERT_TRUE(outcome.value) << outcome.reason.toStdString();
         EXPECT_EQ(outcome.value->columns, 5);
         EXPECT_EQ(outcome.value->values, values);

@@ -74,7 +74,7 @@ TEST_F(TableModelTest, ResizesInEveryDirectionByTheRulesOfModels)
         model.resize(columns, rows);
         EXPECT_EQ(model.columnCount(), columns);
         EXPECT_EQ(model.rowCount(), rows);
-        EXPECT_EQ(model.table().value(1, 1), 5.0);
+        EXPECT_EQ(model.square().value(1, 1), 5.0);
     }
     EXPECT_THROW(model.resize(0, 4), grid::GridError);
     EXPECT_THROW(model.resize(5000, 5000), grid::GridError);
@@ -93,8 +93,8 @@ TEST_F(TableModelTest, WritesToHiddenCellsWithoutTellingTheViews)
     ASSERT_EQ(changed.count(), 1);
     EXPECT_EQ(changed[0][1].toModelIndex(), model.index(2, 2)); // no further than what is shown
     model.resize(6, 6);
-    EXPECT_EQ(model.table().value(6, 5), 8.0);
-    EXPECT_EQ(model.table().value(4, 4), 4.0);
+    EXPECT_EQ(model.square().value(6, 5), 8.0);
+    EXPECT_EQ(model.square().value(4, 4), 4.0);
 }
 
 TEST_F(TableModelTest, SilenceEndsInOneAnnouncement)

@@ -133,8 +133,6 @@ TEST_F(Commands, MarksShowInTheirColours)
     EXPECT_EQ(colorAt(1, 1), QColor(255, 0, 0));
     EXPECT_EQ(colorAt(3, 3), QColor(0, 0, 255));
     EXPECT_EQ(changes.count(), 0); // a mark is no change of the data
-    table.clearMarks();
-    EXPECT_EQ(colorAt(3, 3), QColor(0, 32, 0));
 }
 
 TEST_F(Commands, TheColoursCanBeSet)

@@ -19,6 +19,15 @@
 
 #include <vector>
 
+/// All that a user sees of a table and its file would keep.
+struct Snapshot {
+    std::vector<double> values;
+    QStringList shown;
+    QStringList names;
+    QByteArray identifier;
+    bool operator==(const Snapshot&) const = default;
+};
+
 /// A grid in an active window, driven by keys and clicks as a user does.
 class GridFixture : public ::testing::Test {
 protected:
@@ -175,6 +184,26 @@ protected:
         }
         return all;
     }
+
+    Snapshot snapshot() const
+    {
+        Snapshot state;
+        for (int row = 1; row <= table.NrOfRows(); ++row) {
+            state.names += table.rowName(row);
+            for (int column = 1; column <= table.NrOfColumns(); ++column) {
+                state.values.push_back(table.value(column, row));
+                state.shown += shown(column, row);
+                state.shown += indexOf(column, row).data(Qt::ForegroundRole).value<QColor>().name();
+            }
+        }
+        for (int column = 1; column <= table.NrOfColumns(); ++column)
+            state.names += table.columnName(column);
+        state.identifier = table.Identifier();
+        return state;
+    }
+
+    void undo() { press(Qt::Key_Z, Qt::ControlModifier); }
+    void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
 
     ScriptedDialogs dialogs;
     grid::TNTabEd table;

@@ -6,6 +6,7 @@
 #include "grid/model/TableData.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -30,7 +31,7 @@ TEST_F(Memory, AResizeThatCannotBeHadLeavesEverythingAsItWas)
         }
         EXPECT_THROW(table.setNrOfColumns(1'000'000), grid::GridError);
         EXPECT_THROW(table.setNrOfRows(1'000'000), grid::GridError);
-        EXPECT_THROW(table.resetTable(1000, 1000), grid::GridError);
+        EXPECT_THROW(table.setSquare({1000, 1000}), grid::GridError);
     }
     EXPECT_EQ(inserted.count(), 0);
     EXPECT_EQ(table.NrOfColumns(), 3);
@@ -43,14 +44,31 @@ TEST_F(Memory, AResizeThatCannotBeHadLeavesEverythingAsItWas)
 
 TEST_F(Memory, MarksThatCannotBeHadLeaveTheValues)
 {
-    grid::TableData data(3, 3);
-    data.setValue(3, 3, 7.0);
+    grid::TableData data({3, 3});
+    data.square.setValue(3, 3, 7.0);
     {
         const ShortMemory shortage(810'000); // 800,000 for the values and no 100,000 for the marks
         EXPECT_THROW(data.resize(1000, 100), grid::GridError);
     }
-    EXPECT_EQ(data.columns(), 3);
-    EXPECT_EQ(data.value(3, 3), 7.0);
+    EXPECT_EQ(data.square.NrOfColumns(), 3);
+    EXPECT_EQ(data.square.value(3, 3), 7.0);
+}
+
+TEST_F(Memory, ASquareCostsWhatWasSetOfItUntilAGridHasIt)
+{
+    record::SquareData square(4000, 4000);
+    {
+        const ShortMemory shortage(oneMegabyte);
+        square.setValue(10, 1, 5.0);
+        square.setRowName(4000, QStringLiteral("x"));
+        const record::SquareData copy = square;
+        EXPECT_EQ(copy.value(10, 1), 5.0);
+        EXPECT_THROW(table.setSquare(square), grid::GridError);
+    }
+    EXPECT_EQ(table.NrOfColumns(), 3);
+    table.setSquare(std::move(square));
+    EXPECT_EQ(table.value(10, 1), 5.0);
+    EXPECT_EQ(table.value(4000, 4000), 0.0);
 }
 
 TEST_F(Memory, AnEditThatCannotBeRememberedIsNotMadeAndTheUserIsTold)
@@ -75,7 +93,7 @@ TEST(MemoryOfANewGrid, IsAnErrorOfTheGrid)
     {
         const ShortMemory shortage(71); // the values of 3 x 3 cells take 72
         try {
-            const grid::TableData table(3, 3);
+            const grid::TableData table({3, 3});
         } catch (const grid::GridError& error) {
             caught = error;
         }

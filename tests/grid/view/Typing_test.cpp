@@ -303,7 +303,7 @@ TEST_F(Typing, ALoadThrowsTheOpenCellAway)
 {
     click(3, 3);
     type("12");
-    table.resetTable(2, 2);
+    table.setSquare({2, 2});
     EXPECT_EQ(editor(), nullptr);
     EXPECT_TRUE(table.commitEdit());
     EXPECT_EQ(table.value(1, 1), 0.0);

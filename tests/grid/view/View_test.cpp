@@ -67,7 +67,6 @@ TEST_F(View, TheContractOfTheDataHolds)
     EXPECT_THROW(table.setNrOfColumns(0), grid::GridError);
     EXPECT_THROW(table.setNrOfRows(-1), grid::GridError);
     EXPECT_THROW(table.resizeTable(4001, 4000), grid::GridError);
-    EXPECT_THROW(table.resetTable(4001, 4000), grid::GridError);
     EXPECT_EQ(table.NrOfColumns(), 6);
     EXPECT_EQ(table.rowName(6), QStringLiteral("Fila 6"));
 }
@@ -84,8 +83,7 @@ TEST_F(View, WhatTheProgramDoesIsNoChangeByTheUser)
     table.setRowName(1, QStringLiteral("x"));
     table.setPrecision(1, 0);
     table.setIdentifier("x");
-    table.clearMarks();
-    table.resetTable(6, 6);
+    table.setSquare({6, 6});
     EXPECT_EQ(changes.count(), 0);
     EXPECT_EQ(resizes.count(), 0);
     press(Qt::Key_Z, Qt::ControlModifier); // and nothing to undo
@@ -101,7 +99,7 @@ TEST_F(View, ResettingForgetsEverything)
     table.setPrecision(6, 1);
     table.setRowAttribute(6, 6);
     table.setIdentifier("antes");
-    table.resetTable(3, 3);
+    table.setSquare({3, 3});
     table.resizeTable(6, 6);
     EXPECT_EQ(table.value(1, 1), 0.0);
     EXPECT_EQ(table.value(6, 6), 0.0);
@@ -193,7 +191,7 @@ TEST_F(View, AWidthThatTheUserSetIsLeftAlone)
     table.setValue(1, 1, 1);
     table.setColumnName(1, QString(50, QLatin1Char('W')));
     EXPECT_EQ(table.columnWidth(0), 104);
-    table.resetTable(3, 3);
+    table.setSquare({3, 3});
     EXPECT_EQ(table.columnWidth(0), 64);
 
     table.horizontalHeader()->resizeSection(2, 150);
@@ -217,7 +215,7 @@ TEST_F(View, TheLargestTablesOpenShowEditAndClose)
     const std::array<std::pair<int, int>, 3> shapes = {
         {{4000, 4000}, {1, 16'000'000}, {16'000'000, 1}}};
     for (const auto& [columns, rows] : shapes) {
-        table.resetTable(columns, rows);
+        table.setSquare({columns, rows});
         QApplication::processEvents();
         table.setCurrentIndex(indexOf(columns, rows));
         type("5");

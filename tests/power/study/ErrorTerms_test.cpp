@@ -33,8 +33,8 @@ TEST(ErrorTerms, Triangular)
 
 TEST(ErrorTerms, AnyOtherKindIsFatal)
 {
-    EXPECT_THROW(ErrorDraw(static_cast<ErrorKind>(3), 0.5, 0.0), UnknownErrorKind);
-    EXPECT_THROW(ErrorDraw(static_cast<ErrorKind>(255), 0.5, 0.0), UnknownErrorKind);
+    EXPECT_THROW(ErrorDraw(static_cast<ErrorKind>(3), 0.5, 0.0), ImpossibleSetting);
+    EXPECT_THROW(ErrorDraw(static_cast<ErrorKind>(255), 0.5, 0.0), ImpossibleSetting);
 }
 
 } // namespace

@@ -148,7 +148,7 @@ TEST(ObservationKeys, AnUnknownKindThrows)
 {
     const std::vector<std::uint32_t> numbers(batchNumbers);
     const Keys keys(static_cast<ErrorKind>(3), 0.0);
-    EXPECT_THROW(keys.keysOf(Keys::Numbers(numbers)), UnknownErrorKind);
+    EXPECT_THROW(keys.keysOf(Keys::Numbers(numbers)), ImpossibleSetting);
 }
 
 } // namespace

@@ -1,19 +1,94 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/study/PlainStudy.h"
 
-#include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/STATIS.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace plain {
 
 namespace {
 
+/// A fraction of whole numbers, so that the definitions hold as they read, without a rounding. 0 /
+/// 0 is no number, and nothing made of it is one.
+class Fraction {
+public:
+    Fraction(long numerator, long denominator = 1)
+        : m_numerator(numerator)
+        , m_denominator(denominator)
+    {
+    }
+
+    friend Fraction operator+(const Fraction& a, const Fraction& b)
+    {
+        if (a.m_denominator == b.m_denominator)
+            return {a.m_numerator + b.m_numerator, a.m_denominator};
+        return {a.m_numerator * b.m_denominator + b.m_numerator * a.m_denominator,
+                a.m_denominator * b.m_denominator};
+    }
+    friend Fraction operator-(const Fraction& a, const Fraction& b) { return a + Fraction(-1) * b; }
+    friend Fraction operator*(const Fraction& a, const Fraction& b)
+    {
+        return {a.m_numerator * b.m_numerator, a.m_denominator * b.m_denominator};
+    }
+    friend Fraction operator/(const Fraction& a, const Fraction& b)
+    {
+        return Fraction(a.m_numerator * b.m_denominator, a.m_denominator * b.m_numerator).reduced();
+    }
+
+    /// Rounded once.
+    double value() const
+    {
+        return static_cast<double>(m_numerator) / static_cast<double>(m_denominator);
+    }
+
+private:
+    Fraction reduced() const
+    {
+        const long divisor = std::gcd(m_numerator, m_denominator);
+        return divisor == 0 ? *this : Fraction(m_numerator / divisor, m_denominator / divisor);
+    }
+
+    long m_numerator;
+    long m_denominator;
+};
+
+Fraction squared(const Fraction& fraction)
+{
+    return fraction * fraction;
+}
+
+/// Some whole numbers, each with its treatment, from 0.
+struct Labelled {
+    std::vector<long> numbers;
+    std::vector<std::size_t> treatments;
+};
+
 std::size_t treatmentOf(std::size_t row, std::size_t column, std::size_t n)
 {
     return (row + column) % n;
+}
+
+long orderOf(const Square& square)
+{
+    return static_cast<long>(square.size());
+}
+
+long sum(const std::vector<long>& numbers)
+{
+    return std::accumulate(numbers.begin(), numbers.end(), 0L);
+}
+
+/// By treatment.
+std::vector<long> treatmentSums(const Labelled& labelled, long n)
+{
+    std::vector<long> sums(static_cast<std::size_t>(n));
+    for (std::size_t k = 0; k < labelled.numbers.size(); ++k)
+        sums[labelled.treatments[k]] += labelled.numbers[k];
+    return sums;
 }
 
 /// The labels in ascending order of the observations; ties keep the order of the cells.
@@ -36,126 +111,110 @@ std::vector<std::size_t> sortedLabels(const Square& square)
     return labels;
 }
 
-std::vector<long> runIndices(const std::vector<std::size_t>& labels)
+/// Each place's run, from 1.
+Labelled runIndices(const std::vector<std::size_t>& labels)
 {
     std::vector<long> indices{1};
     for (std::size_t k = 1; k < labels.size(); ++k)
         indices.push_back(labels[k] == labels[k - 1] ? indices.back() : indices.back() + 1);
-    return indices;
+    return {indices, labels};
 }
 
-/// The fraction of two whole numbers, rounded once.
-double fraction(long numerator, long denominator)
+/// The share of the numbers' spread that lies between the treatments' means, each counted once.
+Fraction shareBetween(const Labelled& labelled, long n)
 {
-    return static_cast<double>(numerator) / static_cast<double>(denominator);
+    const Fraction mean(sum(labelled.numbers), n * n);
+    Fraction between = 0;
+    for (const long treatmentSum : treatmentSums(labelled, n))
+        between = between + squared(Fraction(treatmentSum, n) - mean);
+    Fraction total = 0;
+    for (const long number : labelled.numbers)
+        total = total + squared(Fraction(number) - mean);
+    return between / total;
 }
 
-/// The spread of whole numbers over treatments: n^4 times the sums of squares between treatment
-/// means and in total.
-struct Spread {
-    long between = 0;
-    long total = 0;
-};
-
-Spread spreadOf(const std::vector<long>& numbers, const std::vector<std::size_t>& treatments,
-                long n)
+double sequenceCOf(const std::vector<std::size_t>& labels, long n)
 {
-    long sum = 0;
-    for (const long number : numbers)
-        sum += number;
-    Spread spread;
-    for (std::size_t treatment = 0; treatment < static_cast<std::size_t>(n); ++treatment) {
-        long treatmentSum = 0;
-        for (std::size_t k = 0; k < numbers.size(); ++k)
-            treatmentSum += treatments[k] == treatment ? numbers[k] : 0;
-        spread.between += (n * treatmentSum - sum) * (n * treatmentSum - sum);
-    }
-    for (const long number : numbers)
-        spread.total += (n * n * number - sum) * (n * n * number - sum);
-    return spread;
+    const Labelled indices = runIndices(labels);
+    const long runs = indices.numbers.back();
+    Fraction spread = 0;
+    for (const long treatmentSum : treatmentSums(indices, n))
+        spread = spread + squared(Fraction(treatmentSum, n) - Fraction(runs + 1, 2));
+    return (spread / (Fraction(runs + 1) * runs)).value();
 }
 
-long orderOf(const Square& square)
+double sequenceMOf(const std::vector<std::size_t>& labels, long n)
 {
-    return static_cast<long>(square.size());
+    const Fraction q = shareBetween(runIndices(labels), n);
+    return (Fraction(n) * q / (Fraction(1) - q)).value();
 }
 
-double firstReaching(const stats::ExactDistribution& distribution, double level)
+/// The first value that at least such a share of all arrangements of order 3 does not exceed.
+double exactPoint(double (*statistic)(const std::vector<std::size_t>&, long), double level)
 {
-    for (int i = 0;; ++i) {
-        if (distribution.cumulative(distribution.value(i)) >= level)
-            return distribution.value(i);
-    }
+    std::vector<std::size_t> labels{0, 0, 0, 1, 1, 1, 2, 2, 2};
+    std::vector<double> values;
+    do {
+        values.push_back(statistic(labels, 3));
+    } while (std::next_permutation(labels.begin(), labels.end()));
+    std::sort(values.begin(), values.end());
+    std::size_t upTo = 1;
+    while (static_cast<double>(upTo) / static_cast<double>(values.size()) < level)
+        ++upTo;
+    return values.at(upTo - 1);
 }
 
 } // namespace
 
 double sequenceC(const Square& square)
 {
-    const long n = orderOf(square);
-    const std::vector<std::size_t> labels = sortedLabels(square);
-    const std::vector<long> indices = runIndices(labels);
-    const long runs = indices.back();
-    long spread = 0;
-    for (std::size_t treatment = 0; treatment < square.size(); ++treatment) {
-        long sum = 0;
-        for (std::size_t k = 0; k < labels.size(); ++k)
-            sum += labels[k] == treatment ? indices[k] : 0;
-        spread += (2 * sum - n * (runs + 1)) * (2 * sum - n * (runs + 1));
-    }
-    return fraction(spread, 4 * n * n * runs * (runs + 1));
+    return sequenceCOf(sortedLabels(square), orderOf(square));
 }
 
 double sequenceM(const Square& square)
 {
-    const long n = orderOf(square);
-    const std::vector<std::size_t> labels = sortedLabels(square);
-    const Spread spread = spreadOf(runIndices(labels), labels, n);
-    // n^2 deviations are n^4 times the squared ones; the means' are taken once a treatment.
-    return fraction(n * spread.between, spread.total - spread.between);
+    return sequenceMOf(sortedLabels(square), orderOf(square));
 }
 
 double bennett(const Square& square)
 {
     const long n = orderOf(square);
     const long cells = n * n;
-    long sumOfSquares = 0;
-    for (std::size_t treatment = 0; treatment < square.size(); ++treatment) {
-        long rankSum = 0;
-        for (std::size_t row = 0; row < square.size(); ++row) {
-            for (std::size_t column = 0; column < square.size(); ++column) {
-                if (treatmentOf(row, column, square.size()) != treatment)
-                    continue;
-                for (const auto& otherRow : square) {
-                    for (const double other : otherRow)
-                        rankSum += other <= square[row][column] ? 1 : 0;
-                }
+    Labelled ranks;
+    for (std::size_t row = 0; row < square.size(); ++row) {
+        for (std::size_t column = 0; column < square.size(); ++column) {
+            long rank = 0;
+            for (const auto& otherRow : square) {
+                for (const double other : otherRow)
+                    rank += other <= square[row][column] ? 1 : 0;
             }
+            ranks.numbers.push_back(rank);
+            ranks.treatments.push_back(treatmentOf(row, column, square.size()));
         }
-        sumOfSquares += rankSum * rankSum;
     }
-    return fraction(12 * sumOfSquares - 3 * n * cells * (cells + 1) * (cells + 1),
-                    n * cells * (cells + 1));
+    long squares = 0;
+    for (const long rankSum : treatmentSums(ranks, n))
+        squares += rankSum * rankSum;
+    return (Fraction(squares, n) * 12 / (cells * (cells + 1)) - 3 * (cells + 1)).value();
 }
 
 double zimmerman(const Square& square)
 {
     const long n = orderOf(square);
-    std::vector<long> rankSums;
-    std::vector<std::size_t> treatments;
+    Labelled ranks;
     for (std::size_t row = 0; row < square.size(); ++row) {
         for (std::size_t column = 0; column < square.size(); ++column) {
-            long rankSum = 0;
+            long rank = 0;
             for (std::size_t other = 0; other < square.size(); ++other) {
-                rankSum += square[row][other] <= square[row][column] ? 1 : 0;
-                rankSum += square[other][column] <= square[row][column] ? 1 : 0;
+                rank += square[row][other] <= square[row][column] ? 1 : 0;
+                rank += square[other][column] <= square[row][column] ? 1 : 0;
             }
-            rankSums.push_back(rankSum);
-            treatments.push_back(treatmentOf(row, column, square.size()));
+            ranks.numbers.push_back(rank);
+            ranks.treatments.push_back(treatmentOf(row, column, square.size()));
         }
     }
-    const Spread spread = spreadOf(rankSums, treatments, n);
-    return fraction((n - 1) * n * spread.between, (n + 1) * (spread.total - spread.between));
+    const Fraction t = shareBetween(ranks, n);
+    return (Fraction(n) * t / (Fraction(1) - t) * Fraction(n - 1, n + 1)).value();
 }
 
 power::CriticalValues criticalValues(int n, double level, stats::RandomIntegers& integers)
@@ -165,8 +224,8 @@ power::CriticalValues criticalValues(int n, double level, stats::RandomIntegers&
     critical.z = criticalF;
     critical.b = stats::ChiSquareQuantile(n - 1, level);
     if (n == 3) {
-        critical.c = firstReaching(stats::exactDistributionOfC(n), level);
-        critical.m = firstReaching(stats::exactDistributionOfM(n), level);
+        critical.c = exactPoint(sequenceCOf, level);
+        critical.m = exactPoint(sequenceMOf, level);
         return critical;
     }
     constexpr int squares = 5000;

@@ -2,6 +2,7 @@
 #include "power/study/PowerStudy.h"
 
 #include "power/study/PlainStudy.h"
+#include "power/study/StudyLines.h"
 #include "support/Golden.h"
 #include "support/Text.h"
 
@@ -16,29 +17,32 @@ namespace {
 constexpr double levels[] = {0.90, 0.95, 0.98, 0.99};
 constexpr ErrorKind kinds[] = {ErrorKind::Uniform, ErrorKind::Exponential, ErrorKind::Triangular};
 
-class Record : public StudyObserver {
-public:
-    QStringList lines;
+/// What a study finds, and how many points there were each time that one more was told.
+struct Record {
+    StudySettings settings;
     std::vector<PowerPoint> points;
-    std::vector<qsizetype> linesBeforePoint;
+    std::vector<std::size_t> told;
 
-    void logLine(const QString& line) override { lines << line; }
-    void pointDone(const PowerPoint& point) override
-    {
-        points.push_back(point);
-        linesBeforePoint.push_back(lines.size());
-    }
-    std::string text() const { return (lines.join(QLatin1Char('\n')) + u'\n').toStdString(); }
+    QStringList lines() const { return studyLines(settings, points); }
+    std::string text() const { return (lines().join(QLatin1Char('\n')) + u'\n').toStdString(); }
 };
+
+Record record(const StudySettings& settings, Aleatorio& generator, stats::RandomIntegers& integers)
+{
+    Record record{settings, {}, {}};
+    record.points =
+        runPowerStudy(settings, generator, integers, [&](const std::vector<PowerPoint>& points) {
+            record.told.push_back(points.size());
+        });
+    return record;
+}
 
 /// The first study after a start of the program.
 Record studyOf(const StudySettings& settings)
 {
     Aleatorio generator;
     stats::RandomIntegers integers;
-    Record record;
-    runPowerStudy(settings, generator, integers, record);
-    return record;
+    return record(settings, generator, integers);
 }
 
 class PowerStudy : public testing::Test {
@@ -60,7 +64,7 @@ TEST_F(PowerStudy, SpeaksWithTheUsersDecimalSeparator)
 {
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
     const Record record = studyOf({3, 500, 0.95, ErrorKind::Uniform});
-    EXPECT_TRUE(record.lines.contains(QStringLiteral("Potencias con dif = 0,05 : ")));
+    EXPECT_TRUE(record.lines().contains(QStringLiteral("Potencias con dif = 0,05 : ")));
 }
 
 void expectSame(const Powers& actual, const Powers& expected)
@@ -98,28 +102,25 @@ TEST_F(PowerStudy, EverySettingGivesThePlainPowers)
 
 TEST_F(PowerStudy, LogOfOnePoint)
 {
-    const Record record = studyOf({5, 500, 0.98, ErrorKind::Triangular});
-    ASSERT_EQ(record.lines.size(), 5 + 21 * 6);
-    EXPECT_EQ(record.lines[0],
+    const QStringList lines = studyOf({5, 500, 0.98, ErrorKind::Triangular}).lines();
+    ASSERT_EQ(lines.size(), 5 + 21 * 6);
+    EXPECT_EQ(lines[0],
               QStringLiteral("Iniciado análisis de potencia (Cuadrado tamaño 5), 500 pruebas..."));
-    EXPECT_EQ(record.lines[1],
-              QStringLiteral("Datos provenientes de Distribución Triangular [0,1]"));
-    EXPECT_EQ(record.lines[2], QStringLiteral("Calculando valores críticos..."));
-    EXPECT_EQ(record.lines[3], QStringLiteral("Comenzando las pruebas..."));
-    EXPECT_EQ(record.lines[4], QString());
-    EXPECT_EQ(record.lines[5 + 6 * 20], QStringLiteral("Potencias con dif = 1 : "));
-    EXPECT_EQ(record.lines[10], QString());
+    EXPECT_EQ(lines[1], QStringLiteral("Datos provenientes de Distribución Triangular [0,1]"));
+    EXPECT_EQ(lines[2], QStringLiteral("Calculando valores críticos..."));
+    EXPECT_EQ(lines[3], QStringLiteral("Comenzando las pruebas..."));
+    EXPECT_EQ(lines[4], QString());
+    EXPECT_EQ(lines[5 + 6 * 20], QStringLiteral("Potencias con dif = 1 : "));
+    EXPECT_EQ(lines[10], QString());
 }
 
-TEST_F(PowerStudy, PointsComeBeforeTheirLines)
+TEST_F(PowerStudy, PointsAreToldOneByOne)
 {
     const Record record = studyOf({3, 500, 0.95, ErrorKind::Exponential});
     ASSERT_EQ(record.points.size(), 21U);
-    for (std::size_t i = 0; i < record.points.size(); ++i) {
-        EXPECT_EQ(record.points[i].number, static_cast<int>(i) + 1);
-        EXPECT_EQ(record.points[i].count, 21);
-        EXPECT_EQ(record.linesBeforePoint[i], 5 + 6 * static_cast<qsizetype>(i));
-    }
+    ASSERT_EQ(record.told.size(), 21U);
+    for (std::size_t i = 0; i < record.told.size(); ++i)
+        EXPECT_EQ(record.told[i], i + 1);
 }
 
 TEST_F(PowerStudy, DifferencesAreAddedUp)
@@ -140,10 +141,8 @@ TEST_F(PowerStudy, TheNextStudyGoesOnWithTheNumbers)
     const StudySettings settings{4, 500, 0.95, ErrorKind::Uniform};
     Aleatorio generator;
     stats::RandomIntegers integers;
-    Record first;
-    runPowerStudy(settings, generator, integers, first);
-    Record second;
-    runPowerStudy(settings, generator, integers, second);
+    const Record first = record(settings, generator, integers);
+    const Record second = record(settings, generator, integers);
     EXPECT_EQ(first.text(), studyOf(settings).text());
     EXPECT_NE(first.text(), second.text());
 
@@ -157,7 +156,7 @@ TEST_F(PowerStudy, TheNextStudyGoesOnWithTheNumbers)
 TEST_F(PowerStudy, TrialsThatFillNoBatch)
 {
     const StudySettings settings{4, 37, 0.95, ErrorKind::Uniform};
-    const CriticalValues critical{1.6, 0.8476, 7.8, 3.5, 0.02, 0.01};
+    const CriticalValues critical{{1.6, 0.8476, 7.8, 3.5}, 0.02, 0.01};
     Aleatorio generator;
     Aleatorio plainGenerator;
     const Powers powers = simulatedPowers(settings, critical, 0.2, generator);
@@ -169,11 +168,19 @@ TEST_F(PowerStudy, AnUnknownKindEndsTheStudyAtTheFirstErrorTerm)
 {
     Aleatorio generator;
     stats::RandomIntegers integers;
-    Record record;
     const StudySettings settings{3, 500, 0.95, static_cast<ErrorKind>(3)};
-    EXPECT_THROW(runPowerStudy(settings, generator, integers, record), UnknownErrorKind);
-    EXPECT_EQ(record.lines.size(), 5);
-    EXPECT_TRUE(record.points.empty());
+    const auto fail = [](const std::vector<PowerPoint>&) { FAIL() << "a point"; };
+    EXPECT_THROW(runPowerStudy(settings, generator, integers, fail), ImpossibleSetting);
+}
+
+TEST_F(PowerStudy, AnUnknownOrderIsNoSetting)
+{
+    Aleatorio generator;
+    for (const int order : {0, 2, 7}) {
+        const StudySettings settings{order, 500, 0.95, ErrorKind::Uniform};
+        EXPECT_THROW(simulatedPowers(settings, CriticalValues(), 0.0, generator),
+                     ImpossibleSetting);
+    }
 }
 
 TEST(CriticalValuesTest, OfOrder3AreExact)

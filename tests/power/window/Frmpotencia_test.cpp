@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/window/PowerFixture.h"
 
-#include "power/window/CurveColors.h"
+#include "power/study/StudyLines.h"
 #include "support/FileSizeLimit.h"
 
 #include <QApplication>
@@ -21,17 +21,10 @@ namespace {
 /// What a study would log if it were the next one of the program.
 QStringList nextLog(const StudySettings& settings)
 {
-    class Record : public StudyObserver {
-    public:
-        QStringList lines;
-        void logLine(const QString& line) override { lines << line; }
-        void pointDone(const PowerPoint&) override {}
-    };
     Aleatorio generator = programAleatorio();
     stats::RandomIntegers integers = stats::programIntegers();
-    Record record;
-    runPowerStudy(settings, generator, integers, record);
-    return record.lines;
+    const auto quietly = [](const std::vector<PowerPoint>&) {};
+    return studyLines(settings, runPowerStudy(settings, generator, integers, quietly));
 }
 
 } // namespace
@@ -301,7 +294,7 @@ TEST_F(PowerWindow, TwoWindowsKeepTheirOwnSettings)
     other.setAttribute(Qt::WA_DeleteOnClose, false);
     other.show();
     choose(other, "BtnDist", "MenuDist", "Triangular1");
-    QTest::keyClick(&in<UpDown>(other, "UpDown1"), Qt::Key_Up);
+    QTest::keyClick(&in<controls::UpDown>(other, "UpDown1"), Qt::Key_Up);
 
     const QStringList ofFirst = QStringList{QString()} + nextLog({3, 1000, 0.95});
     click(button("BtnCalcular"));

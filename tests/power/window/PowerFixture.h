@@ -2,8 +2,8 @@
 #pragma once
 
 #include "chart/control/RChart.h"
+#include "controls/UpDown.h"
 #include "power/window/Frmpotencia.h"
-#include "power/window/UpDown.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
@@ -43,7 +43,7 @@ protected:
     }
     QPushButton& button(const char* name) { return in<QPushButton>(*window, name); }
     QLineEdit& edit(const char* name) { return in<QLineEdit>(*window, name); }
-    UpDown& upDown(const char* name) { return in<UpDown>(*window, name); }
+    controls::UpDown& upDown(const char* name) { return in<controls::UpDown>(*window, name); }
     QMenu& popup(const char* name) { return in<QMenu>(*window, name); }
     chart::TRChart& graph() { return in<chart::TRChart>(*window, "Graph"); }
     int countOf(chart::ItemKind kind)

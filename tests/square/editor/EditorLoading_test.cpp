@@ -2,7 +2,6 @@
 #include "square/editor/EditorFilesFixture.h"
 #include "square/file/BadFiles.h"
 #include "square/file/LoadedSquare.h"
-#include "square/file/ShapeNotice.h"
 
 using namespace squarebytes;
 
@@ -79,7 +78,7 @@ TEST_F(EditorFiles, EveryBadFileLeavesTheWindowAsItWas)
         EXPECT_FALSE(m_handOff.fileOpened) << file.what;
         ASSERT_EQ(m_dialogs.errors.size(), 1U) << file.what;
         EXPECT_EQ(m_dialogs.errors[0].caption, utf8("Abrir Archivo")) << file.what;
-        EXPECT_EQ(m_dialogs.errors[0].text, square::loadSquare(path("a.asc")).problem) << file.what;
+        EXPECT_EQ(m_dialogs.errors[0].text, square::loadSquare(path("a.asc")).reason) << file.what;
     }
 }
 

@@ -3,7 +3,6 @@
 
 #include "base/SafeFile.h"
 #include "grid/view/NTabEd.h"
-#include "square/editor/ShowSquare.h"
 #include "square/file/BadFiles.h"
 #include "square/file/SquareBytes.h"
 #include "support/ScriptedDialogs.h"
@@ -24,7 +23,7 @@ protected:
         return path();
     }
     QString path() const { return m_folder.filePath(utf8("a.asc")); }
-    std::vector<double> gridValues() const { return observations(square::squareOf(m_grid)); }
+    std::vector<double> gridValues() const { return observations(m_grid.square()); }
 
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_grid{m_dialogs};
@@ -35,9 +34,9 @@ protected:
 
 TEST_F(GridFile, ASquareShownInAGridIsTheSquareOfTheGrid)
 {
-    const square::SquareData data = *square::decode(ofOrder5()).data;
-    square::showSquare(data, m_grid);
-    const square::SquareData again = square::squareOf(m_grid);
+    const record::SquareData data = *square::decode(ofOrder5()).data;
+    m_grid.setSquare(data);
+    const record::SquareData& again = m_grid.square();
     EXPECT_EQ(again.Identifier(), data.Identifier());
     EXPECT_EQ(columnNames(again), columnNames(data));
     EXPECT_EQ(rowNames(again), rowNames(data));
@@ -48,9 +47,9 @@ TEST_F(GridFile, ASquareShownInAGridIsTheSquareOfTheGrid)
 
 TEST_F(GridFile, NothingOfThePreviousTableShinesThrough)
 {
-    square::showSquare(*square::decode(ofOrder5()).data, m_grid);
+    m_grid.setSquare(*square::decode(ofOrder5()).data);
     m_grid.setPrecision(2, 7);
-    square::showSquare(*square::decode(bare()).data, m_grid);
+    m_grid.setSquare(*square::decode(bare()).data);
     EXPECT_EQ(m_grid.precision(2), 3);
     EXPECT_EQ(m_grid.columnName(2), utf8("C-2"));
     EXPECT_EQ(m_grid.rowAttribute(3), 0);
@@ -61,22 +60,22 @@ TEST_F(GridFile, NothingOfThePreviousTableShinesThrough)
 
 TEST_F(GridFile, ExportWritesTheGridAndHandsTheTrimmedNamesBack)
 {
-    square::showSquare(*square::decode(ofOrder3()).data, m_grid);
+    m_grid.setSquare(*square::decode(ofOrder3()).data);
     m_grid.setColumnName(1, utf8("  Col 1 "));
     m_grid.setRowName(3, utf8(" Fila 3"));
-    EXPECT_EQ(square::Export(m_grid, path(), 8), std::nullopt);
+    EXPECT_EQ(square::Export(m_grid, path(), 8).value, false);
     EXPECT_EQ(base::readFile(path()), ofOrder3());
     EXPECT_EQ(m_grid.columnName(1), utf8("Col 1"));
     EXPECT_EQ(m_grid.rowName(3), utf8("Fila 3"));
-    EXPECT_EQ(square::Export(m_grid, path(), 3), std::nullopt);
+    EXPECT_EQ(square::Export(m_grid, path(), 3).value, true); // 512.5
     EXPECT_TRUE(base::readFile(path())->contains("\t-2.50E+0000\t"));
 }
 
 TEST_F(GridFile, AFailedExportLeavesTheGridAlone)
 {
     m_grid.setColumnName(1, utf8("  Col 1 "));
-    const auto reason = square::Export(m_grid, m_folder.filePath(utf8("no/a.asc")));
-    EXPECT_EQ(reason, utf8("La carpeta no existe."));
+    const auto exported = square::Export(m_grid, m_folder.filePath(utf8("no/a.asc")));
+    EXPECT_EQ(exported.problem(), utf8("La carpeta no existe."));
     EXPECT_EQ(m_grid.columnName(1), utf8("  Col 1 "));
 }
 
@@ -97,7 +96,7 @@ TEST_F(GridFile, ImportReadsAFileIntoTheGrid)
 
 TEST_F(GridFile, ImportKeepsWhatABadBodyHeld)
 {
-    square::showSquare(*square::decode(ofOrder5()).data, m_grid);
+    m_grid.setSquare(*square::decode(ofOrder5()).data);
     EXPECT_EQ(square::Import(m_grid, fileOf(badfiles::withLastRow("7 ocho 9"))), -6);
     EXPECT_EQ(gridValues(), std::vector<double>({1, 2, 3, 4, 5, 6, 7, 0, 0}));
     EXPECT_EQ(square::Import(m_grid, fileOf(badfiles::withAttribute("x"))), -5);
@@ -106,7 +105,7 @@ TEST_F(GridFile, ImportKeepsWhatABadBodyHeld)
 
 TEST_F(GridFile, ImportOfABadHeaderLeavesTheGridAlone)
 {
-    square::showSquare(*square::decode(ofOrder5()).data, m_grid);
+    m_grid.setSquare(*square::decode(ofOrder5()).data);
     for (const badfiles::BadFile& file : badfiles::all()) {
         if (file.code < square::NoRoomOrLineFeed)
             continue;
@@ -129,6 +128,6 @@ TEST_F(GridFile, TheGridRefusesTheSameCountsInTheSameWords)
             words = QString::fromUtf8(error.what());
         }
         EXPECT_FALSE(words.isEmpty());
-        EXPECT_EQ(square::sizeProblem(columns, rows), words) << columns << " x " << rows;
+        EXPECT_EQ(record::sizeProblem(columns, rows), words) << columns << " x " << rows;
     }
 }

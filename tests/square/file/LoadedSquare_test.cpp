@@ -16,7 +16,7 @@ namespace {
 
 class LoadedSquare : public ::testing::Test {
 protected:
-    square::LoadedSquare load(const QByteArray& bytes)
+    base::Outcome<square::LoadedSquare> load(const QByteArray& bytes)
     {
         EXPECT_EQ(base::writeFile(path(), bytes), std::nullopt);
         return square::loadSquare(path());
@@ -26,11 +26,10 @@ protected:
     QTemporaryDir m_folder;
 };
 
-void expectRefused(const square::LoadedSquare& loaded, int code, const QString& problem)
+void expectRefused(const base::Outcome<square::LoadedSquare>& loaded, const QString& problem)
 {
-    EXPECT_EQ(loaded.code, code);
-    EXPECT_EQ(loaded.problem, problem);
-    EXPECT_FALSE(loaded.data.has_value());
+    EXPECT_EQ(loaded.reason, problem);
+    EXPECT_FALSE(loaded.value.has_value());
 }
 
 const QString badFile = QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.");
@@ -39,28 +38,27 @@ const QString badFile = QStringLiteral("Hay un error en el archivo, o no es un a
 
 TEST_F(LoadedSquare, AGoodFileIsASquareWithoutAProblem)
 {
-    const square::LoadedSquare loaded = load(ofOrder3());
-    EXPECT_EQ(loaded.code, 0);
-    EXPECT_EQ(loaded.problem, QString());
-    ASSERT_TRUE(loaded.data.has_value());
-    EXPECT_EQ(loaded.data->observation(2, 2), 512.5);
+    const base::Outcome<square::LoadedSquare> loaded = load(ofOrder3());
+    EXPECT_EQ(loaded.reason, QString());
+    ASSERT_TRUE(loaded.value.has_value());
+    EXPECT_EQ(loaded.value->square.value(2, 2), 512.5);
+    EXPECT_EQ(loaded.value->fingerprint, base::fingerprint(path()));
 }
 
-TEST_F(LoadedSquare, EveryBadFileIsRefusedWithItsCodeAndAText)
+TEST_F(LoadedSquare, EveryBadFileIsRefusedWithAText)
 {
     for (const badfiles::BadFile& file : badfiles::all()) {
-        const square::LoadedSquare loaded = load(file.bytes);
-        EXPECT_EQ(loaded.code, file.code) << file.what;
-        EXPECT_FALSE(loaded.data.has_value()) << file.what;
-        EXPECT_FALSE(loaded.problem.isEmpty()) << file.what;
+        const base::Outcome<square::LoadedSquare> loaded = load(file.bytes);
+        EXPECT_FALSE(loaded.value.has_value()) << file.what;
+        EXPECT_FALSE(loaded.reason.isEmpty()) << file.what;
     }
 }
 
 TEST_F(LoadedSquare, ABadHeaderAndABadBodyGiveTheSameText)
 {
-    expectRefused(load("hola"), -1, badFile);
-    expectRefused(load(ofOrder3().replace("\r\n", "\n")), -4, badFile);
-    expectRefused(load(ofOrder3().replace("0.0000000E+0000", "0.0000000E+0000x")), -6, badFile);
+    expectRefused(load("hola"), badFile);
+    expectRefused(load(ofOrder3().replace("\r\n", "\n")), badFile);
+    expectRefused(load(ofOrder3().replace("0.0000000E+0000", "0.0000000E+0000x")), badFile);
 }
 
 TEST_F(LoadedSquare, CountsThatNoSquareHasGiveTheGridsOwnTexts)
@@ -70,17 +68,17 @@ TEST_F(LoadedSquare, CountsThatNoSquareHasGiveTheGridsOwnTexts)
     const auto ofSize = [](const char* columns, const char* rows) {
         return badfiles::fileOf(columns, rows, "FALSE FALSE FALSE", {"1 2 3"});
     };
-    expectRefused(load(ofSize("0", "3")), -4, dimensions);
-    expectRefused(load(ofSize("3", "-1")), -4, dimensions);
-    expectRefused(load(ofSize("-4000", "-4000")), -4, dimensions);
-    expectRefused(load(ofSize("4000", "4001")), -4, memory);
-    expectRefused(load(ofSize("2147483647", "2147483647")), -4, memory);
-    expectRefused(load(ofSize("4000", "4000")), -6, badFile);
+    expectRefused(load(ofSize("0", "3")), dimensions);
+    expectRefused(load(ofSize("3", "-1")), dimensions);
+    expectRefused(load(ofSize("-4000", "-4000")), dimensions);
+    expectRefused(load(ofSize("4000", "4001")), memory);
+    expectRefused(load(ofSize("2147483647", "2147483647")), memory);
+    expectRefused(load(ofSize("4000", "4000")), badFile);
 }
 
 TEST_F(LoadedSquare, WhatCannotBeOpenedIsABadFile)
 {
-    expectRefused(square::loadSquare(m_folder.filePath(utf8("no.asc"))), -1, badFile);
-    expectRefused(square::loadSquare(m_folder.path()), -1, badFile);
-    expectRefused(square::loadSquare(QString()), -1, badFile);
+    expectRefused(square::loadSquare(m_folder.filePath(utf8("no.asc"))), badFile);
+    expectRefused(square::loadSquare(m_folder.path()), badFile);
+    expectRefused(square::loadSquare(QString()), badFile);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "square/file/ShapeNotice.h"
+#include "square/file/LoadedSquare.h"
 
 #include "support/Text.h"
 

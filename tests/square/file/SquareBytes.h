@@ -64,17 +64,17 @@ inline QString utf8(const char* text)
 }
 
 /// The observations of a square, row by row.
-inline std::vector<double> observations(const square::SquareData& data)
+inline std::vector<double> observations(const record::SquareData& data)
 {
     std::vector<double> values;
     for (int row = 1; row <= data.NrOfRows(); ++row) {
         for (int column = 1; column <= data.NrOfColumns(); ++column)
-            values.push_back(data.observation(column, row));
+            values.push_back(data.value(column, row));
     }
     return values;
 }
 
-inline QStringList columnNames(const square::SquareData& data)
+inline QStringList columnNames(const record::SquareData& data)
 {
     QStringList names;
     for (int column = 1; column <= data.NrOfColumns(); ++column)
@@ -82,7 +82,7 @@ inline QStringList columnNames(const square::SquareData& data)
     return names;
 }
 
-inline QStringList rowNames(const square::SquareData& data)
+inline QStringList rowNames(const record::SquareData& data)
 {
     QStringList names;
     for (int row = 1; row <= data.NrOfRows(); ++row)
@@ -90,7 +90,7 @@ inline QStringList rowNames(const square::SquareData& data)
     return names;
 }
 
-inline std::vector<int> rowAttributes(const square::SquareData& data)
+inline std::vector<int> rowAttributes(const record::SquareData& data)
 {
     std::vector<int> attributes;
     for (int row = 1; row <= data.NrOfRows(); ++row)

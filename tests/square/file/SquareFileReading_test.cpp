@@ -13,11 +13,11 @@ using namespace squarebytes;
 
 namespace {
 
-square::SquareData decoded(const QByteArray& bytes)
+record::SquareData decoded(const QByteArray& bytes)
 {
     const square::DecodedSquare result = square::decode(bytes);
     EXPECT_EQ(result.code, square::Usable);
-    return result.data.value_or(square::SquareData(1, 1));
+    return result.data.value_or(record::SquareData(1, 1));
 }
 
 int codeOf(const QByteArray& bytes)
@@ -83,7 +83,7 @@ TEST(ReadHeader, AnEmptyTitleIsATitle)
 
 TEST(Decode, ReadsWhatTheProgramWrites)
 {
-    const square::SquareData data = decoded(ofOrder3());
+    const record::SquareData data = decoded(ofOrder3());
     EXPECT_EQ(data.Identifier(), QByteArray("Parcelas de prueba"));
     EXPECT_EQ(data.NrOfColumns(), 3);
     EXPECT_EQ(data.NrOfRows(), 3);
@@ -91,21 +91,21 @@ TEST(Decode, ReadsWhatTheProgramWrites)
     EXPECT_EQ(rowNames(data), Names({utf8("Fila 1"), utf8("Fila 2"), utf8("Fila 3")}));
     EXPECT_EQ(rowAttributes(data), std::vector<int>({0, 0, 0}));
     EXPECT_EQ(observations(data), Values({1, -2.5, 30, 4, 512.5, 0.006, 7, 8, 0}));
-    EXPECT_EQ(data.observation(2, 1), -2.5); // column 2, row 1
+    EXPECT_EQ(data.value(2, 1), -2.5); // column 2, row 1
 }
 
 TEST(Decode, ReadsBareNamesAndAttributes)
 {
-    const square::SquareData data = decoded(ofOrder5());
+    const record::SquareData data = decoded(ofOrder5());
     EXPECT_EQ(columnNames(data), Names({utf8("uno"), utf8("dos"), utf8("tres y medio"),
                                         utf8("cu\"atro"), utf8("cinco")}));
     EXPECT_EQ(rowAttributes(data), std::vector<int>({0, 1, 2, 3, 255}));
-    EXPECT_EQ(data.observation(5, 5), 31.0);
+    EXPECT_EQ(data.value(5, 5), 31.0);
 }
 
 TEST(Decode, AbsentPartsAreDefaults)
 {
-    const square::SquareData data = decoded(bare());
+    const record::SquareData data = decoded(bare());
     EXPECT_EQ(columnNames(data), Names({utf8("C-1"), utf8("C-2"), utf8("C-3")}));
     EXPECT_EQ(rowNames(data), Names({utf8("R-1"), utf8("R-2"), utf8("R-3")}));
     EXPECT_EQ(rowAttributes(data), std::vector<int>({0, 0, 0}));
@@ -127,7 +127,7 @@ TEST(Decode, EveryCombinationOfPartsIsRead)
             bytes += rows ? QByteArray("r") + row + " " : QByteArray();
             bytes += row + QByteArray("0.5 -3\r\n");
         }
-        const square::SquareData data = decoded(bytes);
+        const record::SquareData data = decoded(bytes);
         EXPECT_EQ(observations(data), Values({10.5, -3, 20.5, -3})) << parts;
         EXPECT_EQ(data.rowAttribute(2), attributes ? 2 : 0) << parts;
         EXPECT_EQ(data.columnName(2), utf8(columns ? "c2" : "C-2")) << parts;
@@ -161,12 +161,12 @@ TEST(Decode, CountsOutsideTheEditorsRangeAndOblongSquaresLoad)
     };
     for (const auto& [columns, rows] :
          {std::pair(1, 1), {2, 2}, {7, 7}, {8, 8}, {20, 20}, {4, 3}, {3, 4}, {1000, 2}}) {
-        const square::SquareData data = decoded(file(columns, rows));
+        const record::SquareData data = decoded(file(columns, rows));
         EXPECT_EQ(data.NrOfColumns(), columns);
         EXPECT_EQ(data.NrOfRows(), rows);
-        EXPECT_EQ(data.observation(columns, 1), columns);
-        EXPECT_EQ(data.observation(columns, rows), columns * rows);
-        EXPECT_EQ(data.observation(1, rows), columns * (rows - 1) + 1);
+        EXPECT_EQ(data.value(columns, 1), columns);
+        EXPECT_EQ(data.value(columns, rows), columns * rows);
+        EXPECT_EQ(data.value(1, rows), columns * (rows - 1) + 1);
     }
 }
 
@@ -178,7 +178,7 @@ TEST(Decode, AttributesAreRoundedAndTakenModulo256)
         {"-300", 212}, {"1e300", 0}, {"1E-9", 0}, {"4294967297", 1},
     };
     for (const auto& [written, attribute] : cases) {
-        const square::SquareData data = decoded(badfiles::withAttribute(written));
+        const record::SquareData data = decoded(badfiles::withAttribute(written));
         EXPECT_EQ(data.rowAttribute(1), attribute) << written;
         EXPECT_EQ(observations(data), Values({1, 2, 3, 4})) << written;
     }
@@ -191,7 +191,7 @@ TEST(Decode, NamesAreCutToFiftyCharacters)
         lines({"2", "1", "FALSE TRUE TRUE",
                "\"" + QByteArray(49, 'a') + " b\" " + QByteArray(49, 'a') + pair,
                QByteArray(60, 'r') + " 1 2"});
-    const square::SquareData data = decoded("t\r\n" + body);
+    const record::SquareData data = decoded("t\r\n" + body);
     EXPECT_EQ(data.columnName(1), QString(49, u'a') + u' ');
     EXPECT_EQ(data.columnName(2), QString(49, u'a')); // the pair is not cut in two
     EXPECT_EQ(data.rowName(1), QString(50, u'r'));
@@ -200,7 +200,7 @@ TEST(Decode, NamesAreCutToFiftyCharacters)
 
 TEST(Decode, EachPieceHasItsOwnEncoding)
 {
-    const square::SquareData data =
+    const record::SquareData data =
         decoded(lines({"A\xF1o", "2", "1", "FALSE TRUE TRUE", "A\xF1o A\xC3\xB1o", "\x80 1 2"}));
     EXPECT_EQ(data.Identifier(), QByteArray("A\xF1o"));
     EXPECT_EQ(data.columnName(1), utf8("Año"));
@@ -254,7 +254,7 @@ namespace {
 /// of the codes that an early end can give.
 void checkPrefixes(const QByteArray& whole, const std::set<int>& codesOnTheWay)
 {
-    const square::SquareData all = decoded(whole);
+    const record::SquareData all = decoded(whole);
     const qsizetype lastObservation = whole.trimmed().size();
     std::set<int> codes;
     for (qsizetype length = 0; length <= whole.size(); ++length) {

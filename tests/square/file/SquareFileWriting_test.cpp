@@ -12,19 +12,19 @@ using namespace squarebytes;
 
 namespace {
 
-square::SquareData order2()
+record::SquareData order2()
 {
-    square::SquareData data(2, 2);
+    record::SquareData data(2, 2);
     data.setIdentifier("t");
-    data.setObservation(1, 1, 1);
-    data.setObservation(2, 1, 2);
-    data.setObservation(1, 2, 3);
-    data.setObservation(2, 2, 4);
+    data.setValue(1, 1, 1);
+    data.setValue(2, 1, 2);
+    data.setValue(1, 2, 3);
+    data.setValue(2, 2, 4);
     return data;
 }
 
 /// Line `number` (from 1) of the written square.
-QByteArray line(const square::SquareData& data, int number)
+QByteArray line(const record::SquareData& data, int number)
 {
     return square::encode(data, utf8("/tmp/a.asc")).bytes.split('\n').value(number - 1).chopped(1);
 }
@@ -32,7 +32,7 @@ QByteArray line(const square::SquareData& data, int number)
 /// How a column name stands in the file.
 QByteArray written(const char* name)
 {
-    square::SquareData data = order2();
+    record::SquareData data = order2();
     data.setColumnName(1, utf8(name));
     const QByteArray names = line(data, 5);
     EXPECT_TRUE(names.startsWith('\t') && names.endsWith("\tC-2")) << names.toStdString();
@@ -42,7 +42,7 @@ QByteArray written(const char* name)
 /// The name that the grid is given back.
 QString handedBack(const QString& name)
 {
-    square::SquareData data = order2();
+    record::SquareData data = order2();
     data.setRowName(2, name);
     return square::encode(data, QString()).rowNames.value(1);
 }
@@ -51,14 +51,14 @@ QString handedBack(const QString& name)
 
 TEST(Encode, WritesTheLayoutOfTheFile)
 {
-    square::SquareData data(3, 3);
+    record::SquareData data(3, 3);
     data.setIdentifier("Parcelas de prueba");
     const double values[] = {1, -2.5, 30, 4, 512.5, 0.006, 7, 8, 0};
     for (int i = 1; i <= 3; ++i) {
         data.setColumnName(i, utf8("Col %1").arg(i));
         data.setRowName(i, utf8("Fila %1").arg(i));
         for (int column = 1; column <= 3; ++column)
-            data.setObservation(column, i, values[(i - 1) * 3 + column - 1]);
+            data.setValue(column, i, values[(i - 1) * 3 + column - 1]);
     }
     EXPECT_EQ(square::encode(data, utf8("/tmp/otro.asc")).bytes, ofOrder3());
 }
@@ -76,12 +76,12 @@ TEST(Encode, WritesTheSameBytesInEveryLocale)
 
 TEST(Encode, AnEmptyTitleIsReplacedByTheFileName)
 {
-    square::SquareData data = order2();
+    record::SquareData data = order2();
     data.setIdentifier(QByteArray());
     EXPECT_EQ(square::encode(data, utf8("/home/ana/año 1.asc")).bytes.split('\r').constFirst(),
               QByteArray("Exported by NTabED component: /home/ana/a\xC3\xB1o 1.asc"));
     // Once it was read from a file it stays, old file name and all.
-    const square::SquareData read = *square::decode(ofOrder5()).data;
+    const record::SquareData read = *square::decode(ofOrder5()).data;
     EXPECT_EQ(line(read, 1), QByteArray("Exported by NTabED component: /tmp/propelente.asc"));
 }
 
@@ -95,7 +95,7 @@ TEST(Encode, ATitleThatWasReadSurvivesByteForByte)
 
 TEST(Encode, NoLineEndGetsIntoTheFirstLine)
 {
-    square::SquareData data = order2();
+    record::SquareData data = order2();
     data.setIdentifier("uno\r\ndos\n");
     EXPECT_EQ(line(data, 1), QByteArray("unodos"));
     data.setIdentifier("\r\n");
@@ -105,7 +105,7 @@ TEST(Encode, NoLineEndGetsIntoTheFirstLine)
 
 TEST(Encode, WritesAttributes)
 {
-    square::SquareData data = order2();
+    record::SquareData data = order2();
     data.setRowAttribute(1, 255);
     data.setRowAttribute(2, 7);
     EXPECT_TRUE(line(data, 6).startsWith("255\tR-1\t "));
@@ -168,7 +168,7 @@ TEST(Encode, WhatUtf8CannotCarryIsNotHandedBackEither)
     for (const QString& name :
          {QString(QChar(0xD83C)), QString(QChar(0xDF3E)) + u'a', utf8("\uFEFFmarca"),
           utf8("\uFEFF"), utf8("\uFEFF\uFEFFdos"), utf8(" \uFEFFtras un blanco")}) {
-        square::SquareData data = order2();
+        record::SquareData data = order2();
         data.setColumnName(1, name);
         const square::EncodedSquare encoded = square::encode(data, QString());
         const square::DecodedSquare read = square::decode(encoded.bytes);
@@ -180,9 +180,9 @@ TEST(Encode, WhatUtf8CannotCarryIsNotHandedBackEither)
 
 TEST(Encode, ObservationsHaveEightDigits)
 {
-    square::SquareData data = order2();
-    data.setObservation(1, 1, 123456789.0);
-    data.setObservation(2, 1, -1.0 / 3.0);
+    record::SquareData data = order2();
+    data.setValue(1, 1, 123456789.0);
+    data.setValue(2, 1, -1.0 / 3.0);
     EXPECT_EQ(line(data, 6), QByteArray("0\tR-1\t 1.2345679E+0008\t-3.3333333E-0001"));
     EXPECT_EQ(square::encode(data, QString(), 4).bytes.split('\n').value(5),
               QByteArray("0\tR-1\t 1.235E+0008\t-3.333E-0001\r"));
@@ -190,11 +190,11 @@ TEST(Encode, ObservationsHaveEightDigits)
 
 TEST(Encode, TheEndsOfTheDoublesStayReadable)
 {
-    square::SquareData data = order2();
-    data.setObservation(1, 1, std::numeric_limits<double>::max());
-    data.setObservation(2, 1, -std::numeric_limits<double>::max());
-    data.setObservation(1, 2, std::numeric_limits<double>::denorm_min());
-    data.setObservation(2, 2, std::numeric_limits<double>::min());
+    record::SquareData data = order2();
+    data.setValue(1, 1, std::numeric_limits<double>::max());
+    data.setValue(2, 1, -std::numeric_limits<double>::max());
+    data.setValue(1, 2, std::numeric_limits<double>::denorm_min());
+    data.setValue(2, 2, std::numeric_limits<double>::min());
     const square::DecodedSquare read = square::decode(square::encode(data, QString()).bytes);
     ASSERT_EQ(read.code, square::Usable);
     for (std::size_t cell = 0; cell < 4; ++cell) {
@@ -204,24 +204,24 @@ TEST(Encode, TheEndsOfTheDoublesStayReadable)
     }
 }
 
-TEST(EncodingChangesValues, TellsWhetherEightDigitsAreEnough)
+TEST(Encode, TellsWhetherEightDigitsAreEnough)
 {
-    square::SquareData data = order2();
-    EXPECT_FALSE(square::encodingChangesValues(data));
+    record::SquareData data = order2();
+    EXPECT_FALSE(square::encode(data, QString()).rounded);
     for (const double value : {12345678.0, -0.00012345678, 2.75, 0.1, 1e300, 0.0, -0.0}) {
-        data.setObservation(2, 2, value);
-        EXPECT_FALSE(square::encodingChangesValues(data)) << value;
+        data.setValue(2, 2, value);
+        EXPECT_FALSE(square::encode(data, QString()).rounded) << value;
     }
     for (const double value : {123456789.0, 1.0 / 3.0, 1000000000.2, 0.1 + 0.2}) {
-        data.setObservation(2, 2, value);
-        EXPECT_TRUE(square::encodingChangesValues(data)) << value;
+        data.setValue(2, 2, value);
+        EXPECT_TRUE(square::encode(data, QString()).rounded) << value;
     }
-    EXPECT_TRUE(square::encodingChangesValues(data, 16));
-    EXPECT_FALSE(square::encodingChangesValues(data, 17));
+    EXPECT_TRUE(square::encode(data, QString(), 16).rounded);
+    EXPECT_FALSE(square::encode(data, QString(), 17).rounded);
 }
 
-TEST(EncodingChangesValues, AFileThatWasReadIsWrittenUnchanged)
+TEST(Encode, AFileThatWasReadIsWrittenUnchanged)
 {
     for (const QByteArray& bytes : {ofOrder3(), ofOrder5(), bare()})
-        EXPECT_FALSE(square::encodingChangesValues(*square::decode(bytes).data));
+        EXPECT_FALSE(square::encode(*square::decode(bytes).data, QString()).rounded);
 }

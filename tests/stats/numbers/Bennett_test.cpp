@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/Bennett.h"
+#include "stats/numbers/RankStatistics.h"
 
 #include "stats/numbers/Near.h"
 #include "stats/numbers/RandomSquares.h"

@@ -104,6 +104,9 @@ Table bruteForce(int n, const Statistic& statistic)
 void expectSame(const ExactDistribution& distribution, const Table& table)
 {
     ASSERT_EQ(distribution.count(), static_cast<int>(table.size()));
+    const std::vector<stats::ExactFigures> figures = distribution.figures();
+    ASSERT_EQ(figures.size(), table.size());
+    std::size_t at = 0;
     int index = 0;
     int upTo = 0;
     const auto all = static_cast<double>(distribution.arrangements());
@@ -112,6 +115,9 @@ void expectSame(const ExactDistribution& distribution, const Table& table)
         EXPECT_EQ(distribution.value(index), static_cast<double>(value)) << value;
         EXPECT_EQ(distribution.probability(index), count / all) << value;
         EXPECT_EQ(distribution.cumulative(static_cast<double>(value)), upTo / all) << value;
+        EXPECT_EQ(figures[at].value, static_cast<double>(value));
+        EXPECT_EQ(figures[at].probability, count / all) << value;
+        EXPECT_EQ(figures[at++].cumulative, upTo / all) << value;
         EXPECT_EQ(distribution.shareAbove(static_cast<double>(value)), (all - upTo) / all) << value;
         ++index;
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/numbers/LatinSquareAnova.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/Squares.h"
+#include "stats/numbers/Treatments.h"
 #include "stats/numbers/TypedSquares.h"
 
 #include <gtest/gtest.h>

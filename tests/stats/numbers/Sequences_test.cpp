@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/numbers/Sequences.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/Near.h"
 #include "stats/numbers/RandomSquares.h"
 #include "stats/numbers/Squares.h"
+#include "stats/numbers/Treatments.h"
 
 #include <gtest/gtest.h>
 
@@ -143,7 +143,7 @@ TEST(Sequences, TiesKeepTheOrderOfTheirCells)
     square.Elem(1, 1, -3.0);
     square.Elem(2, 1, -2.0);
     square.Elem(3, 1, -1.0);
-    const auto sorted = stats::sortedPairs(square, 3, std::pmr::get_default_resource());
+    const auto sorted = stats::sortedPairs(square, 3);
     std::vector<int> labels;
     for (const ObservationPair& pair : sorted)
         labels.push_back(pair.label);

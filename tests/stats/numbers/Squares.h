@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/MATRIX.h"
+#include "stats/numbers/Treatments.h"
 
 #include <utility>
 #include <vector>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/Zimmerman.h"
+#include "stats/numbers/RankStatistics.h"
 
-#include "stats/numbers/CyclicLayout.h"
 #include "stats/numbers/Near.h"
 #include "stats/numbers/RandomSquares.h"
 #include "stats/numbers/Squares.h"
+#include "stats/numbers/Treatments.h"
 
 #include <gtest/gtest.h>
 

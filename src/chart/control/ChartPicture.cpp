@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "chart/control/ChartPicture.h"
+
+#include "base/SafeFile.h"
+#include "chart/drawing/ChartDrawing.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPainter>
+
+namespace chart {
+
+namespace {
+
+QString noSizeReason()
+{
+    return QStringLiteral("La gráfica no tiene tamaño.");
+}
+
+} // namespace
+
+QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGeometry& geometry,
+                    const QPalette& palette, bool whiteBackground)
+{
+    QImage image(geometry.size, QImage::Format_RGB32);
+    if (image.isNull())
+        return image;
+    if (whiteBackground) {
+        contents.style.chartColor = Qt::white;
+        contents.style.windColor = Qt::white;
+    }
+    QPainter painter(&image);
+    drawChart(painter, contents, items, geometry, palette);
+    return image;
+}
+
+std::optional<QString> copyPicture(const QImage& picture)
+{
+    if (picture.isNull())
+        return noSizeReason();
+    QGuiApplication::clipboard()->setImage(picture);
+    return std::nullopt;
+}
+
+std::optional<QString> writePicture(const QString& fileName, const QImage& picture)
+{
+    if (picture.isNull())
+        return noSizeReason();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!picture.save(&buffer, "BMP"))
+        return QStringLiteral("No hay memoria para el mapa de bits.");
+    return base::writeFile(fileName, bytes);
+}
+
+QString bitmapFileName(const QString& chosen)
+{
+    const QFileInfo info(chosen);
+    const QString name = info.fileName().section(QLatin1Char('.'), 0, 0) + QStringLiteral(".bmp");
+    // Of a bare name the path is ".", which the user did not write.
+    return chosen.contains(QLatin1Char('/')) ? QDir(info.path()).filePath(name) : name;
+}
+
+} // namespace chart

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "chart/drawing/ChartGeometry.h"
+#include "chart/scale/ItemList.h"
+
+#include <QImage>
+#include <QPalette>
+
+#include <optional>
+
+namespace chart {
+
+/// A chart as an opaque picture of its geometry's size, one pixel for each logical one; null for no
+/// size. With a white background the chart's and the window's colour are white in it.
+QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGeometry& geometry,
+                    const QPalette& palette, bool whiteBackground);
+
+/// Puts a picture on the clipboard. @return why it could not, a whole sentence in Spanish
+std::optional<QString> copyPicture(const QImage& picture);
+
+/// Writes a picture in the Windows BMP format. @return as above
+std::optional<QString> writePicture(const QString& fileName, const QImage& picture);
+
+/// The name that a chosen one is saved under: its directory, its file name cut before the first
+/// ".", and ".bmp".
+QString bitmapFileName(const QString& chosen);
+
+} // namespace chart

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "experiment/LatinSquare.h"
+
+#include <optional>
+
+namespace experiment {
+
+/// The square with its rows, columns and treatments rearranged so that the treatment in column c
+/// and row r, all counted from 0, is (c + r) mod n; nothing where no rearrangement does it.
+///
+/// Of the rearrangements there are the one that leaves most rows, and then most columns, where they
+/// were. Takes O(n^2 + n phi(n)) steps.
+std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square);
+
+} // namespace experiment

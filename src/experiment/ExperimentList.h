@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Outcome.h"
+#include "experiment/Experiment.h"
+
+namespace experiment {
+
+/// Whether the lines, at least one, look like a list of observations rather than a square of cells.
+///
+/// Most of its lines have four fields, the one for the observation a number; beyond five lines the
+/// four fields alone decide, since a square with lines of four fields has at most five of them.
+bool isExperimentList(const FieldLines& lines);
+
+/// Reads lines of row, column, treatment and observation, any labels.
+///
+/// A first line without an observation is a header. A header that names all four ("Fila",
+/// "Columna", "Tratamiento", "Observación" and the like) may give them in any order; one that names
+/// some of them where they are not expected is refused, since a Latin square stays one when rows,
+/// columns and treatments change places and the error would never show.
+base::Outcome<Experiment> readExperimentList(const FieldLines& lines);
+
+} // namespace experiment

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace grid {
+class TNTabEd;
+}
+
+namespace square {
+
+/// Answers "Extract from Clpbrd" of a grid, which does not know what an experiment is: a copied one
+/// comes in as the cyclic square, and the status line tells the number of each treatment.
+void answerExtractions(grid::TNTabEd& table);
+
+} // namespace square

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// An experiment on its way from the clipboard into a grid.
+#include "square/extraction/Extraction.h"
+
+#include "grid/view/GridFixture.h"
+
+namespace {
+
+/// The assembly square of Extraction_test and a cyclic one of order 3.
+const char* const assembly = "C 10\tD 14\tA 7\tB 8\nB 7\tC 18\tD 11\tA 8\n"
+                             "A 5\tB 10\tC 11\tD 9\nD 10\tA 10\tB 12\tC 14\n";
+const char* const three = "f1;c1;A;1\nf1;c2;B;2\nf1;c3;C;3\nf2;c1;B;4\nf2;c2;C;5\nf2;c3;A;6\n"
+                          "f3;c1;C;7\nf3;c2;A;8\nf3;c3;B;9\n";
+
+class GridExtraction : public GridFixture {
+protected:
+    GridExtraction() { square::answerExtractions(table); }
+};
+
+} // namespace
+
+TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
+{
+    fill();
+    table.setRowName(1, QStringLiteral("Fila 1"));
+    table.setPrecision(2, 1);
+    table.setIdentifier("antes");
+    table.setRowAttribute(1, 7);
+    const Snapshot before = snapshot();
+    QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
+    QSignalSpy resizes(&table, &grid::TNTabEd::TableResized);
+    QSignalSpy notices(&table, &grid::TNTabEd::Notice);
+    setClipboard(QString::fromLatin1(assembly));
+    choose(openCellMenu(2, 2), "Extract from Clpbrd");
+
+    EXPECT_EQ(table.NrOfColumns(), 4);
+    EXPECT_EQ(table.NrOfRows(), 4);
+    const double expected[4][4] = {
+        {10, 8, 7, 14}, {7, 8, 11, 18}, {5, 9, 11, 10}, {10, 14, 12, 10}};
+    for (int row = 1; row <= 4; ++row) {
+        for (int column = 1; column <= 4; ++column)
+            EXPECT_EQ(table.value(column, row), expected[row - 1][column - 1]);
+    }
+    EXPECT_EQ(table.rowName(1), QStringLiteral("R-1"));
+    EXPECT_EQ(table.columnName(2), QStringLiteral("C-4"));
+    EXPECT_EQ(table.precision(2), 1);
+    EXPECT_EQ(table.precision(4), 3);
+    EXPECT_EQ(table.rowAttribute(1), 0);
+    EXPECT_EQ(table.Identifier(), QByteArray("antes"));
+    ASSERT_EQ(resizes.count(), 1);
+    EXPECT_EQ(resizes[0], (QVariantList{4, 4}));
+    EXPECT_EQ(changes.count(), 1);
+    ASSERT_EQ(notices.count(), 1);
+    EXPECT_EQ(notices[0][0].toString(),
+              QStringLiteral("Tratamientos: 1 = C, 2 = B, 3 = A, 4 = D."));
+
+    const Snapshot after = snapshot();
+    undo();
+    EXPECT_TRUE(snapshot() == before);
+    EXPECT_EQ(table.rowAttribute(1), 7);
+    ASSERT_EQ(resizes.count(), 2);
+    EXPECT_EQ(resizes[1], (QVariantList{3, 3}));
+    redo();
+    EXPECT_TRUE(snapshot() == after);
+    EXPECT_EQ(resizes.count(), 3);
+    EXPECT_EQ(changes.count(), 3);
+}
+
+TEST_F(GridExtraction, AnExtractionThatIsRefusedChangesNothing)
+{
+    fill();
+    const Snapshot before = snapshot();
+    QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
+    QSignalSpy resizes(&table, &grid::TNTabEd::TableResized);
+    for (const char* text : {"", "hola", "A 1\tB 2\tC 3\nB 4\tC 5\tA 6\nC 7\tB 8\tA 9",
+                             "A 1\tB 2\tC 3\tD 4\nB 5\tA 6\tD 7\tC 8\nC 9\tD 10\tA 11\tB 12\nD "
+                             "13\tC 14\tB 15\tA 16"}) {
+        dialogs.errors.clear();
+        setClipboard(QString::fromLatin1(text));
+        choose(openCellMenu(1, 1), "Extract from Clpbrd");
+        ASSERT_EQ(dialogs.errors.size(), 1U);
+        EXPECT_EQ(dialogs.errors[0].caption, QStringLiteral("Extraer del portapapeles"));
+        EXPECT_TRUE(snapshot() == before);
+    }
+    undo();
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_EQ(resizes.count(), 0);
+    EXPECT_TRUE(snapshot() == before);
+}
+
+TEST_F(GridExtraction, ASquareOfTheSameSizeIsNoResize)
+{
+    QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
+    QSignalSpy resizes(&table, &grid::TNTabEd::TableResized);
+    setClipboard(QString::fromLatin1(three));
+    choose(openCellMenu(1, 1), "Extract from Clpbrd");
+    EXPECT_EQ(table.value(2, 3), 8.0);
+    EXPECT_EQ(table.rowName(3), QStringLiteral("f3"));
+    EXPECT_EQ(table.columnName(1), QStringLiteral("c1"));
+    EXPECT_EQ(resizes.count(), 0);
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(GridExtraction, NamesOfAnExtractionAreCutToFiftyCharacters)
+{
+    const QString longName(70, QLatin1Char('n'));
+    setClipboard(QString::fromLatin1(three).replace(QStringLiteral("f1"), longName));
+    choose(openCellMenu(1, 1), "Extract from Clpbrd");
+    EXPECT_EQ(table.rowName(1), longName.left(50));
+}
