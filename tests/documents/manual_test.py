@@ -143,7 +143,8 @@ class ToldTexts(unittest.TestCase):
     def test_the_sources_are_read(self):
         self.assertIn("Desea guardar los cambios?", program_texts.messages())
         self.assertIn("Guardar y Analizar...", program_texts.menu_entries())
-        self.assertIn("Extract from Clpbrd", program_texts.menu_entries())
+        for entry in "Extract from Clpbrd", "Paste", "Clear", "Range", "Change Precision":
+            self.assertIn(entry, program_texts.menu_entries())
         for key in "F1", "Ctrl+E", "Mayúsculas+F5", "Ctrl+Z", "Alt+−", "F9":
             self.assertIn(key, program_texts.keys())
 

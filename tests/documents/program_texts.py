@@ -94,7 +94,7 @@ def menu_entries():
             if mnemonic or (text.endswith("...") and "\n" not in text and len(text) < 40):
                 found.add(as_quoted(text))
         if path.name == "ContextMenus.cpp":
-            where = r"(?:addAction\(|addMenu\(|addEntry\(\w+,|setText\(|[?:{])"
+            where = r"(?:\badd\w*\((?:\w+,)?|setText\(|[?:{])"
             entry = where + r'\s*QStringLiteral\("([^"]+)"\)'
             found |= set(re.findall(entry, code))
     # The entry with this text is relabelled each time before it shows.
