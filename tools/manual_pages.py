@@ -18,6 +18,7 @@ import weasyprint
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 MANUAL = ROOT / "docs" / "manual"
 INDEX = "indice"
+PICTURES = "manual:"
 
 STYLE = """
 body { font-family: "DejaVu Sans", sans-serif; line-height: 1.45; }
@@ -104,6 +105,12 @@ def write_html(folder):
     shutil.copytree(MANUAL / "imagenes", folder / "imagenes")
 
 
+def picture(url):
+    """A picture by a name that tells nothing of the folder: its name goes into the PDF."""
+    name = url.removeprefix(PICTURES)
+    return {"string": (MANUAL / "imagenes" / name).read_bytes(), "mime_type": "image/png"}
+
+
 def write_pdf(path):
     sections = []
     for chapter in chapters():
@@ -111,9 +118,11 @@ def write_pdf(path):
         body = re.sub(r' id="([^"]+)"', rf' id="{chapter}--\1"', body)
         body = re.sub(r'href="([\w-]+)\.md#([^"]*)"', r'href="#\1--\2"', body)
         body = re.sub(r'href="([\w-]+)\.md"', r'href="#\1"', body)
+        body = body.replace('src="imagenes/', f'src="{PICTURES}')
         sections.append(f'<section id="{chapter}">\n{body}\n</section>')
     text = page("Manual de Cuadrado Latino", "\n".join(sections), PAPER_STYLE)
-    weasyprint.HTML(string=text, base_url=str(MANUAL)).write_pdf(path, optimize_size=("fonts",))
+    document = weasyprint.HTML(string=text, base_url=PICTURES, url_fetcher=picture)
+    document.write_pdf(path, optimize_size=("fonts",))
 
 
 def main(folder):

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The numbers and reports that stand in the manual are the program's.
 #include "base/NumberText.h"
-#include "distribution/ExactDistribution.h"
+#include "distribution/DistributionTable.h"
 #include "documents/Chapter.h"
 #include "experiment/Extraction.h"
 #include "power/study/Aleatorio.h"
@@ -283,11 +283,8 @@ TEST_F(ManualFigures, TheLostObservation)
 TEST_F(ManualFigures, TheEndOfTheTableOfC)
 {
     const stats::ExactDistribution exact = stats::exactDistributionOfC(3);
-    stats::ExactValues values{};
-    exact.handOver(values);
-    distribution::ExactDistribution shown;
-    std::copy_n(values.begin(), 2 * exact.count(), shown.Values.begin());
-    shown.Count = exact.count();
+    distribution::ShownDistribution shown;
+    shown.figures = exact.figures();
     shown.StatName = QStringLiteral("c");
     const QStringList lines = QString::fromUtf8(distribution::distributionTable(shown))
                                   .split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
