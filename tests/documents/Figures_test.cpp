@@ -3,15 +3,17 @@
 #include "base/NumberText.h"
 #include "distribution/DistributionTable.h"
 #include "documents/Chapter.h"
+#include "experiment/CyclicArrangement.h"
 #include "experiment/Extraction.h"
 #include "power/study/Aleatorio.h"
 #include "power/study/ErrorTerms.h"
 #include "power/study/PowerStudy.h"
+#include "power/study/StudyLog.h"
 #include "square/file/SquareFile.h"
 #include "stats/numbers/LatinSquareAnova.h"
-#include "stats/numbers/RandomIntegers.h"
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
+#include "stats/numbers/SimulatedSquares.h"
 #include "stats/words/Estad.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
@@ -35,11 +37,11 @@ Square sample(const char* name)
 {
     QFile file(QStringLiteral(CL_SOURCE_DIR "/ejemplos/%1.asc").arg(QLatin1String(name)));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const square::SquareData data = *square::decode(file.readAll()).data;
+    const record::SquareData data = *square::decode(file.readAll()).data;
     Square square{data.NrOfColumns(), stats::TMatrix::Create(data.NrOfColumns(), data.NrOfRows())};
     for (int column = 1; column <= square.n; ++column) {
         for (int row = 1; row <= square.n; ++row)
-            square.matrix.Elem(column, row, data.observation(column, row));
+            square.matrix.Elem(column, row, data.value(column, row));
     }
     return square;
 }
@@ -125,12 +127,9 @@ experiment::LatinSquare squareWithLayout(int n, const std::vector<int>& layout)
     return square;
 }
 
-struct Curves : power::StudyObserver {
-    QStringList log;
+struct Curves {
     std::vector<power::PowerPoint> points;
-
-    void logLine(const QString& line) override { log << line; }
-    void pointDone(const power::PowerPoint& point) override { points.push_back(point); }
+    QStringList log;
 };
 
 /// The first study after a start of the program.
@@ -140,9 +139,9 @@ Curves firstStudy(int order)
     settings.order = order;
     power::Aleatorio generator;
     stats::RandomIntegers integers;
-    Curves curves;
-    power::runPowerStudy(settings, generator, integers, curves);
-    return curves;
+    const std::vector<power::PowerPoint> points =
+        power::runPowerStudy(settings, generator, integers, [](const auto&) {});
+    return {points, power::startLines(settings) + power::pointLines(points.front())};
 }
 
 double rounded(double value, int decimals)
@@ -190,7 +189,7 @@ TEST_F(ManualFigures, TheHarvestBecomesCyclicAndGivesItsReport)
     for (int column = 0; column < 4; ++column) {
         for (int row = 0; row < 4; ++row)
             square.matrix.Elem(column + 1, row + 1,
-                               read.value->values[read.value->place(row, column)]);
+                               read.value->values[read.value->place(column, row)]);
     }
     EXPECT_TRUE(chapter.shows(fTable(square)));
 }
@@ -413,8 +412,11 @@ TEST_F(ManualFigures, TheFiles)
     const auto whole = square::decode(bytes);
     for (int column = 1; column <= 3; ++column) {
         for (int row = 1; row <= 3; ++row)
-            EXPECT_EQ(little.data->observation(column, row), whole.data->observation(column, row));
+            EXPECT_EQ(little.data->value(column, row), whole.data->value(column, row));
     }
+    EXPECT_TRUE(Chapter("archivo").says(QStringLiteral("de un archivo se acepta hasta 4000")));
+    EXPECT_TRUE(record::sizeProblem(4000, 4000).isEmpty());
+    EXPECT_FALSE(record::sizeProblem(4001, 4000).isEmpty());
     QByteArray withoutCarriageReturns = asFile(blocks[1]);
     withoutCarriageReturns.replace("\r", "");
     EXPECT_NE(square::decode(withoutCarriageReturns).code, square::Usable);
