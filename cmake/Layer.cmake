@@ -5,6 +5,8 @@
 function(add_layer name)
     add_library(${name} STATIC ${ARGN})
     target_link_libraries(${name} PUBLIC project_options)
+    # A sum of texts is put together at once, in one piece of memory.
+    target_compile_definitions(${name} PRIVATE QT_USE_QSTRINGBUILDER)
 endfunction()
 
 # A layer with Q_OBJECT classes.

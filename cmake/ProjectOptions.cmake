@@ -12,7 +12,8 @@ target_compile_options(
         -Wall
         -Wextra
         -Wpedantic
-        -Wshadow
+        # Sources that are compiled as one see each other's local names.
+        $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
         -Wold-style-cast
         -Wnon-virtual-dtor
         -Woverloaded-virtual

@@ -12,7 +12,7 @@ driver_packages=(
 )
 
 test_packages=(
-    clang clang-tidy clang-format libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
+    clang clang-tidy clang-format lld libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
     libboost-math-dev locales strace
 )
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form of the analysis window: its components, their names and where they stand.
+// The second file of Frmanalisis: the form, its components, their names and where they stand.
 #include "analysis/Frmanalisis.h"
 
 #include "controls/LevelBar.h"

@@ -13,6 +13,7 @@
 #include "square/editor/Formeditor.h"
 #include "window/ChildWindow.h"
 #include "window/Command.h"
+#include "window/Icons.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/Command.h"
 
+#include "window/Icons.h"
+
 namespace window {
 
 QAction* addEntry(QMenu& menu, const Command& command)

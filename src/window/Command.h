@@ -2,7 +2,7 @@
 #pragma once
 
 #include "window/Asking.h"
-#include "window/Icons.h"
+#include "window/Picture.h"
 
 #include <QAction>
 #include <QKeySequence>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "window/Icons.h"
+#include "window/Picture.h"
 #include "window/PixelCanvas.h"
 
 class QPalette;

@@ -58,7 +58,7 @@ protected:
 
 TEST_F(AnalysisExport, OffersATextFile)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     exportTo(std::nullopt);
     ASSERT_EQ(dialogs.saveRequests.size(), 1U);
     const window::FileRequest& request = dialogs.saveRequests[0];
@@ -72,7 +72,7 @@ TEST_F(AnalysisExport, OffersATextFile)
 
 TEST_F(AnalysisExport, WritesTheReportByteForByte)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     exportTo(path(QStringLiteral("reporte.txt")));
     EXPECT_TRUE(matchesGolden("analysis/data/propelente_f.txt",
@@ -82,14 +82,14 @@ TEST_F(AnalysisExport, WritesTheReportByteForByte)
 
 TEST_F(AnalysisExport, AWindowThatNeverRanWritesItsOneLine)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     exportTo(path(QStringLiteral("reporte.txt")));
     EXPECT_EQ(contents(QStringLiteral("reporte.txt")), QByteArray("REPORTE SIN GENERAR\r\n"));
 }
 
 TEST_F(AnalysisExport, ReplacesAnOlderFile)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     writeBytes(QStringLiteral("reporte.txt"), QByteArray(100000, 'x'));
     exportTo(path(QStringLiteral("reporte.txt")));
     EXPECT_EQ(contents(QStringLiteral("reporte.txt")), QByteArray("REPORTE SIN GENERAR\r\n"));
@@ -98,7 +98,7 @@ TEST_F(AnalysisExport, ReplacesAnOlderFile)
 TEST_F(AnalysisExport, CarriesTheDecimalSignOfTheScreen)
 {
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     exportTo(path(QStringLiteral("reporte.txt")));
     QByteArray expected = QByteArray::fromStdString(
@@ -110,7 +110,7 @@ TEST_F(AnalysisExport, CarriesTheDecimalSignOfTheScreen)
 
 TEST_F(AnalysisExport, AFullDiskLeavesTheOldFileWhole)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     writeBytes(QStringLiteral("reporte.txt"), "antes");
     const FileSizeLimit full(10);
@@ -122,7 +122,7 @@ TEST_F(AnalysisExport, AFullDiskLeavesTheOldFileWhole)
 
 TEST_F(AnalysisExport, ImpossibleTargetsAreRefused)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     QDir(path(QString())).mkdir(QStringLiteral("carpeta"));
     const QStringList before = folderEntries();
@@ -134,7 +134,7 @@ TEST_F(AnalysisExport, ImpossibleTargetsAreRefused)
 
 TEST_F(AnalysisExport, CtrlEExports)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     QMainWindow frame;
     frame.menuBar()->addMenu(window->menu());
     frame.setCentralWidget(window);
@@ -149,7 +149,7 @@ TEST_F(AnalysisExport, CtrlEExports)
 
 TEST_F(AnalysisExport, ACellBeingEditedIsCommittedFirst)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     show();
     typeIntoCell(1, 1, QStringLiteral("2,75"));
     exportTo(std::nullopt);

@@ -5,6 +5,8 @@
 #include "base/SafeFile.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
+#include "support/CellTyping.h"
+#include "support/Propellant.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Text.h"
 #include "window/HandOff.h"
@@ -25,14 +27,6 @@
 
 /// Observations of a square, row by row.
 using Rows = std::vector<std::vector<double>>;
-
-/// The rocket propellant square: batches in rows, operators in columns (Montgomery, Design and
-/// Analysis of Experiments).
-inline const Rows propellant{{24, 20, 19, 24, 24},
-                             {17, 24, 30, 27, 36},
-                             {18, 38, 26, 27, 21},
-                             {26, 31, 26, 23, 22},
-                             {22, 30, 20, 29, 31}};
 
 /// A made-up square of order 3.
 inline const Rows orderThree{{12.5, 14, 9.75}, {11, 10.2, 16.1}, {8.3, 12, 13}};
@@ -152,13 +146,7 @@ protected:
     /// Opens a cell of the grid and types into it without confirming.
     void typeIntoCell(int column, int row, const QString& text) const
     {
-        grid::TNTabEd& table = datos();
-        table.setFocus();
-        table.setCurrentIndex(table.model()->index(row - 1, column - 1));
-        QTest::keyClicks(&table, text.left(1));
-        QWidget* editor = QApplication::focusWidget();
-        ASSERT_NE(editor, static_cast<QWidget*>(&table)) << "the cell did not open";
-        QTest::keyClicks(editor, text.mid(1));
+        ::typeIntoCell(datos(), column, row, text);
     }
 
     window::HandOff handOff;

@@ -220,7 +220,7 @@ TEST_F(AnalysisOpening, CountsThatNoGridTakesAreRefusedWithTheirReason)
 
 TEST_F(AnalysisOpening, APendingFileIsLoadedWithoutAQuestion)
 {
-    writeBytes(QStringLiteral("datos.asc"), squareFile(propellant));
+    writeBytes(QStringLiteral("datos.asc"), squareFile(propellantRows));
     handOff.pendingFileName = path(QStringLiteral("datos.asc"));
     create();
     EXPECT_TRUE(dialogs.openRequests.empty());

@@ -131,7 +131,7 @@ TEST_F(AnalysisRunning, TheBarSetsTheLevelExactly)
 
 TEST_F(AnalysisRunning, TheReportNamesTheLevelAlikeBeforeAndAfterTheBarMoved)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     const QString before = report().toPlainText();
     EXPECT_TRUE(before.contains(QStringLiteral("F(0.05)")));
@@ -145,7 +145,7 @@ TEST_F(AnalysisRunning, TheReportNamesTheLevelAlikeBeforeAndAfterTheBarMoved)
 
 TEST_F(AnalysisRunning, ReplacesTheReportByTheLinesOfTheTest)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run();
     EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
     const QStringList lines = reportLines();
@@ -171,7 +171,7 @@ TEST_F(AnalysisRunning, ReplacesTheReportByTheLinesOfTheTest)
 
 TEST_F(AnalysisRunning, TheReportStartsAtItsFirstLine)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     show();
     run();
     EXPECT_EQ(report().verticalScrollBar()->value(), 0);
@@ -191,7 +191,7 @@ TEST_F(AnalysisRunning, TheReportHasTheDecimalSignOfTheLocale)
     };
     for (const auto& [locale, sign] : cases) {
         QLocale::setDefault(locale);
-        openSquare(propellant);
+        openSquare(propellantRows);
         EXPECT_EQ(datos().value(2, 1), 20.0);
         run();
         const auto written = [point = sign](const char* number) {
@@ -205,7 +205,7 @@ TEST_F(AnalysisRunning, TheReportHasTheDecimalSignOfTheLocale)
 
 TEST_F(AnalysisRunning, ACellBeingEditedCounts)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     show();
     run();
     const QString before = report().toPlainText();
@@ -214,7 +214,7 @@ TEST_F(AnalysisRunning, ACellBeingEditedCounts)
     EXPECT_EQ(datos().value(3, 2), 99.0);
     const QString after = report().toPlainText();
     EXPECT_NE(after, before);
-    Rows changed = propellant;
+    Rows changed = propellantRows;
     changed[1][2] = 99;
     openSquare(changed);
     run();
@@ -223,7 +223,7 @@ TEST_F(AnalysisRunning, ACellBeingEditedCounts)
 
 TEST_F(AnalysisRunning, ARefusedCellStopsTheRun)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     show();
     typeIntoCell(1, 1, QStringLiteral("1.234,5"));
     run();
@@ -303,7 +303,7 @@ TEST_F(AnalysisRunning, RunningOutOfMemoryIsSaidInSpanish)
 
 TEST_F(AnalysisRunning, TheKeyboardReachesEverything)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     show();
     auto* analyse = find<QToolButton>("SpeedButton1");
     analyse->setFocus();
@@ -342,7 +342,7 @@ TEST_F(AnalysisRunning, TheKeyboardReachesEverything)
 
 TEST_F(AnalysisRunning, ThePropellantSquareByEveryTest)
 {
-    openSquare(propellant);
+    openSquare(propellantRows);
     run(ranks, 1);
     expectNumber(QStringLiteral("Estadística de prueba B= "), "21.1495384615385");
     expectNumber(QStringLiteral("Según el valor de B, se "), "rechaza H0");
@@ -415,10 +415,10 @@ TEST_F(AnalysisRunning, OnlyARunChangesWhetherAnExactDistributionCanBeSeen)
 TEST_F(AnalysisRunning, TheGridIsTakenColumnByRow)
 {
     // Only the transposed square has its rows' sums in its columns.
-    Rows transposed(propellant.size(), std::vector<double>(propellant.size()));
-    for (std::size_t row = 0; row < propellant.size(); ++row)
-        for (std::size_t column = 0; column < propellant.size(); ++column)
-            transposed[column][row] = propellant[row][column];
+    Rows transposed(propellantRows.size(), std::vector<double>(propellantRows.size()));
+    for (std::size_t row = 0; row < propellantRows.size(); ++row)
+        for (std::size_t column = 0; column < propellantRows.size(); ++column)
+            transposed[column][row] = propellantRows[row][column];
     openSquare(transposed);
     run();
     EXPECT_TRUE(afterLabel(QStringLiteral("Filas ")).contains(QStringLiteral(" 150 ")));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/NumberText.h"
 
+#include "support/SpecialNumbers.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
 
@@ -10,13 +11,9 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <random>
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 class NumberText : public ::testing::Test {
     UserLocale m_point{"C"};

@@ -1,11 +1,17 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
-# With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one.
+# With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one. The sources
+# are compiled as one, but for those APART, whose local names are those of another.
 function(add_layer_test name)
-    cmake_parse_arguments(arg "GUI" "MAIN;TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "GUI" "MAIN;TIMEOUT" "SOURCES;APART;LIBRARIES" ${ARGN})
     string(REPLACE "." "_" target test_${name})
-    add_executable(${target} ${arg_SOURCES})
+    add_executable(${target} ${arg_SOURCES} ${arg_APART})
+    # GoogleTest and Qt's headers are read once per program instead of once per source.
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+    # Joined, the sources are headers to gcc, where a fixture in an anonymous namespace is a mistake.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    set_source_files_properties(${arg_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(
         ${target} PRIVATE CL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CL_BINARY_DIR="${PROJECT_BINARY_DIR}"

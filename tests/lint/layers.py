@@ -2,108 +2,146 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Fails on an include that runs against the layers of docs/architecture.md, and on circles.
 
-A folder under src/ is a layer. Its files may include their own layer and the layers named for it
-below; a test folder may include what its layer may. The targets named below are the halves without a
-window: their files, and what these include of their own layer, see less.
+What a file may include is read from its folder. A test may include what the sources may that it tests,
+and the headers of the tests; which parts of Qt it takes is its own affair.
+
+A unit is a header and its sources: the `.cpp` of its name, and those that open with a comment
+
+    // The second file of Header: what of it is written here
+
+which every other `.cpp` but main.cpp must have. No units include each other in a circle.
 """
 
-import glob
-import os
+import functools
 import pathlib
 import re
 import sys
 
-LAYERS = {
-    "base": set(),
-    "stats": {"base"},
-    "window": set(),
-    "grid": {"base", "window"},
-    "square": {"base", "grid", "window"},
-    "chart": {"base", "window"},
-    "power": {"base", "stats", "chart", "window"},
-    "analysis": {"base", "stats", "grid", "square", "chart", "window"},
-    "manual": {"window"},
-    "shell": {"base", "stats", "grid", "square", "chart", "power", "analysis", "manual", "window"},
-}
+NO_QT, CORE, GUI, WIDGETS = (), ("QtCore",), ("QtCore", "QtGui"), ("QtCore", "QtGui", "QtWidgets")
 
-# (layer, target): what its files may include beside their own layer.
-NOTHING, QT_CORE = "the C++ library and Boost", "Qt Core"
-HALVES = {
-    ("base", "base"): (QT_CORE, set()),
-    ("stats", "stats"): (NOTHING, set()),
-    ("stats", "estad"): (QT_CORE, {"base"}),
-    ("square", "squarefile"): (QT_CORE, {"base"}),
-    ("chart", "chartscale"): (QT_CORE, {"base"}),
-    ("power", "powerstudy"): (QT_CORE, {"base", "stats"}),
-}
+# From the bottom up: the modules of Qt that a folder sees, and the folders beside its own. The name of
+# a layer stands for all its folders.
+FOLDERS = {
+    "base": (CORE, set()),
+    "record": (CORE, {"base"}),
+    "experiment": (CORE, {"base"}),
+    "stats/numbers": (NO_QT, set()),
+    "stats/words": (CORE, {"base", "stats/numbers"}),
+    "window": (WIDGETS, {"base"}),
+    "controls": (WIDGETS, {"base"}),
+    "grid/model": (GUI, {"base", "record"}),
+    "grid/view": (WIDGETS, {"base", "record", "experiment", "window", "controls", "grid/model"}),
+    "square/file": (CORE, {"base", "record"}),
+    "square/extraction": (WIDGETS, {"base", "experiment", "grid"}),
+    "square/editor": (
+        WIDGETS,
+        {
+            "base", "record", "experiment", "window", "controls", "grid", "square/file",
+            "square/extraction",
+        },
+    ),
+    "chart/scale": (CORE, {"base"}),
+    "chart/drawing": (GUI, {"base", "chart/scale"}),
+    "chart/control": (WIDGETS, {"base", "window", "controls", "chart/scale", "chart/drawing"}),
+    "distribution": (WIDGETS, {"base", "stats/numbers", "window", "controls", "chart"}),
+    "power/study": (CORE, {"base", "stats/numbers"}),
+    "power/window": (
+        WIDGETS,
+        {"base", "stats/numbers", "window", "controls", "chart", "power/study"},
+    ),
+    "analysis": (
+        WIDGETS,
+        {
+            "base", "record", "stats", "window", "controls", "grid", "square", "chart",
+            "distribution",
+        },
+    ),
+    "manual": (WIDGETS, {"base", "window", "controls"}),
+    "shell": (
+        WIDGETS,
+        {
+            "base", "record", "experiment", "stats", "window", "controls", "grid", "square",
+            "chart", "distribution", "power", "analysis", "manual",
+        },
+    ),
+}  # fmt: skip
 
-EDITOR = "square/Formeditor.h"  # known to the shell alone
+EDITOR = "square/editor/Formeditor.h"
+KNOW_THE_EDITOR = ("square/editor", "shell")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]', re.MULTILINE)
-CORE_HEADERS = {
-    os.path.basename(path) for path in glob.glob("/usr/include/*/qt6/QtCore/*")
-}
+QT_CLASS = re.compile(r"^Q(?:[A-Z]|t[A-Z])")
+PART = re.compile(r"\A(?:// SPDX[^\n]*\n)?// The (?:second|third|fourth) file of (\w+): ")
 
 
 def includes(text, kind):
     return [target for found, target in INCLUDE.findall(text) if found == kind]
 
 
-def is_qt(header):
-    return re.match(r"^Q([A-Z]|t[A-Z])", header) is not None
+def folder_of(path):
+    """The folder of the table that a path under src/ or tests/ lies in; None where it is none."""
+    parts = path.split("/")
+    return next((name for name in ("/".join(parts[:2]), parts[0]) if name in FOLDERS), None)
 
 
-def against_the_layers(layer, name, text):
-    """The includes of one file that run upwards."""
-    for target in includes(text, '"'):
-        head = target.split("/")[0]
-        if head in LAYERS and head != layer and head not in LAYERS[layer]:
-            yield f"{name}: layer {layer} may not include {target}"
-        elif target == EDITOR and layer not in ("square", "shell"):
+def may_include(folder, target):
+    allowed = FOLDERS[folder][1] | {folder}
+    return target in allowed or target.split("/")[0] in allowed
+
+
+def against_the_folder(folder, name, text):
+    """The project's headers that a file of a folder may not include."""
+    for header in includes(text, '"'):
+        target = folder_of(header)
+        if target and not may_include(folder, target):
+            yield f"{name}: {folder} may not include {header}"
+        elif header == EDITOR and folder not in KNOW_THE_EDITOR:
             yield f"{name}: only the shell knows the editor"
 
 
-def against_the_half(layer, target, name, text):
-    """The includes of one file of a half that it may not see."""
-    qt, layers = HALVES[layer, target]
+@functools.cache
+def qt_headers(module):
+    return {path.name for path in pathlib.Path("/usr/include").glob(f"*/qt6/{module}/*")}
+
+
+def against_the_modules(folder, name, text):
+    """The headers of Qt that a file of a folder does not see."""
+    modules = FOLDERS[folder][0]
+    seen = set().union(*map(qt_headers, modules))
     for header in includes(text, "<"):
-        if is_qt(header) and (qt == NOTHING or header not in CORE_HEADERS):
-            yield f"{name}: {target} sees {qt} only, not {header}"
-    for header in includes(text, '"'):
-        head = header.split("/")[0]
-        if head in LAYERS and head != layer and head not in layers:
-            yield f"{name}: {target} may not include {header}"
+        if QT_CLASS.match(header) and header.split("/")[-1] not in seen:
+            yield f"{name}: {folder} sees {' and '.join(modules) or 'no Qt'}, not {header}"
 
 
-def files(folder):
-    return sorted(path for path in folder.rglob("*") if path.suffix in (".h", ".cpp"))
+def unit_of(path, text, headers):
+    """The unit that a file under src/ belongs to, named as its header without the ending; None for a
+    source whose header is not known."""
+    stem = str(path.with_suffix(""))
+    if path.suffix == ".h" or f"{stem}.h" in headers or path.name == "main.cpp":
+        return stem
+    of = PART.match(text)
+    header = str(path.with_name(f"{of.group(1)}.h")) if of else ""
+    return header.removesuffix(".h") if header in headers else None
 
 
-def sources_of(cmake, target):
-    """The sources that a layer's CMakeLists.txt lists for a target."""
-    found = re.search(rf"add_(?:qt_)?layer\(\s*{target}\s+([^)]*)\)", cmake)
-    return found.group(1).split() if found else []
+def units_of(texts):
+    """(the units that each unit includes, the sources without a header)
 
-
-def files_of_half(source, layer, target):
-    """The sources of a half and all headers of the layer that they reach."""
-    cmake = (source / layer / "CMakeLists.txt").read_text()
-    waiting = [source / layer / name for name in sources_of(cmake, target)]
-    reached = set()
-    while waiting:
-        path = waiting.pop()
-        if path not in reached and path.is_file():
-            reached.add(path)
-            waiting += [
-                source / header
-                for header in includes(path.read_text(), '"')
-                if header.startswith(layer + "/")
-            ]
-    return sorted(reached)
+    `texts` holds the text of every file under src/ by its path from there."""
+    headers = {name for name in texts if name.endswith(".h")}
+    graph, homeless = {}, []
+    for name, text in sorted(texts.items()):
+        unit = unit_of(pathlib.PurePath(name), text, headers)
+        if unit is None:
+            homeless.append(name)
+        else:
+            others = {header.removesuffix(".h") for header in includes(text, '"')}
+            graph.setdefault(unit, set()).update(others - {unit})
+    return graph, homeless
 
 
 def circles(graph):
-    """The circles among units (a header and its sources) that include each other's headers."""
+    """The circles among units that include each other's headers."""
     found, done = [], set()
 
     def walk(unit, trail):
@@ -119,33 +157,30 @@ def circles(graph):
     return found
 
 
-def headers_graph(source):
-    """For each header under src/, the headers of the project that it includes."""
+def texts_under(top):
     return {
-        str(path.relative_to(source)): set(includes(path.read_text(), '"'))
-        for path in files(source)
-        if path.suffix == ".h"
+        path.relative_to(top).as_posix(): path.read_text()
+        for path in sorted(top.rglob("*"))
+        if path.suffix in (".h", ".cpp")
     }
 
 
 def complaints(root):
-    source = root / "src"
-    for folder in sorted(path for path in source.iterdir() if path.is_dir()):
-        layer = folder.name
-        if layer not in LAYERS:
-            yield f"src/{layer}: a folder that is no layer"
-            continue
-        for top in (folder, root / "tests" / layer):
-            for path in files(top) if top.is_dir() else []:
-                yield from against_the_layers(
-                    layer, str(path.relative_to(root)), path.read_text()
-                )
-    for layer, target in HALVES:
-        for path in files_of_half(source, layer, target):
-            yield from against_the_half(
-                layer, target, str(path.relative_to(root)), path.read_text()
-            )
-    for circle in circles(headers_graph(source)):
+    sources, tests = texts_under(root / "src"), texts_under(root / "tests")
+    for name, text in sources.items():
+        folder = folder_of(name)
+        if folder is None:
+            yield f"src/{name}: lies in a folder that is no layer"
+        else:
+            yield from against_the_folder(folder, f"src/{name}", text)
+            yield from against_the_modules(folder, f"src/{name}", text)
+    for name, text in tests.items():
+        if folder := folder_of(name):
+            yield from against_the_folder(folder, f"tests/{name}", text)
+    graph, homeless = units_of(sources)
+    for name in homeless:
+        yield f"src/{name}: no header of its name, and no first line '// The second file of Header: ...'"
+    for circle in circles(graph):
         yield f"a circle: {circle}"
 
 

@@ -14,10 +14,9 @@ import pathlib
 import random
 import shutil
 import subprocess
-import sys
 import time
-import unittest
 
+from driven import ProgramTest, main
 from stranger import PATIENCE, NotFound, output, wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -165,9 +164,7 @@ def three_editors(life, folder):
 ROOMS = (editor, editor_of_a_file, refused_cell, analysis, graph, power, three_editors)
 
 
-class Bursts(unittest.TestCase):
-    executable = None
-
+class Bursts(ProgramTest):
     def test_no_burst_of_keys_ends_or_blocks_the_program(self):
         folder = SCRATCH / "cuadrados"
         folder.mkdir()
@@ -203,5 +200,4 @@ class Bursts(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Bursts.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

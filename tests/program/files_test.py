@@ -10,10 +10,9 @@ import os
 import pathlib
 import re
 import shutil
-import sys
-import unittest
 
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -42,9 +41,7 @@ def changes_files(call, arguments):
     return not call.startswith("open") or FOR_WRITING.search(arguments) is not None
 
 
-class Files(unittest.TestCase):
-    executable = None
-
+class Files(ProgramTest):
     def whole_session(self, program, folder):
         """Opens, saves, analyses, exports, draws, studies. @return the files that were named."""
         square = folder / "propelente.asc"
@@ -109,8 +106,7 @@ class Files(unittest.TestCase):
         folder.mkdir()
         trace = SCRATCH / "llamadas.txt"
         tracer = ["strace", "-D", "-f", "-qq", "-e", f"trace={CALLS}", "-s", "400", "-o", str(trace)]
-        program = Program(self.executable, under=tracer, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(program.kill)
+        program = self.start(under=tracer)
         named = self.whole_session(program, folder)
 
         self.assertEqual(list(self.stray_writes(trace, named)), [])
@@ -125,5 +121,4 @@ class Files(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Files.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -7,15 +7,13 @@ frame_test.py EXECUTABLE, below on_virtual_display.
 
 import pathlib
 import subprocess
-import sys
-import unittest
 
 import pyatspi
 
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-LOCALE = {"LC_ALL": "es_ES.UTF-8"}
 
 
 def place(control):
@@ -31,12 +29,9 @@ def overlap(a, b):
     return a[0] < b[0] + b[2] and b[0] < a[0] + a[2] and a[1] < b[1] + b[3] and b[1] < a[1] + a[3]
 
 
-class Frame(unittest.TestCase):
-    executable = None
-
+class Frame(ProgramTest):
     def start(self):
-        program = Program(self.executable, **LOCALE)
-        self.addCleanup(program.kill)
+        program = super().start()
         program.find("frame", "Editor")
         return program
 
@@ -130,5 +125,4 @@ class Frame(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Frame.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

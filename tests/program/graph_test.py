@@ -8,12 +8,11 @@ graph_test.py EXECUTABLE, below on_virtual_display.
 import os
 import pathlib
 import subprocess
-import sys
-import unittest
 
 import pyatspi
 
-from stranger import Program, wait_for, xdotool
+from driven import ProgramTest, main
+from stranger import wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -39,12 +38,9 @@ def clipboard_picture():
     return subprocess.run(command, capture_output=True, check=False).stdout
 
 
-class Graphs(unittest.TestCase):
-    executable = None
-
+class Graphs(ProgramTest):
     def open_graph(self, statistic):
-        program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(program.kill)
+        program = self.start()
         program.click(program.find("push button", "Nuevo Análisis"))
         program.answer_file_dialog(ROOT / "ejemplos" / "orden3.asc")
         program.find("label", "DATOS A ANALIZAR")
@@ -124,5 +120,4 @@ class Graphs(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Graphs.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

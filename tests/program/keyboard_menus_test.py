@@ -5,22 +5,17 @@
 keyboard_menus_test.py EXECUTABLE, below on_virtual_display.
 """
 
-import pathlib
-import sys
-import unittest
 
 import pyatspi
 
 from by_keyboard import ORDER_3, clipboard, open_analysis, open_graph_of_c, open_power
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 
-class Menus(unittest.TestCase):
-    executable = None
-
+class Menus(ProgramTest):
     def setUp(self):
-        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(self.program.kill)
+        self.program = self.start()
 
     def dialog(self, caption, *keys):
         """Keys that bring a dialog up; Escape closes it, and the focus is where it was."""
@@ -144,5 +139,4 @@ class Menus(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Menus.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

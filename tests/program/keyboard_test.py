@@ -6,14 +6,11 @@ keyboard_test.py EXECUTABLE, below on_virtual_display.
 """
 
 import os
-import pathlib
-import sys
-import unittest
 
 import pyatspi
 
 from by_keyboard import LEVEL, ORDER_3, SAMPLES, open_analysis, open_editor, open_power, walk
-from stranger import Program
+from driven import ProgramTest, main
 
 CELLS_OF_ORDER_3 = (
     "12,500", "14,100", "11,800",
@@ -27,12 +24,9 @@ def cells(*texts):
     return [f"table cell «{text}»" for text in texts]
 
 
-class Keyboard(unittest.TestCase):
-    executable = None
-
+class Keyboard(ProgramTest):
     def setUp(self):
-        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(self.program.kill)
+        self.program = self.start()
 
     def check_reachable(self, window, reached, *otherwise):
         """Nothing in the window takes the keyboard but what was reached, or is otherwise."""
@@ -159,5 +153,4 @@ class Keyboard(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Keyboard.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -7,8 +7,6 @@ keyboard_work_test.py EXECUTABLE, below on_virtual_display.
 
 import os
 import pathlib
-import sys
-import unittest
 
 from by_keyboard import (
     LEVEL,
@@ -22,7 +20,8 @@ from by_keyboard import (
     save,
     walk,
 )
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 GOLDEN = ROOT / "tests" / "stats" / "data"
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -36,12 +35,9 @@ PROPELLANT = (
 )  # fmt: skip
 
 
-class Work(unittest.TestCase):
-    executable = None
-
+class Work(ProgramTest):
     def setUp(self):
-        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(self.program.kill)
+        self.program = self.start()
 
     def test_from_a_typed_square_to_its_report(self):
         program = self.program
@@ -137,5 +133,4 @@ class Work(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Work.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

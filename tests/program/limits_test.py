@@ -10,22 +10,17 @@ the screen, and what the program's memory grew by, in multiples of the input's s
 import os
 import pathlib
 import subprocess
-import sys
 import time
-import unittest
 
-from stranger import Program, wait_for
+from driven import ProgramTest, main
 
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 MEGABYTE = 1 << 20
 
 
-class Limits(unittest.TestCase):
-    executable = None
-
+class Limits(ProgramTest):
     def start(self):
-        program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(program.kill)
+        program = super().start()
         program.find("frame", "Editor")
         return program
 
@@ -104,5 +99,4 @@ class Limits(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Limits.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -7,10 +7,9 @@ main_path_test.py EXECUTABLE, below on_virtual_display.
 
 import os
 import pathlib
-import sys
-import unittest
 
-from stranger import Program, screenshot, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "stats" / "data" / "f_propelente_95.txt"
@@ -33,13 +32,9 @@ def files_below(folder):
     return sorted(str(path) for path in pathlib.Path(folder).rglob("*") if path.is_file())
 
 
-class MainPath(unittest.TestCase):
-    executable = None
-
+class MainPath(ProgramTest):
     def run_program(self, locale):
-        program = Program(self.executable, LC_ALL=f"{locale}.UTF-8")
-        self.addCleanup(program.kill)
-        return program
+        return self.start(f"{locale}.UTF-8")
 
     def type_propellant(self, program):
         """Order 5 by the keys of the arrows, then the numbers, Enter after each."""
@@ -102,5 +97,4 @@ class MainPath(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    MainPath.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

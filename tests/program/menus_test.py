@@ -6,12 +6,10 @@ tables and of the power window's buttons, and what the status line tells of each
 menus_test.py EXECUTABLE, below on_virtual_display.
 """
 
-import pathlib
-import sys
-import unittest
 
 from by_keyboard import ORDER_3, open_analysis, open_graph_of_c, open_power
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 # An entry and its tip, in their order; with a submenu, the tip and the submenu.
 FILE = {
@@ -89,12 +87,9 @@ OF_THE_HEADERS = {
 }
 
 
-class Menus(unittest.TestCase):
-    executable = None
-
+class Menus(ProgramTest):
     def setUp(self):
-        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(self.program.kill)
+        self.program = self.start()
 
     def wait_for_status(self, text):
         wait_for(f"the status {text}", lambda: self.program.status() == text)
@@ -180,5 +175,4 @@ class Menus(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Menus.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -7,10 +7,7 @@ names_test.py EXECUTABLE, below on_virtual_display.
 """
 
 import os
-import pathlib
 import re
-import sys
-import unittest
 
 import pyatspi
 
@@ -22,7 +19,8 @@ from by_keyboard import (
     open_editor,
     open_power,
 )
-from stranger import Program, wait_for, xdotool
+from driven import ProgramTest, main
+from stranger import Gone, wait_for, xdotool
 
 # The texts that the product has in English.
 OWN_ENGLISH = {
@@ -52,7 +50,8 @@ OPERABLE = {
 
 
 def role(control):
-    return control.getRoleName()
+    """The role of a control; of none, no role."""
+    return "" if control is None else control.getRoleName()
 
 
 def is_focusable(control):
@@ -123,28 +122,28 @@ def described(control):
     return " in ".join(path)
 
 
-class Names(unittest.TestCase):
-    executable = None
-
+class Names(ProgramTest):
     def setUp(self):
-        self.program = Program(self.executable, LC_ALL="es_ES.UTF-8")
-        self.addCleanup(self.program.kill)
+        self.program = self.start()
         self.program.find("label", "DATOS")
 
     def check(self, window, *expected):
         """Everything that is showing, once the expected controls (role, name) are among it."""
         for control in expected:
             self.program.find(*control)
-        faults = []
+        judged, faults = set(), []
         # The edit in an open cell hangs on nothing that can be walked to: it announces itself.
         for control in (*self.program.showing(), self.program.focus):
             try:
-                if fault := fault_of(control):
+                fault = fault_of(control)
+                judged.add((role(control), control.name))
+                if fault:
                     faults.append(f"{fault}: {described(control)}")
-            except Exception:  # gone while it was looked at
+            except Gone:
                 continue
         with self.subTest(window=window):
             self.assertFalse(faults, "\n" + "\n".join(faults))
+            self.assertLessEqual(set(expected), judged)
 
     def analyse(self, approach, test):
         self.program.click(self.program.find("radio button", approach))
@@ -310,5 +309,4 @@ class Names(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Names.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -8,12 +8,11 @@ power_test.py EXECUTABLE, below on_virtual_display.
 import os
 import pathlib
 import subprocess
-import sys
-import unittest
 
 import pyatspi
 
-from stranger import Program, wait_for
+from driven import ProgramTest, main
+from stranger import wait_for
 
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 LOGS = pathlib.Path(__file__).resolve().parents[1] / "power" / "data"
@@ -32,13 +31,10 @@ def picture(control):
     return subprocess.run(command, capture_output=True, check=True).stdout
 
 
-class Power(unittest.TestCase):
-    executable = None
-
+class Power(ProgramTest):
     def start(self, locale="es_ES.UTF-8"):
         """The program with a power window."""
-        program = Program(self.executable, LC_ALL=locale)
-        self.addCleanup(program.kill)
+        program = super().start(locale)
         program.click(program.find("push button", "Nueva Potencia"))
         program.find("push button", "Calcular")
         return program
@@ -159,5 +155,4 @@ class Power(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Power.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

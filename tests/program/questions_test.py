@@ -7,33 +7,16 @@ questions_test.py EXECUTABLE FAULTY_DISK, below on_virtual_display.
 """
 
 import errno
-import os
-import pathlib
 import shutil
-import sys
-import unittest
 
 from by_keyboard import REPORT_IS_COMPLETE, SAMPLES
-from stranger import NotFound, Program, wait_for
+from driven import DiskTest, main
+from stranger import NotFound, wait_for
 
-SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 QUESTION = "Desea guardar los cambios?"
 
 
-class Questions(unittest.TestCase):
-    executable = None
-    faulty_disk = None
-
-    def setUp(self):
-        self.folder = SCRATCH / self.id().rpartition(".")[2]
-        self.folder.mkdir()
-
-    def start(self, **environment):
-        program = Program(self.executable, LC_ALL="es_ES.UTF-8", **environment)
-        self.addCleanup(program.kill)
-        program.find("frame", "Editor")
-        return program
-
+class Questions(DiskTest):
     def changed_editor(self, program, name, value):
         """Opens a copy of a sample in an editor of its own and changes its first number."""
         path = self.folder / name
@@ -140,11 +123,9 @@ class Questions(unittest.TestCase):
     # An editor goes only when its analysis stands
 
     def test_an_editor_stays_when_its_file_cannot_be_analysed(self):
-        faults = self.folder / "faltas"
-        faults.write_text("")
-        program = self.start(LD_PRELOAD=str(self.faulty_disk), CL_FAULTS=str(faults))
+        program = self.start()
         editor = self.changed_editor(program, "a.asc", "7")
-        faults.write_text(f"read-open {errno.EACCES}\n")
+        self.faults.write_text(f"read-open {errno.EACCES}\n")
         program.choose("Editor", "Guardar y Analizar...")
         program.click(program.find("push button", "Aceptar"))
         program.wait_until_gone("push button", "Aceptar")
@@ -152,13 +133,11 @@ class Questions(unittest.TestCase):
         program.find("table cell", "7,000")
         self.assertIn(b"\t 7.0000000E+0000\t", (self.folder / "a.asc").read_bytes())
 
-        faults.write_text("")
+        self.faults.write_text("")
         program.choose("Editor", "Guardar y Analizar...")
         program.find("frame", "Análisis")
         self.assertNotIn(editor, program.windows())
 
 
 if __name__ == "__main__":
-    Questions.faulty_disk = pathlib.Path(sys.argv.pop(2)).resolve()
-    Questions.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -7,38 +7,16 @@ saves_test.py EXECUTABLE FAULTY_DISK, below on_virtual_display.
 """
 
 import errno
-import os
-import pathlib
 import shutil
 import subprocess
-import sys
-import unittest
 
 from by_keyboard import SAMPLES, finish_study, open_analysis, open_editor, open_graph_of_c, open_power
-from stranger import Program, wait_for
+from driven import DiskTest, main
+from stranger import wait_for
 
-SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 
 
-class Saves(unittest.TestCase):
-    executable = None
-    faulty_disk = None
-
-    def setUp(self):
-        self.folder = SCRATCH / self.id().rpartition(".")[2]
-        self.folder.mkdir()
-        self.faults = self.folder / "faltas"
-        self.faults.write_text("")
-
-    def start(self):
-        program = Program(
-            self.executable, LC_ALL="es_ES.UTF-8",
-            LD_PRELOAD=str(self.faulty_disk), CL_FAULTS=str(self.faults),
-        )
-        self.addCleanup(program.kill)
-        program.find("frame", "Editor")
-        return program
-
+class Saves(DiskTest):
     def file_name(self, program):
         """What stands in the file dialog that is open."""
         program.wait_for_focus("text «Nombre de fichero:»")
@@ -170,6 +148,4 @@ class Saves(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Saves.faulty_disk = pathlib.Path(sys.argv.pop(2)).resolve()
-    Saves.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

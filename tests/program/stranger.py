@@ -16,6 +16,10 @@ from gi.repository import GLib
 PATIENCE = 15.0  # seconds to wait for anything to appear; generous, for a loaded machine
 
 
+# What the bus raises for a control or an application that is gone while it is looked at.
+Gone = GLib.GError
+
+
 class NotFound(AssertionError):
     pass
 
@@ -78,7 +82,7 @@ class Program:
             try:
                 if application and application.get_process_id() == self.process.pid:
                     return application
-            except Exception:  # an application that left the bus while it was looked at
+            except Gone:  # an application that left the bus while it was looked at
                 continue
         return None
 
@@ -102,16 +106,17 @@ class Program:
             self._popups = [popup for popup in self._popups if popup != event.source]
             if event.detail1:
                 self._popups.append(event.source)
-        except Exception:  # gone while it was looked at
+        except Gone:  # gone while it was looked at
             return
 
     def _note_focus(self, event):
         try:
             # A child window has the focus along with the control in it.
             if event.detail1 and event.source.getRoleName() != "frame":
-                if event.source.getApplication().get_process_id() == self.process.pid:
+                application = event.source.getApplication()
+                if application is not None and application.get_process_id() == self.process.pid:
                     self.focus = event.source
-        except Exception:  # gone while it was looked at
+        except Gone:  # gone while it was looked at
             return
 
     @staticmethod
@@ -123,9 +128,11 @@ class Program:
     def focused(self):
         """What has the focus: "table cell «7,500»"."""
         self._hear()
+        if self.focus is None:
+            return None
         try:
             return f"{self.focus.getRoleName()} «{self.focus.name}»"
-        except Exception:  # nothing yet, or gone
+        except Gone:
             return None
 
     def wait_for_focus(self, *expected):
@@ -145,7 +152,7 @@ class Program:
                 children = [control.getChildAtIndex(i) for i in range(min(control.childCount, 400))]
                 if control is not self._application:
                     yield control
-            except Exception:  # gone while it was looked at
+            except Gone:  # gone while it was looked at
                 continue
             waiting += [child for child in children if child is not None]
 
@@ -158,7 +165,7 @@ class Program:
                     continue
                 if control.getState().contains(pyatspi.STATE_SHOWING):
                     found.append(control)
-            except Exception:
+            except Gone:
                 continue
         return found
 
@@ -168,7 +175,7 @@ class Program:
             try:
                 if control.getState().contains(pyatspi.STATE_SHOWING):
                     yield control
-            except Exception:
+            except Gone:
                 continue
 
     def status(self):

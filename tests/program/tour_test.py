@@ -11,10 +11,10 @@ import pathlib
 import re
 import shutil
 import sys
-import unittest
 
 from by_keyboard import LEVEL, ORDER_3, REPORT_IS_COMPLETE, ROOT, SAMPLES, walk
-from stranger import Program, wait_for, xdotool
+from driven import ProgramTest, main
+from stranger import wait_for, xdotool
 
 GOLDEN = ROOT / "tests" / "stats" / "data"
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -50,14 +50,7 @@ def write_square(path, rows):
     path.write_bytes("".join(line + "\r\n" for line in lines).encode())
 
 
-class Tour(unittest.TestCase):
-    executable = None
-
-    def start(self, locale="es_ES.UTF-8"):
-        program = Program(self.executable, LC_ALL=locale)
-        self.addCleanup(program.kill)
-        return program
-
+class Tour(ProgramTest):
     def open_analysis(self, program, path):
         program.click(program.find("push button", "Nuevo Análisis"))
         program.answer_file_dialog(path)
@@ -201,5 +194,4 @@ class Tour(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    Tour.executable = pathlib.Path(sys.argv.pop(1)).resolve()
-    unittest.main(verbosity=2, warnings="ignore")
+    main()

@@ -2,6 +2,8 @@
 // Closing the frame: everybody is asked before anybody goes.
 #include "shell/PrincipalFixture.h"
 
+#include "support/CellTyping.h"
+
 #include <QTableView>
 #include <QTest>
 
@@ -128,8 +130,7 @@ TEST_F(Leaving, ARefusedCellEndsItWithTheCellOpen)
     frame.NuevoArchivo1Click();
     frame.NuevoArchivo1Click();
     auto* table = active()->findChild<QTableView*>(QStringLiteral("Datos"));
-    QTest::keyClicks(table, QStringLiteral("1"));
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("..2"));
+    typeIntoCurrentCell(*table, QStringLiteral("1..2"));
     EXPECT_FALSE(frame.close());
     EXPECT_EQ(dialogs.errors.size(), 1U);
     EXPECT_TRUE(dialogs.questions.empty());

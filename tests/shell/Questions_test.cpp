@@ -3,6 +3,7 @@
 // it is open, nothing behind it closes, begins or asks, and it can be answered.
 #include "shell/Principal.h"
 
+#include "support/CellTyping.h"
 #include "support/Text.h"
 #include "window/Asking.h"
 #include "window/QtDialogs.h"
@@ -118,8 +119,7 @@ protected:
         frame.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
         table().setFocus();
-        QTest::keyClicks(&table(), QStringLiteral("1"));
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("..2"));
+        typeIntoCurrentCell(table(), QStringLiteral("1..2"));
     }
     /// Leaves the cell by the mouse: its box comes only after that.
     void leaveByMouse()

@@ -10,7 +10,7 @@ namespace chart {
 
 namespace {
 
-constexpr long double limit = largestBound;
+constexpr long double farthest = largestBound;
 
 void includeWhereShown(AxisExtent& extent, double value, bool logarithmic)
 {
@@ -59,14 +59,15 @@ Bounds boundsAround(const AxisExtent& extent, double percent, bool logarithmic)
     const long double max = extent.max;
     if (!logarithmic) {
         const long double reach = (max - min) * margin;
-        return {std::clamp(min - reach, -limit, limit), std::clamp(max + reach, -limit, limit)};
+        return {std::clamp(min - reach, -farthest, farthest),
+                std::clamp(max + reach, -farthest, farthest)};
     }
     // min x exp((margin + 1) L) of the textbook form is max x exp(margin L), which keeps max itself
     // where the margin is 0.
     const long double reach = margin * std::log(max / min);
     const long double least = std::min<long double>(min, leastLogarithmicBound);
-    return {std::clamp(min * std::exp(-reach), least, limit),
-            std::clamp(max * std::exp(reach), least, limit)};
+    return {std::clamp(min * std::exp(-reach), least, farthest),
+            std::clamp(max * std::exp(reach), least, farthest)};
 }
 
 } // namespace chart

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form of the power window: its components, their names and where they stand.
+// The second file of Frmpotencia: the form, its components, their names and where they stand.
 #include "power/window/Frmpotencia.h"
 
 #include "chart/control/RChart.h"
@@ -9,6 +9,7 @@
 #include "controls/UpDown.h"
 #include "power/study/StudyLog.h"
 #include "window/Command.h"
+#include "window/Icons.h"
 #include "window/StatusTips.h"
 
 #include <QFrame>

@@ -20,7 +20,6 @@ struct HandOff;
 
 namespace square {
 
-
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
 ///

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the data editor looks like: its controls, its menu, and what they call.
+// The second file of Formeditor: its look, controls and menu, and what they call.
 #include "square/editor/Formeditor.h"
 
 #include "controls/Named.h"

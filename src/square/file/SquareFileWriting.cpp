@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The second file of SquareFile: from a square to bytes.
 #include "square/file/SquareFile.h"
 
 #include "base/FileText.h"

@@ -9,7 +9,7 @@ namespace stats {
 namespace {
 
 /// Where series and continued fractions stop.
-constexpr double tolerance = 1e-8;
+constexpr double seriesTolerance = 1e-8;
 
 /// Lanczos' coefficients for gamma = 5 (Numerical Recipes, 1986, section 6.1).
 constexpr std::array<double, 6> lanczos{76.18009173,  -86.50532033,  24.01409822,
@@ -37,7 +37,7 @@ double GammaSeries(double a, double x)
         denominator += 1.0;
         term = term * x / denominator;
         sum += term;
-        if (term == 0.0 || std::abs(term) < std::abs(sum) * tolerance)
+        if (term == 0.0 || std::abs(term) < std::abs(sum) * seriesTolerance)
             break;
     }
     return sum;
@@ -62,7 +62,7 @@ double GammaContFrac(double a, double x)
         if (a1 != 0.0) {
             factor = 1.0 / a1;
             const double value = b1 * factor;
-            if (std::abs((value - previous) / value) < tolerance)
+            if (std::abs((value - previous) / value) < seriesTolerance)
                 return value;
             previous = value;
         }
@@ -107,7 +107,7 @@ double BetaContFrac(double a, double b, double x)
         bm = bp / bpp;
         az = app / bpp;
         bz = 1.0;
-        if (std::abs(az - previous) < tolerance * std::abs(az))
+        if (std::abs(az - previous) < seriesTolerance * std::abs(az))
             break;
     }
     return az;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The second file of Estad.h: the classical F test with its table.
+// The second file of Estad: the classical F test with its table.
 #include "stats/words/Estad.h"
 
 #include "base/NumberText.h"

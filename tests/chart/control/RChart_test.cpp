@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/RChart.h"
 
+#include "support/PaintCounter.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
 
@@ -40,18 +41,6 @@ std::string errorOf(Call call)
     }
     return "no error";
 }
-
-class PaintCounter : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-    int paints = 0;
-};
 
 /// How many times a call makes a chart on the screen paint itself.
 template <typename Call>

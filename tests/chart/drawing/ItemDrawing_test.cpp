@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/drawing/ChartDrawing.h"
 
+#include "support/SpecialNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPainter>
 
 #include <cmath>
-#include <limits>
 
 using chart::ItemKind;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A curved line covers no pixel quite.
 constexpr int mostlyInked = 150;

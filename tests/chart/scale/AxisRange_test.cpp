@@ -9,7 +9,7 @@ using chart::AxisRange;
 
 namespace {
 
-AxisRange rangeOf(double low, double high, double minRange = 1e-10)
+AxisRange rangeWith(double low, double high, double minRange = 1e-10)
 {
     AxisRange range;
     range.setBounds(low, high);
@@ -34,7 +34,7 @@ TEST(AxisRange, BeginsAtZeroToTen)
 
 TEST(AxisRange, BoundWithinTheMinimumRangePushesTheOther)
 {
-    AxisRange range = rangeOf(0.0, 10.0, 2.0);
+    AxisRange range = rangeWith(0.0, 10.0, 2.0);
     range.setLow(9.0);
     expectBounds(range, 9.0, 11.0);
     range.setHigh(8.5);
@@ -45,21 +45,21 @@ TEST(AxisRange, BoundWithinTheMinimumRangePushesTheOther)
 
 TEST(AxisRange, BoundAtTheMinimumRangeMovesAlone)
 {
-    AxisRange range = rangeOf(0.0, 10.0, 2.0);
+    AxisRange range = rangeWith(0.0, 10.0, 2.0);
     range.setLow(8.0);
     expectBounds(range, 8.0, 10.0);
 }
 
 TEST(AxisRange, LowBoundMayBeTheGreaterOne)
 {
-    AxisRange range = rangeOf(0.0, 10.0);
+    AxisRange range = rangeWith(0.0, 10.0);
     range.setLow(20.0);
     expectBounds(range, 20.0, 10.0);
 }
 
 TEST(AxisRange, MinimumRangeWidensLowFirstAndThenAroundTheNewCentre)
 {
-    AxisRange range = rangeOf(0.0, 1.0);
+    AxisRange range = rangeWith(0.0, 1.0);
     range.setMinRange(4.0);
     // low = 0.5 - 2; high = (1 + low) / 2 + 2
     expectBounds(range, -1.5, 1.75);
@@ -68,7 +68,7 @@ TEST(AxisRange, MinimumRangeWidensLowFirstAndThenAroundTheNewCentre)
 
 TEST(AxisRange, MinimumRangeOfAWiderRangeMovesNothing)
 {
-    AxisRange range = rangeOf(3.0, 8.0);
+    AxisRange range = rangeWith(3.0, 8.0);
     range.setMinRange(5.0);
     expectBounds(range, 3.0, 8.0);
 }
@@ -101,7 +101,7 @@ TEST(AxisRange, BoundThatIsNoFiniteDoubleIsIgnored)
 TEST(AxisRange, EqualBoundsTogetherGetTheMinimumRange)
 {
     for (const double value : {0.0, 1.0, -3.0}) {
-        AxisRange range = rangeOf(5.0, 6.0, 0.5);
+        AxisRange range = rangeWith(5.0, 6.0, 0.5);
         range.setBounds(value, value);
         expectBounds(range, value, value + 0.5);
     }
@@ -132,7 +132,7 @@ TEST(AxisRange, KeepsTenBillionthsAtAMillion)
 
 TEST(AxisRange, LogarithmicBoundsWithoutALogarithmAreIgnored)
 {
-    AxisRange range = rangeOf(1.0, 100.0);
+    AxisRange range = rangeWith(1.0, 100.0);
     range.setLogarithmic(true);
     for (const double value : {0.0, -1.0, 1e-100}) {
         range.setLow(value);
@@ -147,7 +147,7 @@ TEST(AxisRange, LogarithmicBoundsWithoutALogarithmAreIgnored)
 
 TEST(AxisRange, PushingNeverLeavesTheLogarithms)
 {
-    AxisRange range = rangeOf(1e-3, 1.0, 1e-4);
+    AxisRange range = rangeWith(1e-3, 1.0, 1e-4);
     range.setLogarithmic(true);
     range.setHigh(1.05e-3); // the low bound would have to go to 9.5e-4
     expectBounds(range, 9.5e-4, 1.05e-3);
@@ -155,7 +155,7 @@ TEST(AxisRange, PushingNeverLeavesTheLogarithms)
     range.setHigh(1e-5); // far enough from the low bound to turn the axis round
     EXPECT_TRUE(chart::hasLogarithm(range.low()));
     EXPECT_TRUE(chart::hasLogarithm(range.high()));
-    const AxisRange before = rangeOf(5e-5, 1.0, 1e-4);
+    const AxisRange before = rangeWith(5e-5, 1.0, 1e-4);
     range = before;
     range.setLogarithmic(true);
     range.setHigh(6e-5); // the low bound would have to go below 0
@@ -164,24 +164,24 @@ TEST(AxisRange, PushingNeverLeavesTheLogarithms)
 
 TEST(AxisRange, SwitchingLogarithmicOnReplacesBoundsWithoutALogarithm)
 {
-    AxisRange range = rangeOf(0.0, 10.0);
+    AxisRange range = rangeWith(0.0, 10.0);
     range.setLogarithmic(true);
     expectBounds(range, 0.01, 10.0);
 
-    range = rangeOf(10.0, -4.0);
+    range = rangeWith(10.0, -4.0);
     range.setLogarithmic(true);
     expectBounds(range, 10.0, 0.01);
 
-    range = rangeOf(-5.0, 0.0);
+    range = rangeWith(-5.0, 0.0);
     range.setLogarithmic(true);
     expectBounds(range, 1.0, 10.0);
 
-    range = rangeOf(2.0, 3.0);
+    range = rangeWith(2.0, 3.0);
     range.setLogarithmic(true);
     expectBounds(range, 2.0, 3.0);
 
     for (const double minRange : {1.7e308, chart::largestBound}) {
-        range = rangeOf(-1e308, 1e308, minRange);
+        range = rangeWith(-1e308, 1e308, minRange);
         range.setLogarithmic(true);
         EXPECT_TRUE(chart::hasLogarithm(range.low()) && chart::hasLogarithm(range.high()));
         EXPECT_NE(range.low(), range.high());
@@ -190,7 +190,7 @@ TEST(AxisRange, SwitchingLogarithmicOnReplacesBoundsWithoutALogarithm)
 
 TEST(AxisRange, MinimumRangeOnALogarithmicAxisKeepsItsLogarithms)
 {
-    AxisRange range = rangeOf(1.0, 2.0);
+    AxisRange range = rangeWith(1.0, 2.0);
     range.setLogarithmic(true);
     range.setMinRange(10.0);
     // low stays: 1.5 - 5 has no logarithm; high = (2 + 1) / 2 + 5

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/scale/AxisScale.h"
 
+#include "chart/scale/RangeOf.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,14 +12,6 @@ using chart::AxisScale;
 using chart::PixelSpan;
 
 namespace {
-
-AxisRange rangeOf(long double low, long double high, bool logarithmic = false)
-{
-    AxisRange range;
-    range.setBounds(low, high);
-    range.setLogarithmic(logarithmic);
-    return range;
-}
 
 // 544 wide with rims 60 and 16 and a shadow of 4: the plot goes from 60 to 524.
 const PixelSpan across = PixelSpan::horizontal(544, 60, 16, 4);

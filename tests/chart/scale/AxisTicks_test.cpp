@@ -13,7 +13,7 @@ using chart::tickStep;
 
 namespace {
 
-AxisRange rangeOf(long double low, long double high, bool logarithmic = false)
+AxisRange fineRange(long double low, long double high, bool logarithmic = false)
 {
     AxisRange range;
     range.setMinRange(1e-99);
@@ -108,27 +108,27 @@ TEST(TickStep, GivesBetweenAllAskedForAndTwoAndAHalfTimesAsMany)
 
 TEST(LinearTicks, BeginAtTheFirstMultipleAndEndWithTheRange)
 {
-    expectPositions(linearTicks(rangeOf(0.0, 10.0), 8, false).main,
+    expectPositions(linearTicks(fineRange(0.0, 10.0), 8, false).main,
                     {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    expectPositions(linearTicks(rangeOf(0.3, 1.85), 3, false).main, {0.5, 1.0, 1.5});
-    expectPositions(linearTicks(rangeOf(-0.25, 0.31), 5, false).main,
+    expectPositions(linearTicks(fineRange(0.3, 1.85), 3, false).main, {0.5, 1.0, 1.5});
+    expectPositions(linearTicks(fineRange(-0.25, 0.31), 5, false).main,
                     {-0.2, -0.1, 0.0, 0.1, 0.2, 0.3});
 }
 
 TEST(LinearTicks, BoundThatIsNoExactDoubleHasItsTick)
 {
-    expectPositions(linearTicks(rangeOf(0.1, 0.7), 6, false).main,
+    expectPositions(linearTicks(fineRange(0.1, 0.7), 6, false).main,
                     {0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7});
 }
 
 TEST(LinearTicks, RunDownOnATurnedAxis)
 {
-    expectPositions(linearTicks(rangeOf(9.5, 0.0), 4, false).main, {8, 6, 4, 2, 0});
+    expectPositions(linearTicks(fineRange(9.5, 0.0), 4, false).main, {8, 6, 4, 2, 0});
 }
 
 TEST(LinearTicks, ShortTicksDivideEachStepAndStayInsideTheBounds)
 {
-    const AxisTicks ticks = linearTicks(rangeOf(0.5, 3.1), 2, true);
+    const AxisTicks ticks = linearTicks(fineRange(0.5, 3.1), 2, true);
     expectPositions(ticks.main, {1, 2, 3});
     expectPositions(ticks.minor, {0.6, 0.8, 1.0, 1.2, 1.4, 1.6, 1.8, 2.0, 2.2, 2.4, 2.6, 2.8, 3.0});
     EXPECT_EQ(ticks.grid, ticks.minor);
@@ -136,35 +136,35 @@ TEST(LinearTicks, ShortTicksDivideEachStepAndStayInsideTheBounds)
 
 TEST(LinearTicks, ShortTickAtEitherBoundIsThere)
 {
-    const AxisTicks ticks = linearTicks(rangeOf(0.0, 2.0), 2, true);
+    const AxisTicks ticks = linearTicks(fineRange(0.0, 2.0), 2, true);
     expectPositions(ticks.minor, {0, 0.2, 0.4, 0.6, 0.8, 1, 1.2, 1.4, 1.6, 1.8, 2});
 }
 
 TEST(LinearTicks, GridFollowsTheMainTicksWhenThereAreNoShortOnes)
 {
-    const AxisTicks ticks = linearTicks(rangeOf(0.0, 10.0), 4, false);
+    const AxisTicks ticks = linearTicks(fineRange(0.0, 10.0), 4, false);
     EXPECT_TRUE(ticks.minor.empty());
     EXPECT_EQ(ticks.grid, ticks.main);
 }
 
 TEST(LinearTicks, AtMostFiftyGridPositionsAndTicksAreRecorded)
 {
-    const AxisTicks dense = linearTicks(rangeOf(0.0, 19.0), 19, true);
+    const AxisTicks dense = linearTicks(fineRange(0.0, 19.0), 19, true);
     EXPECT_EQ(dense.main.size(), 20U);
     EXPECT_EQ(dense.minor.size(), 96U);
     EXPECT_EQ(dense.grid.size(), 50U);
-    EXPECT_EQ(linearTicks(rangeOf(0.0, 100.0), 100, false).main.size(), 50U);
+    EXPECT_EQ(linearTicks(fineRange(0.0, 100.0), 100, false).main.size(), 50U);
 }
 
 TEST(LinearTicks, LastTickMayLieAThousandthOfAStepBeyondTheRange)
 {
-    EXPECT_EQ(linearTicks(rangeOf(0.0, 9.9995), 9, false).main.size(), 11U);
-    EXPECT_EQ(linearTicks(rangeOf(0.0, 9.998), 9, false).main.size(), 10U);
+    EXPECT_EQ(linearTicks(fineRange(0.0, 9.9995), 9, false).main.size(), 11U);
+    EXPECT_EQ(linearTicks(fineRange(0.0, 9.998), 9, false).main.size(), 10U);
 }
 
 TEST(LinearTicks, PositionsAreNoRunningSum)
 {
-    const AxisTicks ticks = linearTicks(rangeOf(0.0, 2.0), 20, false);
+    const AxisTicks ticks = linearTicks(fineRange(0.0, 2.0), 20, false);
     const auto step = *tickStep(0.0L, 2.0L, 20);
     for (std::size_t i = 0; i < ticks.main.size(); ++i)
         EXPECT_EQ(ticks.main[i], static_cast<long double>(i) * step.step);
@@ -173,7 +173,7 @@ TEST(LinearTicks, PositionsAreNoRunningSum)
 TEST(LinearTicks, StepThatDoesNotMoveItsStartEndsTheWalk)
 {
     const long double base = 1e18L;
-    const AxisRange narrow = rangeOf(base, base); // widened to what the digits can tell apart
+    const AxisRange narrow = fineRange(base, base); // widened to what the digits can tell apart
     const AxisTicks ticks = linearTicks(narrow, 2000000000, true);
     EXPECT_LE(ticks.main.size(), 50U);
     for (std::size_t i = 1; i < ticks.main.size(); ++i)
@@ -182,14 +182,14 @@ TEST(LinearTicks, StepThatDoesNotMoveItsStartEndsTheWalk)
 
 TEST(LinearTicks, TenBillionthsAtAMillionHaveTicks)
 {
-    const AxisTicks ticks = linearTicks(rangeOf(1e6L, 1e6L + 1e-10L), 8, true);
+    const AxisTicks ticks = linearTicks(fineRange(1e6L, 1e6L + 1e-10L), 8, true);
     EXPECT_GE(ticks.main.size(), 9U);
     EXPECT_LE(ticks.main.size(), 12U);
 }
 
 TEST(LogarithmicTicks, StandAtThePowersOfTen)
 {
-    const AxisTicks ticks = logarithmicTicks(rangeOf(0.05, 2000.0, true), 8, true);
+    const AxisTicks ticks = logarithmicTicks(fineRange(0.05, 2000.0, true), 8, true);
     expectPositions(ticks.main, {0.1, 1, 10, 100, 1000});
     EXPECT_EQ(ticks.grid, ticks.main);
     ASSERT_FALSE(ticks.minor.empty());
@@ -199,15 +199,15 @@ TEST(LogarithmicTicks, StandAtThePowersOfTen)
 
 TEST(LogarithmicTicks, BoundsThatArePowersOfTenHaveTheirTicks)
 {
-    expectPositions(logarithmicTicks(rangeOf(0.001, 1000.0, true), 8, false).main,
+    expectPositions(logarithmicTicks(fineRange(0.001, 1000.0, true), 8, false).main,
                     {0.001, 0.01, 0.1, 1, 10, 100, 1000});
-    expectPositions(logarithmicTicks(rangeOf(1000.0, 1.0, true), 8, false).main,
+    expectPositions(logarithmicTicks(fineRange(1000.0, 1.0, true), 8, false).main,
                     {1000, 100, 10, 1});
 }
 
 TEST(LogarithmicTicks, LongRangesSkipDecades)
 {
-    const AxisTicks ticks = logarithmicTicks(rangeOf(1e-90L, 1e300L, true), 8, true);
+    const AxisTicks ticks = logarithmicTicks(fineRange(1e-90L, 1e300L, true), 8, true);
     EXPECT_LE(ticks.main.size(), 12U);
     EXPECT_GE(ticks.main.size(), 6U);
     EXPECT_TRUE(ticks.minor.empty());
@@ -215,7 +215,7 @@ TEST(LogarithmicTicks, LongRangesSkipDecades)
 
 TEST(LogarithmicTicks, ShortRangesAreDividedLinearly)
 {
-    expectPositions(logarithmicTicks(rangeOf(1.0, 5.0, true), 4, false).main, {1, 2, 3, 4, 5});
+    expectPositions(logarithmicTicks(fineRange(1.0, 5.0, true), 4, false).main, {1, 2, 3, 4, 5});
 }
 
 TEST(DateTimeTicks, DivideMinutesHoursAndDays)
@@ -223,7 +223,7 @@ TEST(DateTimeTicks, DivideMinutesHoursAndDays)
     constexpr double hour = 1.0 / 24.0;
     const auto step = [](double days, int intervals) {
         return static_cast<double>(
-            chart::dateTimeTicks(rangeOf(45000.0, 45000.0 + days), intervals, true).step);
+            chart::dateTimeTicks(fineRange(45000.0, 45000.0 + days), intervals, true).step);
     };
     EXPECT_DOUBLE_EQ(step(1.0, 8), 3 * hour);
     EXPECT_DOUBLE_EQ(step(1.0, 4), 6 * hour);
@@ -232,7 +232,7 @@ TEST(DateTimeTicks, DivideMinutesHoursAndDays)
     EXPECT_DOUBLE_EQ(step(hour, 4), hour / 4);
     EXPECT_DOUBLE_EQ(step(hour / 60, 4), 15.0 / 86400);
     EXPECT_DOUBLE_EQ(step(2.0 / 86400, 8), 1.0 / 86400); // no parts of a second
-    const AxisTicks day = chart::dateTimeTicks(rangeOf(45000.0, 45001.0), 8, true);
+    const AxisTicks day = chart::dateTimeTicks(fineRange(45000.0, 45001.0), 8, true);
     expectPositions(day.main, {45000, 45000.125, 45000.25, 45000.375, 45000.5, 45000.625, 45000.75,
                                45000.875, 45001});
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/scale/TickLabels.h"
 
+#include "chart/scale/RangeOf.h"
+
 #include "chart/scale/DateTimeScale.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
@@ -19,14 +21,6 @@ namespace {
 QString text(const char* expected)
 {
     return QString::fromUtf8(expected);
-}
-
-AxisRange rangeOf(long double low, long double high, bool logarithmic = false)
-{
-    AxisRange range;
-    range.setBounds(low, high);
-    range.setLogarithmic(logarithmic);
-    return range;
 }
 
 std::vector<QString> labelsOf(const AxisRange& range, const LabelFormat& format, int intervals = 4)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/view/GridFixture.h"
 
+#include "support/PaintCounter.h"
+
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QPainter>
@@ -10,20 +12,6 @@
 namespace {
 
 class View : public GridFixture {};
-
-/// Counts the times a widget is painted.
-class PaintCounter : public QObject {
-public:
-    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-    int count = 0;
-};
 
 } // namespace
 
@@ -129,7 +117,7 @@ TEST_F(View, ResizingKeepsTheCursorWhereItCan)
 TEST_F(View, FrozenItPaintsNothingAndReleasedItPaintsOnce)
 {
     QApplication::processEvents();
-    PaintCounter paints(table.viewport());
+    PaintCounter counter(*table.viewport());
     table.freeze();
     table.freeze();
     for (int i = 1; i <= 3; ++i) {
@@ -142,17 +130,17 @@ TEST_F(View, FrozenItPaintsNothingAndReleasedItPaintsOnce)
     }
     table.viewport()->update();
     QApplication::processEvents();
-    EXPECT_EQ(paints.count, 0);
+    EXPECT_EQ(counter.paints, 0);
     table.release();
     QApplication::processEvents();
-    EXPECT_EQ(paints.count, 1);
+    EXPECT_EQ(counter.paints, 1);
     EXPECT_GT(table.columnWidth(0), 64); // fitted on release
     table.release();
     QApplication::processEvents();
-    EXPECT_EQ(paints.count, 1);
+    EXPECT_EQ(counter.paints, 1);
     table.setValue(1, 1, 9);
     QApplication::processEvents();
-    EXPECT_EQ(paints.count, 2);
+    EXPECT_EQ(counter.paints, 2);
 }
 
 TEST_F(View, ColumnsAreAsWideAsTheirContentsUpToALimit)

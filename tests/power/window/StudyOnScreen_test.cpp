@@ -2,6 +2,7 @@
 // What the user sees while a study runs, and what becomes of clicks made meanwhile.
 #include "power/window/PowerFixture.h"
 
+#include "support/PaintCounter.h"
 #include "window/QtDialogs.h"
 
 #include <QApplication>
@@ -19,18 +20,6 @@
 
 namespace power {
 namespace {
-
-class PaintCounter : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
 
 void postClick(QWidget& widget)
 {

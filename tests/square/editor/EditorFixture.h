@@ -5,6 +5,7 @@
 #include "grid/view/NTabEd.h"
 #include "square/editor/Formeditor.h"
 #include "square/file/SquareBytes.h"
+#include "support/CellTyping.h"
 #include "support/ScriptedDialogs.h"
 #include "window/HandOff.h"
 
@@ -105,10 +106,7 @@ protected:
     /// Opens a cell, as a user does, and types into it; the cell stays open.
     void typeIntoCell(int column, int row, const char* text)
     {
-        datos().setFocus();
-        datos().setCurrentIndex(datos().model()->index(row - 1, column - 1));
-        QTest::keyClicks(&datos(), QString::fromLatin1(text).left(1));
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text).mid(1));
+        ::typeIntoCell(datos(), column, row, QString::fromLatin1(text));
     }
     void enterIntoCell(int column, int row, const char* text)
     {

@@ -21,7 +21,7 @@ QByteArrayList namesOf(const QByteArray& text)
     return names;
 }
 
-using Names = QByteArrayList;
+using Words = QByteArrayList;
 
 } // namespace
 
@@ -29,42 +29,42 @@ TEST(NameScanner, BareNamesEndAtAnySpace)
 {
     EXPECT_EQ(namesOf("uno dos\ttres\r\ncuatro\x01"
                       "cinco"),
-              Names({"uno", "dos", "tres", "cuatro", "cinco"}));
-    EXPECT_EQ(namesOf(" \t\r\n"), Names());
-    EXPECT_EQ(namesOf("\t a \t"), Names({"a"}));
+              Words({"uno", "dos", "tres", "cuatro", "cinco"}));
+    EXPECT_EQ(namesOf(" \t\r\n"), Words());
+    EXPECT_EQ(namesOf("\t a \t"), Words({"a"}));
 }
 
 TEST(NameScanner, QuotedNamesKeepTheirSpaces)
 {
-    EXPECT_EQ(namesOf("\t\"Col 1\"\t\"Col 2\"\r\n"), Names({"Col 1", "Col 2"}));
-    EXPECT_EQ(namesOf("\"a\tb\nc\" d"), Names({"a\tb\nc", "d"}));
+    EXPECT_EQ(namesOf("\t\"Col 1\"\t\"Col 2\"\r\n"), Words({"Col 1", "Col 2"}));
+    EXPECT_EQ(namesOf("\"a\tb\nc\" d"), Words({"a\tb\nc", "d"}));
 }
 
 TEST(NameScanner, DoubledQuotesReadAsOneInABareNameAndAsNoneInAQuotedOne)
 {
-    EXPECT_EQ(namesOf("a\"\"b"), Names({"a\"b"}));
-    EXPECT_EQ(namesOf("\"\"a\"\" b"), Names({"\"a\"", "b"}));
-    EXPECT_EQ(namesOf("\"\" \"\"\"\" "), Names({"\"", "\"\""}));
-    EXPECT_EQ(namesOf("\"a b\"\"c\""), Names({"a bc"}));
+    EXPECT_EQ(namesOf("a\"\"b"), Words({"a\"b"}));
+    EXPECT_EQ(namesOf("\"\"a\"\" b"), Words({"\"a\"", "b"}));
+    EXPECT_EQ(namesOf("\"\" \"\"\"\" "), Words({"\"", "\"\""}));
+    EXPECT_EQ(namesOf("\"a b\"\"c\""), Words({"a bc"}));
 }
 
 TEST(NameScanner, ASpaceRightAfterAnOpeningQuoteEndsTheName)
 {
-    EXPECT_EQ(namesOf("\" a"), Names({"", "a"}));
-    EXPECT_EQ(namesOf("\"a\"\" b\""), Names({"a", "b"}));
+    EXPECT_EQ(namesOf("\" a"), Words({"", "a"}));
+    EXPECT_EQ(namesOf("\"a\"\" b\""), Words({"a", "b"}));
 }
 
 TEST(NameScanner, AQuoteInABareNameOpensAQuotedPart)
 {
-    EXPECT_EQ(namesOf("a\"b c\"d e"), Names({"ab cd", "e"}));
-    EXPECT_EQ(namesOf("\"a b\"c d"), Names({"a bc", "d"}));
+    EXPECT_EQ(namesOf("a\"b c\"d e"), Words({"ab cd", "e"}));
+    EXPECT_EQ(namesOf("\"a b\"c d"), Words({"a bc", "d"}));
 }
 
 TEST(NameScanner, BytesAbove127AreNoSpaces)
 {
     EXPECT_EQ(namesOf("A\xC3\xB1o\xC2\xA0"
                       "1\xFF fin"),
-              Names({"A\xC3\xB1o\xC2\xA0"
+              Words({"A\xC3\xB1o\xC2\xA0"
                      "1\xFF",
                      "fin"}));
 }

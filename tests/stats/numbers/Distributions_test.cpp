@@ -2,6 +2,7 @@
 #include "stats/numbers/STATIS.h"
 
 #include "stats/numbers/Near.h"
+#include "support/SpecialNumbers.h"
 
 #include <boost/math/distributions/chi_squared.hpp>
 #include <boost/math/distributions/fisher_f.hpp>
@@ -15,9 +16,6 @@
 #include <vector>
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// The search stops at |cdf - p| < 1e-8; the cumulative functions add their own error.
 constexpr double quantileTolerance = 1.2e-8;

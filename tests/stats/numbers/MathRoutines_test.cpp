@@ -2,18 +2,14 @@
 #include "stats/numbers/MATH1.h"
 
 #include "stats/numbers/Near.h"
+#include "support/SpecialNumbers.h"
 
 #include <boost/math/special_functions/beta.hpp>
 #include <boost/math/special_functions/gamma.hpp>
 #include <gsl/gsl_sf_gamma.h>
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// The error of Lanczos' six coefficients as printed (1.2e-10 measured), relative above 1.
 constexpr double lanczosError = 1.5e-10;

@@ -2,20 +2,17 @@
 #include "stats/numbers/QuantileSearch.h"
 
 #include "stats/numbers/Near.h"
+#include "support/SpecialNumbers.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 
 using stats::bisected;
 using stats::SearchEnd;
 using stats::widened;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 double uniformCdf(double x)
 {

@@ -3,6 +3,7 @@
 
 #include "stats/numbers/MATRIX.h"
 #include "stats/numbers/Treatments.h"
+#include "support/Propellant.h"
 
 #include <utility>
 #include <vector>
@@ -64,15 +65,9 @@ inline stats::TMatrix balancedSquare()
     return squareWithLabels({1, 2, 3, 4, 4, 3, 2, 1, 1, 2, 3, 4, 4, 3, 2, 1}, 4);
 }
 
-/// Burning rates of a rocket propellant: batches in rows, operators in columns, formulations in
-/// cyclic layout. D. C. Montgomery, Design and Analysis of Experiments.
 inline stats::TMatrix propellantSquare()
 {
-    return squareOf({{24, 20, 19, 24, 24},
-                     {17, 24, 30, 27, 36},
-                     {18, 38, 26, 27, 21},
-                     {26, 31, 26, 23, 22},
-                     {22, 30, 20, 29, 31}});
+    return squareOf(propellantRows);
 }
 
 /// Assembly times of the same book's exercise on four assembly methods: C 10, D 14, A 7, B 8 / B 7,
