@@ -80,7 +80,7 @@ QColor linkColor(const QPalette& palette)
     const qreal ground = luminance(palette.color(QPalette::Base));
     QColor color = palette.color(QPalette::Link);
     for (int tenths = 9; tenths >= 0; --tenths) {
-        const auto [low, high] = std::minmax(ground, luminance(color));
+        const auto [low, high] = std::minmax({ground, luminance(color)});
         if ((high + 0.05) / (low + 0.05) >= legible)
             break;
         color =

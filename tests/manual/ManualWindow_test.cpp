@@ -36,7 +36,7 @@ double contrast(const QColor& one, const QColor& other)
         return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
                0.0722 * linear(color.blueF());
     };
-    const auto [low, high] = std::minmax(luminance(one), luminance(other));
+    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
     return (high + 0.05) / (low + 0.05);
 }
 
