@@ -48,9 +48,11 @@ QString failureText(const std::exception& failure)
 
 } // namespace
 
-TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
+TAnalisis::TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent,
+                     RunTest runTest)
     : ChildWindow(QStringLiteral("Analisis"), QStringLiteral("Análisis"), window::Picture::Analysis,
                   dialogs, parent)
+    , m_runTest(std::move(runTest))
 {
     createMenu();
     createLayout();
@@ -110,7 +112,13 @@ void TAnalisis::SpeedButton1Click()
     // Until a test has handed over a whole distribution there is none to see.
     m_ve->setEnabled(false);
     try {
-        m_report->setPlainText(runSelectedTest().join(QLatin1Char('\n')));
+        const stats::TestKind test = selectedTest();
+        const stats::TestReport report =
+            m_runTest(test, observations(), m_datos->NrOfColumns(), m_alpha);
+        if (test == stats::TestKind::C || test == stats::TestKind::M)
+            keepExact(report,
+                      test == stats::TestKind::C ? QStringLiteral("c") : QStringLiteral("m"));
+        m_report->setPlainText(report.lines.join(QLatin1Char('\n')));
     } catch (const std::exception& failure) {
         emit statusText(invitation());
         dialogs().showError(this, failureText(failure), plainCaption());
@@ -138,26 +146,7 @@ void TAnalisis::Exportar1Click()
               m_report->document()->isEmpty() ? QStringList() : m_report->lines());
 }
 
-QStringList TAnalisis::runSelectedTest()
-{
-    const stats::TMatrix matrix = observations();
-    const int n = m_datos->NrOfColumns();
-    switch (selectedTest()) {
-    case stats::TestKind::F:
-        return stats::FTest(matrix, n, m_alpha);
-    case stats::TestKind::Zimmerman:
-        return stats::ZimmermanTest(matrix, n, m_alpha);
-    case stats::TestKind::Bennett:
-        return stats::BennettTest(matrix, n, m_alpha);
-    case stats::TestKind::C:
-        return keepExact(stats::reportC(matrix, n, m_alpha), QStringLiteral("c"));
-    case stats::TestKind::M:
-        return keepExact(stats::reportM(matrix, n, m_alpha), QStringLiteral("m"));
-    }
-    return {};
-}
-
-QStringList TAnalisis::keepExact(const stats::SequenceReport& report, const QString& statistic)
+void TAnalisis::keepExact(const stats::TestReport& report, const QString& statistic)
 {
     if (report.exact)
         m_exact = *report.exact;
@@ -165,7 +154,6 @@ QStringList TAnalisis::keepExact(const stats::SequenceReport& report, const QStr
     m_exactTitle = report.exactTitle;
     m_exactName = statistic;
     m_ve->setEnabled(m_exactAvailable);
-    return report.lines;
 }
 
 void TAnalisis::openPendingFile(window::HandOff& handOff)

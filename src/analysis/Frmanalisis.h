@@ -4,6 +4,8 @@
 #include "stats/words/Estad.h"
 #include "window/ChildWindow.h"
 
+#include <functional>
+
 class QLabel;
 class QScrollBar;
 class QToolButton;
@@ -32,8 +34,13 @@ class TAnalisis : public window::ChildWindow {
     Q_OBJECT
 
 public:
+    /// What runs a test: stats::runTest(), or what fails as a test of this window wants it to.
+    using RunTest = std::function<stats::TestReport(stats::TestKind, const stats::TMatrix&, int n,
+                                                    double alpha)>;
+
     /// Both references must outlive the window.
-    TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
+    TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr,
+              RunTest runTest = stats::runTest);
 
     QString manualChapter() const override { return QStringLiteral("analisis"); }
     QSize sizeHint() const override;
@@ -63,10 +70,6 @@ public slots:
     void veClick();
     void Exportar1Click();
 
-protected:
-    /// Runs the selected test on the grid's square. @return its report lines.
-    virtual QStringList runSelectedTest();
-
 private:
     void createMenu();
     void createLayout();
@@ -84,9 +87,10 @@ private:
     stats::Approach selectedApproach() const;
     stats::TestKind selectedTest() const;
     stats::TMatrix observations() const;
-    /// Keeps the distribution of a sequence test for the graph. @return the report's lines
-    QStringList keepExact(const stats::SequenceReport& report, const QString& statistic);
+    /// Keeps the distribution of a sequence test for the graph.
+    void keepExact(const stats::TestReport& report, const QString& statistic);
 
+    const RunTest m_runTest;
     QToolButton* m_ve = nullptr;
     grid::TNTabEd* m_datos = nullptr;
     controls::RadioGroup* m_approaches = nullptr;

@@ -55,20 +55,10 @@ protected:
 
 /// A window whose tests fail on the way.
 template <typename Failure>
-class FailingAnalysis : public analysis::TAnalisis {
-public:
-    FailingAnalysis(window::HandOff& handOff, window::Dialogs& dialogs, const Failure& failure)
-        : TAnalisis(handOff, dialogs)
-        , m_failure(failure)
-    {
-    }
-
-protected:
-    QStringList runSelectedTest() override { throw m_failure; }
-
-private:
-    Failure m_failure;
-};
+analysis::TAnalisis::RunTest failingWith(const Failure& failure)
+{
+    return [failure](auto&&...) -> stats::TestReport { throw failure; };
+}
 
 } // namespace
 
@@ -275,8 +265,9 @@ TEST_F(AnalysisRunning, AFailingTestIsReportedAndLeavesNoWaitingText)
 {
     writeBytes(QStringLiteral("datos.asc"), squareFile(orderThree));
     dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
-    take(new FailingAnalysis(handOff, dialogs,
-                             std::runtime_error("array dimensions zero or negative")));
+    take(new analysis::TAnalisis(
+        handOff, dialogs, nullptr,
+        failingWith(std::runtime_error("array dimensions zero or negative"))));
     ve().setEnabled(true);
     run();
     ASSERT_EQ(dialogs.errors.size(), 1U);
@@ -295,7 +286,7 @@ TEST_F(AnalysisRunning, RunningOutOfMemoryIsSaidInSpanish)
 {
     writeBytes(QStringLiteral("datos.asc"), squareFile(orderThree));
     dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
-    take(new FailingAnalysis(handOff, dialogs, std::bad_alloc()));
+    take(new analysis::TAnalisis(handOff, dialogs, nullptr, failingWith(std::bad_alloc())));
     run();
     ASSERT_EQ(dialogs.errors.size(), 1U);
     EXPECT_TRUE(dialogs.errors[0].text.contains(QStringLiteral("no hay memoria suficiente")));

@@ -37,9 +37,10 @@ public:
 
 } // namespace
 
-TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent)
+TPotencia::TPotencia(window::Dialogs& dialogs, QWidget* parent, const StudySettings& settings)
     : ChildWindow(QStringLiteral("Potencia"), QStringLiteral("Potencia"), window::Picture::Power,
                   dialogs, parent)
+    , m_settings(settings)
 {
     createMenu();
     createPopups();
@@ -56,10 +57,9 @@ void TPotencia::BtnCalcularClick()
 {
     try {
         const BusyCursor busy;
-        const StudySettings asked = settings();
         m_graph->ClearItems();
-        log(startLines(asked));
-        runPowerStudy(asked, programAleatorio(), stats::programIntegers(),
+        log(startLines(m_settings));
+        runPowerStudy(m_settings, programAleatorio(), stats::programIntegers(),
                       [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
         emit statusText(QStringLiteral("Listo."));
         paintNow();

@@ -34,7 +34,8 @@ class TPotencia : public window::ChildWindow {
 
 public:
     /// The reference must outlive the window.
-    explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr);
+    explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr,
+                       const StudySettings& settings = {});
 
     QString manualChapter() const override { return QStringLiteral("potencia"); }
     QSize sizeHint() const override;
@@ -55,10 +56,6 @@ public slots:
     void GuardarGrafica1Click();
     void GuardarReporte1Click();
 
-protected:
-    /// What the next study is asked for.
-    virtual StudySettings settings() const { return m_settings; }
-
 private:
     void createMenu();
     void createPopups();
@@ -76,7 +73,7 @@ private:
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 
-    StudySettings m_settings;
+    StudySettings m_settings; ///< Of the next study.
 
     QMenu* m_menuSig = nullptr;
     QMenu* m_menuDist = nullptr;

@@ -100,7 +100,7 @@ QString exactTitleOf(QChar statistic, int n)
 }
 
 /// A report in its published form.
-QStringList handOver(const SequenceReport& report, ExactValues& values, bool& exactAvailable,
+QStringList handOver(const TestReport& report, ExactValues& values, bool& exactAvailable,
                      int& exactCount, QString& exactTitle)
 {
     exactTitle = report.exactTitle;
@@ -158,7 +158,7 @@ QStringList BennettTest(const TMatrix& observations, int n, double alpha)
     return lines;
 }
 
-SequenceReport reportC(const TMatrix& observations, int n, double alpha)
+TestReport reportC(const TMatrix& observations, int n, double alpha)
 {
     constexpr QLatin1Char name('C');
     const TestCResult result = testC(observations, n, alpha, programIntegers());
@@ -174,7 +174,7 @@ SequenceReport reportC(const TMatrix& observations, int n, double alpha)
     return {lines, result.exact, exactTitleOf(name, n)};
 }
 
-SequenceReport reportM(const TMatrix& observations, int n, double alpha)
+TestReport reportM(const TMatrix& observations, int n, double alpha)
 {
     constexpr QLatin1Char name('M');
     const TestMResult result = testM(observations, n, alpha);
@@ -182,6 +182,23 @@ SequenceReport reportM(const TMatrix& observations, int n, double alpha)
     lines << (result.exact ? exactLines(name, result.cumulative) : fLines(result, n))
           << sequenceDecisionLine(alpha, result.rejected);
     return {lines, result.exact, exactTitleOf(name, n)};
+}
+
+TestReport runTest(TestKind kind, const TMatrix& observations, int n, double alpha)
+{
+    switch (kind) {
+    case TestKind::F:
+        return {FTest(observations, n, alpha), std::nullopt, {}};
+    case TestKind::Zimmerman:
+        return {ZimmermanTest(observations, n, alpha), std::nullopt, {}};
+    case TestKind::Bennett:
+        return {BennettTest(observations, n, alpha), std::nullopt, {}};
+    case TestKind::C:
+        return reportC(observations, n, alpha);
+    case TestKind::M:
+        return reportM(observations, n, alpha);
+    }
+    return {};
 }
 
 QStringList TestC(const TMatrix& observations, int n, double alpha, ExactValues& values,

@@ -31,21 +31,25 @@ QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha);
 /// Bennett's rank test against chi-square with n - 1 degrees of freedom; equality rejects.
 QStringList BennettTest(const TMatrix& observations, int n, double alpha);
 
-/// What a sequence test answers: its lines and, up to order 3, the exact distribution.
-struct SequenceReport {
+/// What a test answers: its lines and, where it is a sequence test up to order 3, the exact
+/// distribution.
+struct TestReport {
     QStringList lines;
     std::optional<ExactDistribution> exact;
-    QString exactTitle; ///< Set always.
+    QString exactTitle; ///< Of a sequence test of any order.
 };
 
 /// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
 /// from the program's generator, so that two runs on one square differ: their z by some per cent.
 /// Beyond largestSimulatedOrder the report says that C is not approximated, and decides nothing.
-SequenceReport reportC(const TMatrix& observations, int n, double alpha);
+TestReport reportC(const TMatrix& observations, int n, double alpha);
 
 /// Sequence test M: exact up to order 3, against F(n - 1, n (n - 1)) beyond, where equality
 /// rejects.
-SequenceReport reportM(const TMatrix& observations, int n, double alpha);
+TestReport reportM(const TMatrix& observations, int n, double alpha);
+
+/// Any of the five.
+TestReport runTest(TestKind kind, const TMatrix& observations, int n, double alpha);
 
 /// An exact distribution as it is handed to the outside: first the values, ascending, then as many
 /// probabilities. Order 3 has 86 values of C and 112 of M.

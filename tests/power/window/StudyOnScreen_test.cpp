@@ -51,15 +51,6 @@ void postSpace(QObject* receiver)
         QCoreApplication::postEvent(receiver, new QKeyEvent(type, Qt::Key_Space, {}));
 }
 
-/// The kind that only a broken program asks for.
-class BrokenWindow : public TPotencia {
-public:
-    using TPotencia::TPotencia;
-
-protected:
-    StudySettings settings() const override { return {3, 500, 0.95, static_cast<ErrorKind>(3)}; }
-};
-
 } // namespace
 
 TEST_F(PowerWindow, TheStatusLineSaysHowFarItIs)
@@ -242,7 +233,7 @@ TEST_F(PowerWindow, AnUnknownKindOfErrorsIsFatal)
     EXPECT_EXIT(
         {
             Loud loud;
-            BrokenWindow broken(loud);
+            TPotencia broken(loud, nullptr, {3, 500, 0.95, static_cast<ErrorKind>(3)});
             in<QPushButton>(broken, "BtnCalcular").click();
         },
         testing::ExitedWithCode(1), "Error Fatal in Cuadrado Latino");
