@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Debian packages that the project needs, and how to install those that are missing. Sourced by
-# ./run, ./test and tools/validation.
+# ./run, ./test and the other tools.
 
 build_packages=(
     g++ cmake ninja-build ccache libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
@@ -18,6 +18,13 @@ test_packages=(
 
 # What tools/validation needs besides.
 validation_packages=(r-base-core)
+
+# What tools/manual and tools/package need besides.
+manual_packages=(python3 python3-markdown weasyprint fonts-dejavu-core)
+package_packages=("${manual_packages[@]}" debhelper dpkg-dev)
+
+# What tests/packaging/fresh_root needs besides.
+fresh_root_packages=(debootstrap lintian desktop-file-utils appstream)
 
 missing_packages() {
     local package

@@ -42,6 +42,7 @@ public:
     TAnalisis(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr,
               RunTest runTest = stats::runTest);
 
+    QString manualChapter() const override { return QStringLiteral("analisis"); }
     QSize sizeHint() const override;
 
     /// The significance level as a fraction; 0.05 at first.

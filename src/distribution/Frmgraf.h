@@ -21,6 +21,7 @@ public:
     /// The reference must outlive the window.
     explicit TGrafica(window::Dialogs& dialogs, QWidget* parent = nullptr);
 
+    QString manualChapter() const override { return QStringLiteral("distribucion"); }
     QSize sizeHint() const override;
 
     /// Takes a distribution over, to be shown by ShowDistribution().

@@ -2,6 +2,7 @@
 #include "shell/Principal.h"
 
 #include "analysis/Frmanalisis.h"
+#include "manual/ManualWindow.h"
 #include "power/window/Frmpotencia.h"
 #include "shell/Acercade.h"
 #include "shell/ActivationTiling.h"
@@ -93,12 +94,16 @@ TPrincipal::TPrincipal(window::Dialogs& dialogs, QWidget* parent)
     connect(nextKey, &QShortcut::activated, this, [this] { activateNeighbour(1); });
     auto* previousKey = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
     connect(previousKey, &QShortcut::activated, this, [this] { activateNeighbour(-1); });
+    auto* manualKey = new QShortcut(Qt::Key_F1, this);
+    connect(manualKey, &QShortcut::activated, this, &TPrincipal::showManual);
     setContextMenuPolicy(Qt::NoContextMenu); // the tool bar is not to be hidden by accident
 }
 
 TPrincipal::~TPrincipal()
 {
-    m_area->disconnect(this); // children that are still there leave it without a frame to tell
+    // What is still there leaves it without a frame to tell.
+    m_area->disconnect(this);
+    qApp->disconnect(this);
 }
 
 void TPrincipal::NuevoArchivo1Click()
@@ -155,6 +160,14 @@ void TPrincipal::Acercade1Click()
     m_about->activateWindow();
 }
 
+void TPrincipal::showManual()
+{
+    const QString chapter = m_activeChild == nullptr ? QString() : m_activeChild->manualChapter();
+    if (m_manual == nullptr) // a start does not wait for what may never be asked for
+        m_manual = new manual::TManual(this);
+    m_manual->showChapter(chapter.isEmpty() ? QStringLiteral("ventana-principal") : chapter);
+}
+
 bool TPrincipal::event(QEvent* event)
 {
     if (event->type() != QEvent::StatusTip)
@@ -173,21 +186,36 @@ void TPrincipal::changeEvent(QEvent* event)
             FormActivate();
         return;
     }
-    m_leftForOwnDialog =
-        QApplication::activeModalWidget() != nullptr || QApplication::activeWindow() == m_about;
+    m_leftForOwnDialog = QApplication::activeModalWidget() != nullptr ||
+                         companions().contains(QApplication::activeWindow());
     if (!m_leftForOwnDialog)
         m_tiling->frameLeft();
 }
 
-/// The frame may be inactive as one of its dialogs opens, and it may be left for the About box and
+/// The windows that stand beside the frame and may stay open: to look into one is not to leave the
+/// program.
+QList<QWidget*> TPrincipal::companions() const
+{
+    QList<QWidget*> found{m_about};
+    if (m_manual != nullptr)
+        found << m_manual;
+    return found;
+}
+
+/// The frame may be inactive as one of its dialogs opens, and it may be left for a companion and
 /// come back to from another program.
 void TPrincipal::focusWindowChanged(const QWindow* focused)
 {
     const bool isAsking = QApplication::activeModalWidget() != nullptr;
-    const bool isAbout = focused != nullptr && focused == m_about->windowHandle();
-    if (isAbout || (isAsking && focused != nullptr))
+    bool isCompanion = false;
+    bool companionIsOpen = false;
+    for (const QWidget* companion : companions()) {
+        isCompanion = isCompanion || (focused != nullptr && focused == companion->windowHandle());
+        companionIsOpen = companionIsOpen || companion->isVisible();
+    }
+    if (isCompanion || (isAsking && focused != nullptr))
         m_leftForOwnDialog = true;
-    else if (focused != windowHandle() && m_about->isVisible() && !isAsking)
+    else if (focused != windowHandle() && companionIsOpen && !isAsking)
         m_leftForOwnDialog = false;
 }
 
@@ -198,7 +226,8 @@ void TPrincipal::closeEvent(QCloseEvent* event)
         return;
     for (const QMdiSubWindow* place : m_area->subWindowList())
         childIn(*place)->closeUnasked();
-    m_about->close();
+    for (QWidget* companion : companions())
+        companion->close();
 }
 
 /// Asks the children one after the other, the one in front first, before any of them closes. The

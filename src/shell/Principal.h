@@ -9,6 +9,9 @@
 class QMdiArea;
 class QMdiSubWindow;
 
+namespace manual {
+class TManual;
+}
 namespace square {
 class TEditor;
 }
@@ -46,6 +49,8 @@ public slots:
     void Mosaico1Click();
     void Salir1Click();
     void Acercade1Click();
+    /// Shows the manual at the chapter of the active child.
+    void showManual();
 
 protected:
     bool event(QEvent* event) override;
@@ -67,6 +72,7 @@ private:
     void bringToFront(QMdiSubWindow* place);
     bool everyChildMayClose();
     void FormActivate();
+    QList<QWidget*> companions() const;
     void focusWindowChanged(const QWindow* focused);
     void subWindowActivated(QMdiSubWindow* subWindow);
 
@@ -74,11 +80,12 @@ private:
     window::HandOff m_handOff;
     QMdiArea* m_area = nullptr;
     TAcerca* m_about = nullptr;
+    manual::TManual* m_manual = nullptr; ///< Once it was asked for.
     ActivationTiling* m_tiling = nullptr;
     StatusLine* m_status = nullptr;
     QMenu* m_windowMenu = nullptr;
     QPointer<window::ChildWindow> m_activeChild;
-    bool m_leftForOwnDialog = false; ///< The frame lost the focus to one of its own dialogs.
+    bool m_leftForOwnDialog = false; ///< The frame lost the focus to a window of its own.
 };
 
 } // namespace shell

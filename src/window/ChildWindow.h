@@ -31,6 +31,9 @@ public:
     /// The child's own menu, merged into the frame's bar between "Archivo" and "Ventana".
     QMenu* menu() const { return m_menu; }
 
+    /// The chapter of the manual that tells of this kind of window; without one, that of the frame.
+    virtual QString manualChapter() const { return {}; }
+
     virtual void FormActivate();
     virtual void FormDeactivate();
     /// The child is closing: its last words to the status line.

@@ -14,6 +14,8 @@ import tempfile
 import unittest
 import xml.etree.ElementTree
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+COMPONENT = "example.cuadrado_latino.programa"
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
 
 
@@ -43,24 +45,33 @@ class Install(unittest.TestCase):
             self.assertEqual(header[:8], b"\x89PNG\r\n\x1a\n")
             self.assertEqual(int.from_bytes(header[16:20], "big"), size)
 
-    def test_metainfo_and_man_page_tell_the_version(self):
+    def test_metainfo_and_man_pages_tell_the_version(self):
         metainfo = xml.etree.ElementTree.parse(
-            self.root / "share/metainfo/cuadrado-latino.metainfo.xml"
+            self.root / f"share/metainfo/{COMPONENT}.metainfo.xml"
         )
+        self.assertEqual(metainfo.find("id").text, COMPONENT)
         newest = metainfo.find("releases/release")
         self.assertEqual(newest.get("version"), self.version)
         launchable = metainfo.find("launchable").text
         self.assertTrue((self.root / "share/applications" / launchable).is_file())
-        page = (self.root / "share/man/man1/cuadrado-latino.1").read_text(encoding="utf-8")
-        self.assertIn(f"Cuadrado Latino {self.version}", page)
+        for folder in "man1", "es/man1":
+            page = (self.root / "share/man" / folder / "cuadrado-latino.1").read_text("utf-8")
+            self.assertIn(f"Cuadrado Latino {self.version}", page)
+        changelog = (ROOT / "packaging/debian/changelog").read_text("utf-8")
+        self.assertTrue(changelog.startswith(f"cuadrado-latino ({self.version})"))
 
-    def test_what_the_manual_points_at_is_there_and_so_are_the_samples(self):
+    def test_pictures_that_the_software_centre_is_told_of_are_the_manuals(self):
+        metainfo = xml.etree.ElementTree.parse(
+            self.root / f"share/metainfo/{COMPONENT}.metainfo.xml"
+        )
+        images = [image.text.rsplit("/", 1)[1] for image in metainfo.iter("image")]
+        self.assertTrue(images)
+        for image in images:
+            self.assertTrue((ROOT / "docs/manual/imagenes" / image).is_file(), image)
+
+    def test_validation_and_samples_are_there(self):
         documents = self.root / "share/doc/cuadrado-latino"
-        manual = (documents / "manual.md").read_text(encoding="utf-8")
-        targets = [part.split(")")[0] for part in manual.split("](")[1:]]
-        self.assertTrue([target for target in targets if target.startswith("imagenes")])
-        for target in targets:
-            self.assertTrue((documents / target).is_file(), target)
+        self.assertTrue((documents / "validacion.md").is_file())
         self.assertTrue(list((documents / "ejemplos").glob("*.asc")))
 
 

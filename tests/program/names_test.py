@@ -241,6 +241,17 @@ class Names(ProgramTest):
         self.program.press("ctrl+e")
         self.check("export", ("dialog", "Exportar"))
 
+    def test_manual(self):
+        program = self.program
+        program.press("F1")
+        self.check("manual", ("frame", "Manual"), ("label", "El editor"))
+        chapter = program.text(program.find("label", "El editor"))
+        self.assertIn("Una celda sin escribir vale 0", chapter)
+        program.press("ctrl+f")
+        self.check("search", ("text", "Texto que se busca"))
+        program.type("xyzzy")
+        self.check("vain search", ("label", "No se encontró en el manual."))
+
     def test_graphs(self):
         open_analysis(self.program)
         for letter, test in ("C", "Prueba C (Exacta -> Normal)"), ("M", "Prueba M (Exacta -> F)"):

@@ -37,6 +37,7 @@ public:
     explicit TPotencia(window::Dialogs& dialogs, QWidget* parent = nullptr,
                        const StudySettings& settings = {});
 
+    QString manualChapter() const override { return QStringLiteral("potencia"); }
     QSize sizeHint() const override;
 
 public slots:

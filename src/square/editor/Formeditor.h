@@ -37,6 +37,7 @@ public:
     /// closes unasked. `handOff` and `dialogs` outlive the editor.
     TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent = nullptr);
 
+    QString manualChapter() const override { return QStringLiteral("editor"); }
     void FormActivate() override;
     void FormClose() override;
     bool mayClose() override;
