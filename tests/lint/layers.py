@@ -17,57 +17,26 @@ import pathlib
 import re
 import sys
 
-NO_QT, CORE, GUI, WIDGETS = (), ("QtCore",), ("QtCore", "QtGui"), ("QtCore", "QtGui", "QtWidgets")
+ARCHITECTURE = pathlib.Path(__file__).parents[2] / "docs/architecture.md"
+ROW = re.compile(r"^\| `([\w/]+)` \| ([^|]+) \|", re.MULTILINE)
+MODULES = {
+    "Qt Core": ("QtCore",),
+    "Qt Gui": ("QtCore", "QtGui"),
+    "Qt Widgets": ("QtCore", "QtGui", "QtWidgets"),
+}
 
-# From the bottom up: the modules of Qt that a folder sees, and the folders beside its own. The name of
-# a layer stands for all its folders.
-FOLDERS = {
-    "base": (CORE, set()),
-    "record": (CORE, {"base"}),
-    "experiment": (CORE, {"base"}),
-    "stats/numbers": (NO_QT, set()),
-    "stats/words": (CORE, {"base", "stats/numbers"}),
-    "window": (WIDGETS, {"base"}),
-    "controls": (WIDGETS, {"base"}),
-    "grid/model": (GUI, {"base", "record"}),
-    "grid/view": (WIDGETS, {"base", "record", "experiment", "window", "controls", "grid/model"}),
-    "square/file": (CORE, {"base", "record"}),
-    "square/extraction": (WIDGETS, {"base", "experiment", "grid"}),
-    "square/editor": (
-        WIDGETS,
-        {
-            "base", "record", "experiment", "window", "controls", "grid", "square/file",
-            "square/extraction",
-        },
-    ),
-    "chart/scale": (CORE, {"base"}),
-    "chart/drawing": (GUI, {"base", "chart/scale"}),
-    "chart/control": (WIDGETS, {"base", "window", "controls", "chart/scale", "chart/drawing"}),
-    "distribution": (WIDGETS, {"base", "stats/numbers", "window", "controls", "chart"}),
-    "power/study": (CORE, {"base", "stats/numbers"}),
-    "power/window": (
-        WIDGETS,
-        {"base", "stats/numbers", "window", "controls", "chart", "power/study"},
-    ),
-    "analysis": (
-        WIDGETS,
-        {
-            "base", "record", "stats", "window", "controls", "grid", "square", "chart",
-            "distribution",
-        },
-    ),
-    "manual": (WIDGETS, {"base", "window", "controls"}),
-    "shell": (
-        WIDGETS,
-        {
-            "base", "record", "experiment", "stats", "window", "controls", "grid", "square",
-            "chart", "distribution", "power", "analysis", "manual",
-        },
-    ),
-}  # fmt: skip
 
-EDITOR = "square/editor/Formeditor.h"
-KNOW_THE_EDITOR = ("square/editor", "shell")
+def folders_of(document):
+    """The table of layers in a document, from the bottom up: by folder the modules of Qt that it sees
+    and the folders beside its own. The name of a layer stands for all its folders."""
+    table = {}
+    for folder, allowed in ROW.findall(document):
+        modules = next((seen for name, seen in MODULES.items() if name in allowed), ())
+        table[folder] = (modules, set(re.findall(r"`([\w/]+)`", allowed)))
+    return table
+
+
+FOLDERS = folders_of(ARCHITECTURE.read_text())
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]', re.MULTILINE)
 QT_CLASS = re.compile(r"^Q(?:[A-Z]|t[A-Z])")
@@ -95,8 +64,6 @@ def against_the_folder(folder, name, text):
         target = folder_of(header)
         if target and not may_include(folder, target):
             yield f"{name}: {folder} may not include {header}"
-        elif header == EDITOR and folder not in KNOW_THE_EDITOR:
-            yield f"{name}: only the shell knows the editor"
 
 
 @functools.cache

@@ -8,6 +8,7 @@ import unittest
 
 from layers import (
     FOLDERS,
+    folders_of,
     against_the_folder,
     against_the_modules,
     circles,
@@ -64,6 +65,15 @@ class Folders(unittest.TestCase):
             for other in FOLDERS:
                 if one != other:
                     self.assertFalse(may_include(one, other) and may_include(other, one))
+
+
+class Table(unittest.TestCase):
+    def test_a_row_says_what_a_folder_may_include(self):
+        rows = "| folder | may include | holds |\n|---|---|---|\n| `a/b` | `c`, `d/e`, Qt Gui | all |\n"
+        self.assertEqual(folders_of(rows), {"a/b": (("QtCore", "QtGui"), {"c", "d/e"})})
+
+    def test_what_is_not_named_is_not_seen(self):
+        self.assertEqual(folders_of("| `a` | Boost | numbers |"), {"a": ((), set())})
 
 
 class Modules(unittest.TestCase):
