@@ -9,7 +9,7 @@
 #include "square/file/LoadedSquare.h"
 #include "window/Caption.h"
 #include "window/HandOff.h"
-#include "window/Icons.h"
+#include "window/Picture.h"
 
 #include <QLabel>
 #include <QScrollBar>

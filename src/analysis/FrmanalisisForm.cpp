@@ -7,7 +7,7 @@
 #include "controls/Named.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
-#include "square/extraction/Extraction.h"
+#include "square/extraction/ExtractionAnswer.h"
 #include "window/Command.h"
 
 #include <QGridLayout>

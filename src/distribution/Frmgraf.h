@@ -4,8 +4,6 @@
 #include "distribution/DistributionTable.h"
 #include "window/ChildWindow.h"
 
-class QAction;
-
 namespace chart {
 class TRChart;
 }

@@ -3,8 +3,8 @@
 
 #include "shell/PartNames.h"
 #include "shell/SpanishTexts.h"
-#include "window/Asking.h"
 #include "window/Dialogs.h"
+#include "window/OpenQuestion.h"
 
 #include <QLibraryInfo>
 #include <QSettings>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "window/Asking.h"
+#include "window/OpenQuestion.h"
 #include "window/Picture.h"
 
 #include <QAction>

@@ -34,8 +34,9 @@ enum class Answer {
 /// that answers by script.
 ///
 /// All calls are modal over `parent` and return once answered. Nothing else reaches the windows
-/// meanwhile (see Asking.h), but where `parent` is gone all the same by then, the call returns as
-/// cancelled: a window that does nothing on a cancelled question touches nothing that is dead.
+/// meanwhile (see OpenQuestion.h), but where `parent` is gone all the same by then, the call
+/// returns as cancelled: a window that does nothing on a cancelled question touches nothing that is
+/// dead.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

@@ -16,11 +16,11 @@ function(add_layer_test name)
     target_compile_definitions(
         ${target} PRIVATE CL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CL_BINARY_DIR="${PROJECT_BINARY_DIR}"
     )
-    # What is tested is optimised; the tests need it not, and GoogleTest's macros take it long.
-    target_compile_options(${target} PRIVATE -O0)
     target_link_libraries(${target} PRIVATE project_options ${arg_LIBRARIES} GTest::gtest)
     if(arg_GUI)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
+        # Pressing keys needs no optimiser, and GoogleTest's macros take it half the build.
+        target_compile_options(${target} PRIVATE -O0)
         if(NOT arg_MAIN)
             set(arg_MAIN ${PROJECT_SOURCE_DIR}/tests/support/gui_main.cpp)
         endif()

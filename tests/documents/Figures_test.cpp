@@ -4,7 +4,7 @@
 #include "distribution/DistributionTable.h"
 #include "documents/Chapter.h"
 #include "experiment/CyclicArrangement.h"
-#include "experiment/Extraction.h"
+#include "experiment/CyclicSquareReading.h"
 #include "power/study/Aleatorio.h"
 #include "power/study/ErrorTerms.h"
 #include "power/study/PowerStudy.h"

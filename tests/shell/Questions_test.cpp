@@ -5,7 +5,7 @@
 
 #include "support/CellTyping.h"
 #include "support/Text.h"
-#include "window/Asking.h"
+#include "window/OpenQuestion.h"
 #include "window/QtDialogs.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 
 #include "base/NumberText.h"
 #include "power/study/PowerStudy.h"
-#include "stats/numbers/CriticalPoints.h"
+#include "stats/numbers/CriticalFAndChiSquare.h"
 #include "stats/numbers/LatinSquareAnova.h"
 #include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/SequenceTests.h"

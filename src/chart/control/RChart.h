@@ -23,10 +23,9 @@ namespace chart {
 /// does not redraw; a range or an attribute that changes the picture does while AutoRedraw is on.
 /// What the user can do to the view says ChartNavigation.h.
 ///
-/// Windows of this program call MoveToXY() to FitRangeToData(), the captions, decimals and bounds,
-/// the grid, MinTickX, MouseAction, LRim, DataColor and what makes a picture. Shared data, figures,
-/// logarithmic, isometric and dated axes, texts at the ticks, pens and classes, the other colours
-/// and styles and the cross-hairs are published for the outside; here only tests call them.
+/// The windows of this program call a part of it: items, captions, bounds, decimals, the zoom and
+/// what makes a picture. The rest, such as shared data, logarithmic and dated axes or cross-hairs,
+/// is published for the outside, and here only tests call it.
 class TRChart : public QWidget {
     Q_OBJECT
 

@@ -7,8 +7,8 @@
 #include "grid/model/GridError.h"
 #include "grid/model/TableModel.h"
 #include "grid/view/CellDelegate.h"
-#include "window/Asking.h"
 #include "window/Dialogs.h"
+#include "window/OpenQuestion.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -32,9 +32,8 @@ QColor colorFromInteger(std::uint32_t blueGreenRed);
 ///
 /// Programs set cells and names through the routines below, which leave no trace in the undo
 /// history and raise no OnChange; what the user does goes through the history. What a form may set
-/// starts as the program has it, so that setNrOfColumns(), setNrOfRows(), setRowAttribute(),
-/// setIdentifier(), setEditingAllowed(), the width of the header column and the colours have no
-/// caller here beside tests: they are for whoever else builds a form with a grid.
+/// starts as this program has it, so that some of the setters, those of the colours among them, are
+/// called by tests alone: they are for whoever else builds a form with a grid.
 class TNTabEd : public QTableView {
     Q_OBJECT
 
@@ -64,7 +63,7 @@ public:
     int precision(int column) const { return m_model->table().precision(column); }
     void setPrecision(int column, int decimals) { m_model->setPrecision(column, decimals); }
 
-    /// Names, cut to 50 characters; empty, and ignored, outside the table.
+    /// Names, cut to record::longestName; empty, and ignored, outside the table.
     QString columnName(int column) const { return square().columnName(column); }
     void setColumnName(int column, const QString& name) { m_model->setColumnName(column, name); }
     QString rowName(int row) const { return square().rowName(row); }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/study/CriticalValues.h"
 
+#include "stats/numbers/ExactDistribution.h"
 #include "stats/numbers/STATIS.h"
-#include "stats/numbers/SequenceTests.h"
 
 namespace power {
 
@@ -24,10 +24,10 @@ double firstReaching(const stats::ExactDistribution& distribution, double level)
 
 CriticalValues criticalValues(int n, double level, stats::RandomIntegers& integers)
 {
-    const double criticalF = stats::FQuantile(level, n - 1, (n - 1) * n);
+    const double fQuantile = stats::FQuantile(level, n - 1, (n - 1) * n);
     CriticalValues critical;
     critical.b = stats::ChiSquareQuantile(n - 1, level);
-    critical.z = criticalF;
+    critical.z = fQuantile;
     if (n <= stats::largestExactOrder) {
         critical.c = firstReaching(stats::exactDistributionOfC(n), level);
         critical.m = firstReaching(stats::exactDistributionOfM(n), level);
@@ -36,7 +36,7 @@ CriticalValues criticalValues(int n, double level, stats::RandomIntegers& intege
         critical.meanOfC = simulated.mean;
         critical.deviationOfC = simulated.deviation;
         critical.c = stats::NormalQuantile(level);
-        critical.m = n == 4 ? criticalMOfOrder4 : criticalF;
+        critical.m = n == 4 ? criticalMOfOrder4 : fQuantile;
     }
     return critical;
 }

@@ -6,7 +6,7 @@
 #include "controls/UpDown.h"
 #include "power/study/StudyLog.h"
 #include "power/window/PendingInput.h"
-#include "window/Icons.h"
+#include "window/Picture.h"
 
 #include <QApplication>
 #include <QMdiSubWindow>
@@ -186,8 +186,13 @@ void TPotencia::paintNow()
 void TPotencia::setLevel(int percent)
 {
     m_settings.level = percent / 100.0;
-    m_btnSig->setText(QStringLiteral("Nivel de Significancia %1%").arg(percent));
+    m_btnSig->setText(levelText());
     m_btnSig->setAccessibleName(m_btnSig->text());
+}
+
+QString TPotencia::levelText() const
+{
+    return QStringLiteral("Nivel de Significancia %1%").arg(qRound(100 * m_settings.level));
 }
 
 void TPotencia::setErrorKind(ErrorKind kind)

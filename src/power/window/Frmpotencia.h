@@ -70,6 +70,7 @@ private:
     void paintNow();
 
     void setLevel(int percent);
+    QString levelText() const;
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 

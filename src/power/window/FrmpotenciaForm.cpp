@@ -153,7 +153,7 @@ QWidget* TPotencia::createSettings()
     connect(m_order, &controls::UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
     connect(m_trials, &controls::UpDown::Click, this, &TPotencia::UpDown2Click);
-    m_btnSig = buttonOf(QStringLiteral("BtnSig"), QStringLiteral("Nivel de Significancia 95%"));
+    m_btnSig = buttonOf(QStringLiteral("BtnSig"), levelText());
     window::connectCommand(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
     window::connectCommand(m_btnDist, &QPushButton::clicked, this, &TPotencia::BtnDistClick);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "power/window/PendingInput.h"
 
-#include "window/Asking.h"
+#include "window/OpenQuestion.h"
 
 #include <QApplication>
 #include <QCloseEvent>

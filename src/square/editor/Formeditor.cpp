@@ -6,10 +6,10 @@
 #include "grid/view/NTabEd.h"
 #include "square/editor/GridFile.h"
 #include "square/file/LoadedSquare.h"
-#include "window/Asking.h"
 #include "window/Caption.h"
 #include "window/HandOff.h"
-#include "window/Icons.h"
+#include "window/OpenQuestion.h"
+#include "window/Picture.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -31,6 +31,7 @@ QString invitation()
 
 QString roundedNotice()
 {
+    static_assert(fileDigits == 8);
     return QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
 }
 
@@ -77,7 +78,7 @@ void TEditor::FormCreate(bool openFile)
 {
     if (openFile) {
         m_saved = true; // unless a file is loaded there is nothing here to ask about
-        load();
+        loadFile();
         return;
     }
     m_handOff.fileOpened = true;
@@ -106,7 +107,7 @@ bool TEditor::mayClose()
     switch (
         dialogs().askYesNo(this, QStringLiteral("Desea guardar los cambios?"), plainCaption())) {
     case window::Answer::Yes:
-        return save();
+        return saveFile();
     case window::Answer::No:
         return true;
     default:
@@ -117,18 +118,18 @@ bool TEditor::mayClose()
 void TEditor::Cargar1Click()
 {
     if (m_datos->commitEdit())
-        load();
+        loadFile();
 }
 
 void TEditor::Guardar1Click()
 {
     if (m_datos->commitEdit())
-        save();
+        saveFile();
 }
 
 void TEditor::GuardaryAnalizar1Click()
 {
-    if (!m_datos->commitEdit() || !save())
+    if (!m_datos->commitEdit() || !saveFile())
         return;
     m_handOff.pendingFileName = m_fileName;
     m_handOff.fileOpened = false;
@@ -155,29 +156,16 @@ void TEditor::NumTratamientosClick()
 
 void TEditor::NFilasChange()
 {
-    // A character that the edit refuses comes here too, without a change.
-    if (m_nFilas->text() == m_rowPrefix)
+    if (!takePrefix(*m_nFilas, m_rowPrefix))
         return;
-    if (window::isAsking()) {
-        m_nFilas->setText(m_rowPrefix);
-        return;
-    }
-    m_rowPrefix = m_nFilas->text();
-    m_saved = false;
     nameRows(*m_refTratamientos);
     nameRows(*m_datos);
 }
 
 void TEditor::NColumnasChange()
 {
-    if (m_nColumnas->text() == m_columnPrefix)
+    if (!takePrefix(*m_nColumnas, m_columnPrefix))
         return;
-    if (window::isAsking()) {
-        m_nColumnas->setText(m_columnPrefix);
-        return;
-    }
-    m_columnPrefix = m_nColumnas->text();
-    m_saved = false;
     nameColumns(*m_refTratamientos);
     nameColumns(*m_datos);
 }
@@ -201,7 +189,7 @@ void TEditor::aleatorizar()
 }
 
 /// Asks for a file and shows it. @return whether it is there; otherwise nothing has changed
-bool TEditor::load()
+bool TEditor::loadFile()
 {
     m_handOff.fileOpened = false;
     const std::optional<QString> fileName =
@@ -244,7 +232,7 @@ QString TEditor::showLoaded(record::SquareData square)
 /// already is left alone; one that another editor or program has written to since is not replaced
 /// without a question.
 /// @return whether a file holds the square now
-bool TEditor::save()
+bool TEditor::saveFile()
 {
     const QByteArray onDisk = base::fingerprint(m_fileName);
     const bool canCompare = !onDisk.isEmpty() && !m_fileFingerprint.isEmpty();
@@ -267,7 +255,7 @@ bool TEditor::save()
         notice = rounded.value.value_or(false) ? roundedNotice() : invitation();
         return rounded.problem();
     };
-    const std::optional<QString> fileName = ChildWindow::save(request, write, known);
+    const std::optional<QString> fileName = save(request, write, known);
     if (!fileName)
         return false;
     rememberFile(*fileName, base::fingerprint(*fileName));
@@ -314,6 +302,21 @@ void TEditor::setPrecisions()
         m_refTratamientos->setPrecision(column, treatmentDecimals);
         m_datos->setPrecision(column, observationDecimals);
     }
+}
+
+/// @return whether the user has changed the prefix
+bool TEditor::takePrefix(QLineEdit& edit, QString& prefix)
+{
+    // A character that the edit refuses comes here too, without a change.
+    if (edit.text() == prefix)
+        return false;
+    if (window::isAsking()) {
+        edit.setText(prefix);
+        return false;
+    }
+    prefix = edit.text();
+    m_saved = false;
+    return true;
 }
 
 void TEditor::nameColumns(grid::TNTabEd& table) const

@@ -78,12 +78,13 @@ private:
 
     void FormCreate(bool openFile);
 
-    bool load();
-    bool save();
+    bool loadFile();
+    bool saveFile();
     QString showLoaded(record::SquareData square);
     void rememberFile(const QString& fileName, const QByteArray& fingerprint);
     void setOrder(int order);
     void DatosResized(int columns);
+    bool takePrefix(QLineEdit& edit, QString& prefix);
     void nameColumns(grid::TNTabEd& table) const;
     void nameRows(grid::TNTabEd& table) const;
     void setPrecisions();

@@ -7,7 +7,7 @@
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
-#include "square/extraction/Extraction.h"
+#include "square/extraction/ExtractionAnswer.h"
 #include "window/Command.h"
 
 #include <QGroupBox>

@@ -31,9 +31,9 @@ enum ReadCode : int {
 
 /// The first four lines of a file. The fields after one that could not be read keep their defaults.
 struct SquareHeader {
-    int code = NoColumnCount; ///< A ReadCode: Usable, or NoColumnCount to NoRoomOrLineFeed.
-    QByteArray identifier;    ///< Line 1, byte for byte.
-    int nrOfColumns = 0;      ///< As read: any 32-bit value.
+    ReadCode code = NoColumnCount; ///< Usable, or NoColumnCount to NoRoomOrLineFeed.
+    QByteArray identifier;         ///< Line 1, byte for byte.
+    int nrOfColumns = 0;           ///< As read: any 32-bit value.
     int nrOfRows = 0;
     bool hasRowAttributes = false;
     bool hasColumnNames = false;
@@ -47,7 +47,7 @@ SquareHeader readHeader(const QByteArray& bytes);
 /// A square read from bytes. With NoAttribute or NoObservation `data` holds what came before the
 /// failure; with every other failure it is empty.
 struct DecodedSquare {
-    int code = NoColumnCount; ///< A ReadCode.
+    ReadCode code = NoColumnCount;
     std::optional<record::SquareData> data;
     QString badSize; ///< record::sizeProblem() of counts that were read; else empty.
 };

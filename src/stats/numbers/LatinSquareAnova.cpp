@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/numbers/LatinSquareAnova.h"
 
-#include "stats/numbers/CriticalPoints.h"
-#include "stats/numbers/TypedDecimal.h"
+#include "stats/numbers/CriticalFAndChiSquare.h"
+#include "stats/numbers/ObservationDecimal.h"
 
 #include <cmath>
 

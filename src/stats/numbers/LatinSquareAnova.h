@@ -41,7 +41,7 @@ struct LatinSquareAnova {
 ///
 /// The sums of squares are those of the textbook (D. C. Montgomery, Design and Analysis of
 /// Experiments, on the Latin square design), in exact arithmetic on the decimals that were typed
-/// (typedDecimal()). So
+/// (observationDecimal()). So
 ///  - every digit is right, however many leading digits the data have in common, where
 ///    (sum of squares) - (correction term) in doubles may have none left;
 ///  - no sum of squares is negative, and the error's is 0 exactly where the data are additive:

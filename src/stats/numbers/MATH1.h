@@ -21,13 +21,14 @@ namespace stats {
 /// with gamma = 5 and six coefficients.
 double LnGamma(double x);
 
-/// The series of the lower incomplete gamma function: sum of x^k / (a (a+1) ... (a+k)), k = 0, 1...
+/// A step of IncompleteGammaP(): the series of the lower incomplete gamma function, sum of x^k / (a
+/// (a+1) ... (a+k)), k = 0, 1...
 ///
 /// Converges for every x > 0, quickly for x < a + 1. Ends when a term is below 1e-8 of the sum, and
 /// also when the sum is not a number or a is so large that adding 1 does not change it.
 double GammaSeries(double a, double x);
 
-/// The continued fraction of the upper incomplete gamma function without its factor
+/// A step of IncompleteGammaP(): the continued fraction of the upper function without its factor
 /// exp(a ln x - x - LnGamma(a)); for x >= a + 1. At most 99 rounds.
 double GammaContFrac(double a, double x);
 
@@ -37,7 +38,7 @@ double GammaContFrac(double a, double x);
 /// x.
 double IncompleteGammaP(double a, double x);
 
-/// The continued fraction of the incomplete beta function without its factor; it converges quickly
+/// A step of IncompleteBeta(): its continued fraction without the factor; it converges quickly
 /// for x < (a + 1) / (a + b + 2). At most 100 rounds.
 double BetaContFrac(double a, double b, double x);
 

@@ -14,10 +14,10 @@
 /// highest rank of their group (5, 7, 5 have the ranks 2, 3, 2).
 namespace stats {
 
-/// Adds to every cell of `ranks` the rank of the observation within its row.
+/// Adds to every cell of `ranks` the rank of the observation within its row: a step of Z.
 void AddRowRanks(const TMatrix& observations, TMatrix& ranks, int n);
 
-/// Adds to every cell of `ranks` the rank of the observation within its column.
+/// Adds to every cell of `ranks` the rank of the observation within its column: the other step.
 void AddColumnRanks(const TMatrix& observations, TMatrix& ranks, int n);
 
 /// The mean of the n cells of a treatment (1 to n). Only tests and users outside the program call

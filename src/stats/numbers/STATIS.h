@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// The Normal, chi-square and F distributions and their quantiles: every critical value of the
-/// program comes from here.
+/// The Normal, chi-square and F distributions and their quantiles: every quantile of the program
+/// comes from here.
 ///
 /// Outside its domain every routine gives 0.0 and reports nothing: a quantile for p <= 0, p >= 1 or
 /// p not a number, anything for degrees of freedom below 1, a cumulative function (the Normal's

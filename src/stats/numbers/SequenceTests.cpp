@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stats/numbers/SequenceTests.h"
 
-#include "stats/numbers/CriticalPoints.h"
+#include "stats/numbers/CriticalFAndChiSquare.h"
 #include "stats/numbers/Sequences.h"
 
 #include <utility>

@@ -9,7 +9,8 @@
 #include <optional>
 
 /// The sequence tests C and M as numbers: exact up to order 3, approximated beyond. A statistic
-/// that is not a number never rejects.
+/// that is not a number never rejects. C is decided by its cumulative probability, without a
+/// critical value; the one of the power study is in power/study/CriticalValues.h.
 namespace stats {
 
 /// Whether a statistic is so large that the share of arrangements above it is less than alpha.

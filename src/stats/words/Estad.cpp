@@ -3,7 +3,7 @@
 #include "stats/words/Estad.h"
 
 #include "base/NumberText.h"
-#include "stats/numbers/CriticalPoints.h"
+#include "stats/numbers/CriticalFAndChiSquare.h"
 #include "stats/numbers/RankStatistics.h"
 #include "stats/numbers/SequenceTests.h"
 

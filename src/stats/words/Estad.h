@@ -17,8 +17,7 @@
 /// (treatmentOf()); n is the order of the square and alpha the significance level as a fraction.
 /// The program offers orders 3 to 6; a file can bring any other from 1 on, and then what cannot be
 /// computed, a critical value without degrees of freedom included, is reported as "NAN" and never
-/// makes a test reject. Numbers carry the user's decimal
-/// separator.
+/// makes a test reject. Numbers carry the user's decimal separator.
 namespace stats {
 
 /// The classical F test: the analysis-of-variance table, or, where the error variance is exactly

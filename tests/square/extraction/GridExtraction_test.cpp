@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // An experiment on its way from the clipboard into a grid.
-#include "square/extraction/Extraction.h"
+#include "square/extraction/ExtractionAnswer.h"
 
 #include "grid/view/GridFixture.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/TypedDecimal.h"
+#include "stats/numbers/ObservationDecimal.h"
 
 #include "stats/numbers/Treatments.h"
 
@@ -15,14 +15,14 @@ namespace stats {
 namespace {
 
 /// Takes "-d.ddde-xx", the shortest text that std::to_chars has for a double, apart.
-TypedDecimal takeApart(std::string text)
+ObservationDecimal takeApart(std::string text)
 {
     const std::size_t point = text.find('.');
     const auto decimals = point < text.size() ? text.find('e') - point - 1 : 0;
     if (point < text.size())
         text.erase(point, 1);
 
-    TypedDecimal decimal;
+    ObservationDecimal decimal;
     const char* const end = text.data() + text.size();
     const char* const mark = std::from_chars(text.data(), end, decimal.coefficient).ptr;
     std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, decimal.exponent);
@@ -31,21 +31,22 @@ TypedDecimal takeApart(std::string text)
 }
 
 /// The decimals of the cells as visitCells() goes. Nothing where an observation is not finite.
-std::optional<std::vector<TypedDecimal>> decimalsOf(const TMatrix& observations, int n)
+std::optional<std::vector<ObservationDecimal>> decimalsOf(const TMatrix& observations, int n)
 {
-    std::vector<TypedDecimal> decimals;
+    std::vector<ObservationDecimal> decimals;
     bool allFinite = true;
     visitCells(n, [&](int column, int row, int) {
-        const std::optional<TypedDecimal> decimal = typedDecimal(observations.Elem(column, row));
+        const std::optional<ObservationDecimal> decimal =
+            observationDecimal(observations.Elem(column, row));
         allFinite = allFinite && decimal;
-        decimals.push_back(decimal.value_or(TypedDecimal{}));
+        decimals.push_back(decimal.value_or(ObservationDecimal{}));
     });
     return allFinite ? std::optional(std::move(decimals)) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<TypedDecimal> typedDecimal(double observation)
+std::optional<ObservationDecimal> observationDecimal(double observation)
 {
     if (!std::isfinite(observation))
         return std::nullopt;
@@ -61,9 +62,11 @@ std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
     const auto decimals = n >= 1 ? decimalsOf(observations, n) : std::nullopt;
     if (!decimals)
         return std::nullopt;
-    const auto [lowest, highest] = std::minmax_element(
-        decimals->begin(), decimals->end(),
-        [](const TypedDecimal& a, const TypedDecimal& b) { return a.exponent < b.exponent; });
+    const auto [lowest, highest] =
+        std::minmax_element(decimals->begin(), decimals->end(),
+                            [](const ObservationDecimal& a, const ObservationDecimal& b) {
+                                return a.exponent < b.exponent;
+                            });
     std::vector<WholeNumber> powersOfTen{1};
     for (int exponent = lowest->exponent; exponent < highest->exponent; ++exponent)
         powersOfTen.push_back(powersOfTen.back() * 10);
@@ -72,7 +75,7 @@ std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
     sums.exponent = lowest->exponent;
     auto next = decimals->begin();
     visitCells(n, [&](int column, int row, int treatment) {
-        const TypedDecimal decimal = *next++;
+        const ObservationDecimal decimal = *next++;
         const WholeNumber units =
             powersOfTen[static_cast<std::size_t>(decimal.exponent - sums.exponent)] *
             decimal.coefficient;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "square/extraction/Extraction.h"
+#include "square/extraction/ExtractionAnswer.h"
 
-#include "experiment/Extraction.h"
+#include "experiment/CyclicSquareReading.h"
 #include "grid/view/NTabEd.h"
 
 namespace square {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From a clipboard text to the cyclic layout.
-#include "experiment/Extraction.h"
+#include "experiment/CyclicSquareReading.h"
 
 #include "support/Text.h"
 

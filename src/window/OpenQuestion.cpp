@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "window/Asking.h"
+#include "window/OpenQuestion.h"
 
 #include <QApplication>
 #include <QEvent>

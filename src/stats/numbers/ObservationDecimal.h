@@ -14,7 +14,7 @@ namespace stats {
 
 /// A decimal number: coefficient x 10^exponent. Where it is not zero, the coefficient has at most
 /// 17 digits and does not end in 0.
-struct TypedDecimal {
+struct ObservationDecimal {
     std::int64_t coefficient = 0;
     int exponent = 0;
 };
@@ -25,7 +25,7 @@ struct TypedDecimal {
 /// 41.2999999999999971..., the double beside it.
 ///
 /// Nothing for what is not finite.
-std::optional<TypedDecimal> typedDecimal(double observation);
+std::optional<ObservationDecimal> observationDecimal(double observation);
 
 using WholeNumber = boost::multiprecision::cpp_int;
 
@@ -48,7 +48,7 @@ struct DecimalSums {
 };
 
 /// The sums over the cells (column, row) from 1 to n in the cyclic layout of treatments, each
-/// observation being its typedDecimal(). Nothing where an observation is not finite or n is
+/// observation being its observationDecimal(). Nothing where an observation is not finite or n is
 /// below 1.
 std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n);
 

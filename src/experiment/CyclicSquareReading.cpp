@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "experiment/Extraction.h"
+#include "experiment/CyclicSquareReading.h"
 
 #include "base/FieldLines.h"
 #include "experiment/CyclicArrangement.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "stats/numbers/TypedDecimal.h"
+#include "stats/numbers/ObservationDecimal.h"
 
 #include "stats/numbers/TypedSquares.h"
 
@@ -7,13 +7,13 @@
 
 #include <limits>
 
-using stats::typedDecimal;
+using stats::observationDecimal;
 
 namespace {
 
 void expectDecimal(double value, std::int64_t coefficient, int exponent)
 {
-    const auto decimal = typedDecimal(value);
+    const auto decimal = observationDecimal(value);
     ASSERT_TRUE(decimal.has_value()) << value;
     EXPECT_EQ(decimal->coefficient, coefficient) << value;
     EXPECT_EQ(decimal->exponent, exponent) << value;
@@ -21,7 +21,7 @@ void expectDecimal(double value, std::int64_t coefficient, int exponent)
 
 } // namespace
 
-TEST(TypedDecimal, IsTheDecimalThatWasTyped)
+TEST(ObservationDecimal, IsTheDecimalThatWasTyped)
 {
     expectDecimal(41.3, 413, -1);
     expectDecimal(-0.1, -1, -1);
@@ -31,7 +31,7 @@ TEST(TypedDecimal, IsTheDecimalThatWasTyped)
     expectDecimal(0.30000000000000004, 30000000000000004, -17);
 }
 
-TEST(TypedDecimal, HoldsAtTheLimitsOfDouble)
+TEST(ObservationDecimal, HoldsAtTheLimitsOfDouble)
 {
     expectDecimal(0.0, 0, 0);
     expectDecimal(-0.0, 0, 0);
@@ -40,22 +40,22 @@ TEST(TypedDecimal, HoldsAtTheLimitsOfDouble)
     expectDecimal(-std::numeric_limits<double>::min(), -22250738585072014, -324);
 }
 
-TEST(TypedDecimal, IsNothingForWhatIsNotFinite)
+TEST(ObservationDecimal, IsNothingForWhatIsNotFinite)
 {
     for (const double value :
          {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
           std::numeric_limits<double>::quiet_NaN()})
-        EXPECT_FALSE(typedDecimal(value).has_value());
+        EXPECT_FALSE(observationDecimal(value).has_value());
 }
 
-TEST(TypedDecimal, ReadsBackEveryDecimalOfFifteenDigits)
+TEST(ObservationDecimal, ReadsBackEveryDecimalOfFifteenDigits)
 {
     std::mt19937_64 generator(5);
     for (int k = 0; k < 100000; ++k) {
         const int decimals = static_cast<int>(generator() % 16);
         const auto units =
             static_cast<std::int64_t>(generator() % 2000000000000000) - 1000000000000000 + 1;
-        const auto decimal = typedDecimal(typedNumber(typedText(units, decimals)));
+        const auto decimal = observationDecimal(typedNumber(typedText(units, decimals)));
         ASSERT_TRUE(decimal.has_value());
         std::int64_t coefficient = decimal->coefficient;
         for (int zeros = decimal->exponent + decimals; zeros > 0 && coefficient != 0; --zeros)
