@@ -51,6 +51,12 @@ double normal(std::mt19937_64& generator)
     return std::normal_distribution<double>()(generator);
 }
 
+/// Normal noise as an instrument of this unit, in standard deviations, gives it: with ties.
+Noise readTo(double unit)
+{
+    return [unit](std::mt19937_64& generator) { return std::round(normal(generator) / unit); };
+}
+
 stats::TMatrix squareOfNoise(int n, const Noise& noise, std::mt19937_64& generator)
 {
     stats::TMatrix square = stats::TMatrix::Create(n, n);
@@ -201,6 +207,8 @@ std::vector<ShareRow> sharesOfTheAnalysis(int squares, std::uint64_t seed)
         {QStringLiteral("Bennett"), rejectedByBennett, uniform},
         {QStringLiteral("C"), rejectedByC, uniform},
         {QStringLiteral("M"), rejectedByM, uniform},
+        {QStringLiteral("Bennett, ruido de 20 unidades"), rejectedByBennett, readTo(1.0 / 20)},
+        {QStringLiteral("Bennett, ruido de 5 unidades"), rejectedByBennett, readTo(1.0 / 5)},
     };
     std::mt19937_64 generator(seed);
     std::vector<ShareRow> rows;
@@ -252,7 +260,9 @@ void writeShares(Page& page, const std::vector<ShareRow>& analysis,
             "su error estándar. Una prueba que cumple lo que promete rechaza 10, 5, 2 y 1 %. En el "
             "análisis, %1 cuadrados por orden y clase de ruido; F es la de los tratamientos. Las "
             "otras cuatro pruebas solo miran el orden de las observaciones: para ellas todo ruido "
-            "sin empates es el mismo. En el estudio de potencia, con diferencia 0, %2 estudios de "
+            "sin empates es el mismo. «Ruido de 20 unidades» es ruido normal con una desviación "
+            "estándar de 20 unidades de la última cifra anotada, y por eso con empates. En el "
+            "estudio de potencia, con diferencia 0, %2 estudios de "
             "%3 "
             "pruebas, cada uno con sus propios valores críticos y con las tres distribuciones de "
             "errores por turno; el error estándar es el de la media de los estudios. Donde dice "

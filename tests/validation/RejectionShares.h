@@ -28,8 +28,9 @@ struct ShareRow {
 };
 
 /// In the analysis: F (treatments) with normal, uniform and exponential noise; Zimmerman, Bennett,
-/// C and M, which see only the order of the observations, with uniform noise. `squares` of each
-/// order and each kind of noise.
+/// C and M, which see only the order of the observations, with uniform noise; Bennett also with
+/// noise that was read to so few digits that there are ties. `squares` of each order and each kind
+/// of noise.
 std::vector<ShareRow> sharesOfTheAnalysis(int squares, std::uint64_t seed);
 
 /// In the power study, at difference 0: studies of 5000 trials, each with critical values of its
