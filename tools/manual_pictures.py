@@ -20,13 +20,6 @@ from pictures import DESKTOP, desktop_settings  # noqa: E402
 
 SCREEN = "980x660"  # a propellant square shows whole, letters stay legible on a page
 FILES = pathlib.Path("/tmp/experimentos")
-PROPELLANT = (
-    24, 20, 19, 24, 24,
-    17, 24, 30, 27, 36,
-    18, 38, 26, 27, 21,
-    26, 31, 26, 23, 22,
-    22, 30, 20, 29, 31,
-)  # fmt: skip
 
 
 def field_square():
@@ -59,22 +52,13 @@ def maximise(program):
     program.press("alt+minus", "x")
 
 
-def type_propellant(program, album):
-    from by_keyboard import walk
+def show_editor(program, album):
+    from by_keyboard import type_propellant
 
     program.find("label", "DATOS")
     album.take("inicio")
     program.press("ctrl+Tab")
-    walk(program, "shift+Tab", "text «Nombre de columnas»", "text «Nombre de filas»")
-    walk(program, "shift+Tab", "spin button «Número de tratamientos»")
-    program.press("Up", "Up", "Tab")
-    program.type("Lote")
-    program.press("Tab")
-    program.type("Operador")
-    walk(program, "Tab", "table «Datos»")
-    for value in PROPELLANT:
-        program.type(str(value))
-        program.press("Return")
+    type_propellant(program)
     program.press("ctrl+Home")
     album.take("editor")
     program.press("shift+F10")
@@ -172,7 +156,7 @@ def take_pictures(executable, folder):
     album = Album(folder)
     try:
         for show in (
-            type_propellant,
+            show_editor,
             analyse_propellant,
             extract_field_square,
             show_exact_distribution,

@@ -44,8 +44,6 @@ public:
         m_cells[place(column, row)] = value;
     }
 
-    void clear() { std::fill(m_cells.begin(), m_cells.end(), T{}); }
-
     /// Whether columns x rows cells fit in it.
     bool holds(int columns, int rows) const { return columns <= m_columns && rows <= m_rows; }
 

@@ -10,6 +10,15 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 SAMPLES = ROOT / "ejemplos"
 ORDER_3 = SAMPLES / "orden3.asc"
 
+# Montgomery, Design and Analysis of Experiments: row after row of propelente.asc.
+PROPELLANT = (
+    24, 20, 19, 24, 24,
+    17, 24, 30, 27, 36,
+    18, 38, 26, 27, 21,
+    26, 31, 26, 23, 22,
+    22, 30, 20, 29, 31,
+)  # fmt: skip
+
 REPORT_IS_COMPLETE = "Análisis completo. Puede realizar otro o guardar los resultados."
 LEVEL = "scroll bar «Nivel de significancia, en porcentaje»"
 
@@ -26,6 +35,20 @@ def open_editor(program, path=ORDER_3):
     program.answer_file_dialog(path)
     program.find("frame", f"Editor - {path}")
     program.wait_for_focus("table «Datos»")
+
+
+def type_propellant(program):
+    """Into the empty editor of a new frame, names of rows and columns first."""
+    walk(program, "shift+Tab", "text «Nombre de columnas»", "text «Nombre de filas»")
+    walk(program, "shift+Tab", "spin button «Número de tratamientos»")
+    program.press("Up", "Up", "Tab")
+    program.type("Lote")
+    program.press("Tab")
+    program.type("Operador")
+    walk(program, "Tab", "table «Datos»")
+    for value in PROPELLANT:
+        program.type(str(value))
+        program.press("Return")
 
 
 def open_analysis(program, path=ORDER_3):

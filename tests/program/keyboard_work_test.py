@@ -9,6 +9,7 @@ import os
 import pathlib
 
 from by_keyboard import (
+    PROPELLANT,
     LEVEL,
     ROOT,
     SAMPLES,
@@ -18,6 +19,7 @@ from by_keyboard import (
     open_graph_of_c,
     open_power,
     save,
+    type_propellant,
     walk,
 )
 from driven import ProgramTest, main
@@ -26,14 +28,6 @@ from stranger import wait_for
 GOLDEN = ROOT / "tests" / "stats" / "data"
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 
-PROPELLANT = (
-    24, 20, 19, 24, 24,
-    17, 24, 30, 27, 36,
-    18, 38, 26, 27, 21,
-    26, 31, 26, 23, 22,
-    22, 30, 20, 29, 31,
-)  # fmt: skip
-
 
 class Work(ProgramTest):
     def setUp(self):
@@ -41,16 +35,7 @@ class Work(ProgramTest):
 
     def test_from_a_typed_square_to_its_report(self):
         program = self.program
-        walk(self.program, "shift+Tab", "text «Nombre de columnas»", "text «Nombre de filas»")
-        walk(self.program, "shift+Tab", "spin button «Número de tratamientos»")
-        program.press("Up", "Up", "Tab")
-        program.type("Lote")
-        program.press("Tab")
-        program.type("Operador")
-        walk(self.program, "Tab", "table «Datos»")
-        for value in PROPELLANT:
-            program.type(str(value))
-            program.press("Return")
+        type_propellant(program)
         data = SCRATCH / "propelente.asc"
         square = save(self.program, data, "F2").decode("utf-8").split("\r\n")
         sample = (SAMPLES / "propelente.asc").read_bytes().decode("utf-8").split("\r\n")

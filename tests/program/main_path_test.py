@@ -8,6 +8,7 @@ main_path_test.py EXECUTABLE, below on_virtual_display.
 import os
 import pathlib
 
+from by_keyboard import PROPELLANT
 from driven import ProgramTest, main
 from stranger import wait_for
 
@@ -15,13 +16,6 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 GOLDEN = ROOT / "tests" / "stats" / "data" / "f_propelente_95.txt"
 GOLDEN_WITH_COMMA = ROOT / "tests" / "stats" / "data" / "f_propelente_95_coma.txt"
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
-PROPELLANT = [
-    [24, 20, 19, 24, 24],
-    [17, 24, 30, 27, 36],
-    [18, 38, 26, 27, 21],
-    [26, 31, 26, 23, 22],
-    [22, 30, 20, 29, 31],
-]
 
 
 def lines(path):
@@ -42,10 +36,9 @@ class MainPath(ProgramTest):
         program.click(spinner)
         program.press("Up", "Up")
         program.click(program.find("table cell", "0.000" if program.point else "0,000"))
-        for row in PROPELLANT:
-            for value in row:
-                program.type(str(value))
-                program.press("Return")
+        for value in PROPELLANT:
+            program.type(str(value))
+            program.press("Return")
 
     def main_path(self, locale):
         folder = SCRATCH / locale

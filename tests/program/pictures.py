@@ -128,6 +128,17 @@ def show_power(program, album):
     program.press("Escape", "Escape", "alt+y", "Return")
     program.find("push button", "Aceptar")
     album.take("acerca")
+    program.press("Return")
+    program.wait_until_gone("push button", "Aceptar")
+
+
+def show_manual(program, album):
+    program.press("F1")
+    program.find("label", "La ventana de potencia")
+    album.take("manual")
+    program.press("ctrl+f")
+    program.type("empates")
+    album.take("manual-buscar")
 
 
 def take_pictures(executable, folder, environment):
@@ -139,6 +150,7 @@ def take_pictures(executable, folder, environment):
         show_editor(program, album)
         show_analysis(program, album)
         show_power(program, album)
+        show_manual(program, album)
     except Exception:
         screenshot(folder / "fallo.png")
         raise

@@ -71,11 +71,13 @@ std::optional<QRectF> rectangleFor(int key, const QRectF& plot)
 
 } // namespace
 
-ChartNavigation::ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf)
+ChartNavigation::ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf,
+                                 std::function<void()> viewChanged)
     : m_chart(chart)
     , m_view(view)
     , m_geometry(std::move(geometry))
     , m_geometryOf(std::move(geometryOf))
+    , m_viewChanged(std::move(viewChanged))
 {
 }
 
@@ -135,7 +137,7 @@ bool ChartNavigation::doubleClick(const QMouseEvent& event)
     if (m_action != MouseAction::maZoomDrag || event.button() != Qt::LeftButton)
         return false;
     m_view.goToFull();
-    m_chart.update();
+    m_viewChanged();
     updateCursor(event.position().toPoint());
     return true;
 }
@@ -161,7 +163,7 @@ bool ChartNavigation::changeViewByKey(int key)
         zoomTo(*shown);
     else
         return false;
-    m_chart.update();
+    m_viewChanged();
     updateCursor();
     return true;
 }

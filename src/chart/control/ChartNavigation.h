@@ -43,8 +43,10 @@ public:
     using Present = std::function<const ChartGeometry&()>;
     using Of = std::function<ChartGeometry(const View&)>;
 
-    /// The chart and its view outlive it. What it does to the view is painted at once.
-    ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf);
+    /// The chart and its view outlive it. A drag is painted as it goes; `viewChanged` hears of
+    /// every other step.
+    ChartNavigation(QWidget& chart, ChartView& view, Present geometry, Of geometryOf,
+                    std::function<void()> viewChanged);
 
     MouseAction action() const { return m_action; }
     void setAction(MouseAction action);
@@ -74,6 +76,7 @@ private:
     ChartView& m_view;
     Present m_geometry;
     Of m_geometryOf;
+    std::function<void()> m_viewChanged;
     MouseAction m_action = MouseAction::maNone;
     Gesture m_gesture = Gesture::None;
     QPoint m_start;

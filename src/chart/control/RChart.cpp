@@ -29,7 +29,7 @@ TRChart::TRChart(QWidget* parent, Measure measure)
     , m_view([this](const View& view) { return unitRatio(view); })
     , m_navigation(
           *this, m_view, [this]() -> const ChartGeometry& { return geometry(); },
-          [this](const View& view) { return geometryOf(view); })
+          [this](const View& view) { return geometryOf(view); }, [this] { redraw(); })
 {
     installAccessibility();
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -39,7 +39,6 @@ public:
     {
         m_marks.set(column, row, marks);
     }
-    void clearMarks() { m_marks.clear(); }
 
     /// Decimals shown in a column, -1 for as many as it takes. Stored within -1..8.
     int precision(int column) const;

@@ -83,12 +83,6 @@ void TableModel::setStoredMarks(const CellRange& range, const std::vector<std::u
     announce(range);
 }
 
-void TableModel::clearMarks()
-{
-    m_table.clearMarks();
-    announce(m_table.range());
-}
-
 void TableModel::setPrecision(int column, int decimals)
 {
     const int before = m_table.precision(column);

@@ -43,7 +43,6 @@ public:
     /// Writes a rectangle of values or marks, row by row, hidden cells included.
     void setStoredValues(const CellRange& range, const std::vector<double>& values);
     void setStoredMarks(const CellRange& range, const std::vector<std::uint8_t>& marks);
-    void clearMarks();
     void setPrecision(int column, int decimals);
     void setColumnName(int column, const QString& name);
     void setRowName(int row, const QString& name);

@@ -434,6 +434,26 @@ TEST(RChart, ChangesRedrawWhileAutoRedrawIsOn)
     EXPECT_GT(paintsAfter(chart, [&] { chart.setAutoRedraw(true); }), 0);
 }
 
+TEST(RChart, KeysAndDoubleClicksRedrawWhileAutoRedrawIsOn)
+{
+    TRChart chart;
+    chart.setMouseAction(chart::MouseAction::maZoomDrag);
+    chart.resize(300, 200);
+    chart.show();
+    const auto zoom = [&] { QTest::keyClick(&chart, Qt::Key_Plus); };
+    const auto showAll = [&] {
+        QTest::mouseDClick(&chart, Qt::LeftButton, {}, chart.geometry().layout.plot.center());
+    };
+    for (const bool on : {true, false}) {
+        chart.setAutoRedraw(on);
+        const long double before = chart.RangeHiX();
+        EXPECT_EQ(paintsAfter(chart, zoom) > 0, on);
+        EXPECT_LT(chart.RangeHiX(), before);
+        EXPECT_EQ(paintsAfter(chart, showAll) > 0, on);
+        EXPECT_EQ(chart.RangeHiX(), before);
+    }
+}
+
 TEST(RChart, BackgroundPictureFillsThePlot)
 {
     QImage picture(2, 1, QImage::Format_RGB32);

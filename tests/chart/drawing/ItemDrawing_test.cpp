@@ -34,15 +34,14 @@ protected:
 
     void add(ItemKind kind, double x, double y, double x2 = 0.0, double y2 = 0.0)
     {
-        chart::ChartItem item;
-        item.kind = kind;
-        item.x = x;
-        item.y = y;
-        item.x2 = x2;
-        item.y2 = y2;
-        item.markKind = 4; // a filled square
-        item.attributes = attributes;
-        m_items.add(item);
+        constexpr std::uint8_t filledSquare = 4;
+        m_items.add({.kind = kind,
+                     .markKind = filledSquare,
+                     .x = x,
+                     .y = y,
+                     .x2 = x2,
+                     .y2 = y2,
+                     .attributes = attributes});
     }
 
     QImage drawn(double scale = 1.0) const

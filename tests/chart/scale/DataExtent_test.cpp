@@ -18,13 +18,7 @@ namespace {
 
 void add(ItemList& items, ItemKind kind, double x, double y, double x2 = 0.0, double y2 = 0.0)
 {
-    chart::ChartItem item;
-    item.kind = kind;
-    item.x = x;
-    item.y = y;
-    item.x2 = x2;
-    item.y2 = y2;
-    items.add(item);
+    items.add({.kind = kind, .x = x, .y = y, .x2 = x2, .y2 = y2});
 }
 
 void expectExtent(const AxisExtent& extent, double min, double max)

@@ -62,7 +62,7 @@ TEST_F(TableModelTest, ShowsNamesAndMarks)
     EXPECT_EQ(data(1, 2, Qt::ForegroundRole).value<QColor>(), QColor(Qt::magenta));
     EXPECT_EQ(data(2, 2, Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
     EXPECT_EQ(data(1, 2, Qt::AccessibleDescriptionRole).toString(), QStringLiteral("marcas A y B"));
-    model.clearMarks();
+    model.setStoredMarks({1, 1, 1, 1}, {grid::NoMark});
     EXPECT_EQ(data(1, 1, Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
 }
 
