@@ -87,6 +87,18 @@ TEST_F(AnalysisExport, AWindowThatNeverRanWritesItsOneLine)
     EXPECT_EQ(contents(QStringLiteral("reporte.txt")), QByteArray("REPORTE SIN GENERAR\r\n"));
 }
 
+TEST_F(AnalysisExport, AReportThatFailedHasNoLines)
+{
+    writeBytes(QStringLiteral("datos.asc"), squareFile(propellantRows));
+    dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
+    take(new analysis::TAnalisis(handOff, dialogs, nullptr, [](auto&&...) -> stats::TestReport {
+        throw std::runtime_error("no report");
+    }));
+    run();
+    exportTo(path(QStringLiteral("reporte.txt")));
+    EXPECT_EQ(contents(QStringLiteral("reporte.txt")), QByteArray());
+}
+
 TEST_F(AnalysisExport, ReplacesAnOlderFile)
 {
     openSquare(propellantRows);

@@ -203,8 +203,10 @@ TEST_F(ManualWindow, SearchesInTheChapterAndThenInTheOthers)
     press(Qt::Key_Return);
     const int second = text().textCursor().selectionStart();
     EXPECT_GT(second, first);
+    EXPECT_EQ(text().chapter(), QStringLiteral("editor"));
     press(Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(text().textCursor().selectionStart(), first);
+    EXPECT_EQ(text().chapter(), QStringLiteral("editor"));
 
     for (int i = 0; i < 60 && text().chapter() == QStringLiteral("editor"); ++i)
         press(Qt::Key_Return);

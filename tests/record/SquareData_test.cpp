@@ -29,6 +29,9 @@ TEST(SquareData, NamesAreCutToFiftyCharacters)
     EXPECT_EQ(data.columnName(1), fifty);
     data.setRowName(1, QString(49, QLatin1Char('x')) + QStringLiteral("\U0001F33D"));
     EXPECT_EQ(data.rowName(1), QString(49, QLatin1Char('x'))); // no half of a pair is left
+    const QString loneHalf = QString(49, QLatin1Char('x')) + QChar(0xD83C);
+    data.setRowName(1, loneHalf);
+    EXPECT_EQ(data.rowName(1), loneHalf); // nothing is cut, so no pair either
     data.setRowName(1, QString());
     EXPECT_EQ(data.rowName(1), QString());
     data.setRowName(1, QStringLiteral("R-1"));

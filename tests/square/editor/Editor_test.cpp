@@ -2,6 +2,7 @@
 #include "square/editor/EditorFixture.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QLabel>
 #include <QSplitter>
 #include <QStyle>
@@ -290,6 +291,25 @@ TEST_F(Editor, EveryKeystrokeInAPrefixRenamesBothGrids)
     clickUp(); // new headers take the prefixes too
     EXPECT_EQ(rowNames(datos()), numbered("Lote", 4));
     EXPECT_EQ(columnNames(reference()), numbered("Columna", 4));
+}
+
+TEST_F(Editor, WhatAnAssistiveToolSetsBehindAQuestionIsTakenBack)
+{
+    open();
+    const QStringList names = rowNames(datos()) + columnNames(datos());
+    QDialog question(m_editor);
+    question.setModal(true);
+    question.show();
+    edit("NFilas").setText(utf8("Lote"));
+    edit("NColumnas").setText(utf8("Operador"));
+    spinner().setValue(5);
+    EXPECT_EQ(edit("NFilas").text(), utf8("Fila"));
+    EXPECT_EQ(edit("NColumnas").text(), utf8("Col"));
+    EXPECT_EQ(spinner().value(), 3);
+    EXPECT_EQ(rowNames(datos()) + columnNames(datos()), names);
+    question.hide();
+    edit("NFilas").setText(utf8("Lote"));
+    EXPECT_EQ(datos().rowName(1), utf8("Lote 1"));
 }
 
 TEST_F(Editor, PrefixesTakeNeitherQuotesNorControlCharacters)
