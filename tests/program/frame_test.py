@@ -77,8 +77,7 @@ class Frame(ProgramTest):
         program.answer_file_dialog(ROOT / "ejemplos" / "orden3.asc")
         program.wait_for_focus("radio button «Clásico»")
         for _ in range(3):
-            before = program.caption()
-            self.assertIn("[Análisis", before)  # maximised over the editor
+            wait_for("the analysis over the editor", lambda: "[Análisis" in program.caption())
             other = subprocess.Popen(["xmessage", "-geometry", "+300+600", "Otro programa"])
             self.addCleanup(other.kill)
             wait_for("the other's focus", lambda: not is_active(program.find("frame")))

@@ -14,7 +14,11 @@ import pyatspi
 from gi.repository import GLib
 
 PATIENCE = 15.0  # seconds to wait for anything to appear; generous, for a loaded machine
+KEY_PATIENCE = 0.4  # seconds to wait until the program tells the bus of a key,
+RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
 
+# All, Shift, Control, Alt, and two of them.
+MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
 
 # What the bus raises for a control or an application that is gone while it is looked at.
 Gone = GLib.GError
@@ -25,15 +29,17 @@ class NotFound(AssertionError):
 
 
 def wait_for(what, look, patience=PATIENCE):
-    """The first true result of look(), asked again until patience ends."""
+    """The first true result of look(), asked again, less and less often, until patience ends."""
     end = time.monotonic() + patience
+    pause = 0.005
     while True:
         result = look()
         if result:
             return result
         if time.monotonic() > end:
             raise NotFound(f"waited in vain for {what}")
-        time.sleep(0.05)
+        time.sleep(pause)
+        pause = min(1.5 * pause, 0.1)
 
 
 def xdotool(*arguments):
@@ -58,10 +64,11 @@ class Program:
     def __init__(self, executable, under=(), **environment):
         """`under` is a command that starts the program in its own place, such as a tracer."""
         self._application = None
+        self._frame = None
         self._popups = []
+        self._keys_told = set()
         self.focus = None  # the control that announced the focus last
-        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
-            pyatspi.Registry.registerEventListener(listener, f"object:state-changed:{change}")
+        self._listen()
         self.process = subprocess.Popen(
             [*under, str(executable)], env={**os.environ, **environment}, start_new_session=True
         )
@@ -69,6 +76,7 @@ class Program:
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
         try:
             self._application = wait_for("the program on the accessibility bus", self._find_itself)
+            self._frame = self.find("frame", "Cuadrado Latino")
             wait_for("the focus", self._find_focus)
         except NotFound:
             self.kill()
@@ -95,6 +103,21 @@ class Program:
         return self.focus
 
     # Eyes
+
+    def _listen(self):
+        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
+            pyatspi.Registry.registerEventListener(listener, f"object:state-changed:{change}")
+        pyatspi.Registry.registerKeystrokeListener(
+            self._note_key, mask=MODIFIERS, synchronous=False
+        )
+
+    def _listen_no_more(self):
+        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
+            pyatspi.Registry.deregisterEventListener(listener, f"object:state-changed:{change}")
+        pyatspi.Registry.deregisterKeystrokeListener(self._note_key, mask=MODIFIERS)
+
+    def _note_key(self, event):
+        self._keys_told.add(event.type)
 
     def _note_popup(self, event):
         """A pop-up of a button hangs on nothing that can be walked to: it announces itself."""
@@ -205,15 +228,40 @@ class Program:
         xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
 
     def press(self, *keys):
-        """Keys, and chords at the pace of fingers: a watched program hears of each key by a detour
-        over the bus, and would take Alt+A typed in an instant for the Alt key after the A.
-        """
+        """Keys and chords, such as "ctrl+a", each when the one before has arrived."""
         for key in keys:
-            xdotool("key", "--clearmodifiers", "--delay", 120 if "+" in key else 12, key)
-            time.sleep(0.05)
+            *modifiers, last = key.split("+")
+            for modifier in modifiers:
+                self._strike("keydown", modifier, pyatspi.KEY_PRESSED_EVENT)
+            self._strike("key", last)
+            for modifier in reversed(modifiers):
+                self._strike("keyup", modifier)
 
     def type(self, text):
-        xdotool("type", "--delay", 12, text)
+        for character in text:
+            self._strike("type", character)
+
+    def _strike(self, how, key, last=pyatspi.KEY_RELEASED_EVENT):
+        """A watched program takes its shortcuts at once, but tells the bus of every other key and
+        waits for leave to take it: only then the next key is struck.
+        """
+        self._hear()
+        self._keys_told.clear()
+        xdotool(how, "--delay", 0, key)
+        try:
+            self._wait_for_key(lambda: self._keys_told, KEY_PATIENCE)
+            self._wait_for_key(lambda: last in self._keys_told, RELEASE_PATIENCE)
+            for answering in (pyatspi.Registry.getDesktop(0), self._frame):
+                answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        except (Gone, NotImplementedError):  # the program has ended
+            return
+
+    def _wait_for_key(self, told, patience):
+        """In vain for a key that the window manager keeps, and for one that closes its window."""
+        end = time.monotonic() + patience
+        while not told() and time.monotonic() < end:
+            time.sleep(0.001)
+            self._hear()
 
     def choose(self, menu, entry):
         """An entry of a menu of the bar, by mouse."""
@@ -233,12 +281,14 @@ class Program:
         return [child.name for child in self.look("frame")[1:]]  # the first is the program's own
 
     def caption(self):
-        """What stands on top of the frame, the name of a maximised child included."""
+        """What stands on top of the frame, the name of a maximised child included; nothing while no
+        window is to be seen.
+        """
         for window in output("xdotool", "search", "--onlyvisible", "--pid", self.process.pid).split():
             name = output("xdotool", "getwindowname", window).strip()
             if name.startswith("Cuadrado Latino"):
                 return name
-        return None
+        return ""
 
     def answer_file_dialog(self, path):
         """Types a file name into the file dialog that is open and confirms it."""
@@ -253,6 +303,7 @@ class Program:
         return self.process.wait(timeout=PATIENCE)
 
     def kill(self):
+        self._listen_no_more()
         if self.process.poll() is None:
             os.killpg(self.process.pid, signal.SIGKILL)
             self.process.wait()
