@@ -1,12 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
+# A sum of texts is put together at once, in one piece of memory.
+set(CL_LAYER_DEFINITIONS QT_USE_QSTRINGBUILDER)
+
 # A layer (or the GUI-free half of one): a static library with the project's options. Its sources
 # are named by the caller; its link line says which layers it may know.
 function(add_layer name)
     add_library(${name} STATIC ${ARGN})
     target_link_libraries(${name} PUBLIC project_options)
-    # A sum of texts is put together at once, in one piece of memory.
-    target_compile_definitions(${name} PRIVATE QT_USE_QSTRINGBUILDER)
+    set_property(GLOBAL APPEND PROPERTY CL_LAYERS ${name})
+    target_compile_definitions(${name} PRIVATE ${CL_LAYER_DEFINITIONS})
 endfunction()
 
 # A layer with Q_OBJECT classes.

@@ -52,7 +52,10 @@ configure_and_build() {
     local preset=$1
     shift
     local launcher=()
-    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    # Without leave to be sloppy about them ccache keeps nothing that reads precompiled headers.
+    command -v ccache >/dev/null && launcher=(
+        -DCMAKE_CXX_COMPILER_LAUNCHER="env;CCACHE_SLOPPINESS=pch_defines,time_macros;ccache"
+    )
     cmake --preset "$preset" "${launcher[@]}" >/dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }

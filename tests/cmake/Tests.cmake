@@ -1,5 +1,16 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
+find_package(Python3 3.10 REQUIRED COMPONENTS Interpreter)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/remembered)
+set(remembered_py ${CMAKE_CURRENT_LIST_DIR}/remembered.py)
+
+# add_remembered_test(NAME COMMAND...) : ./test does not repeat it while nothing that it depends on changed.
+function(add_remembered_test name)
+    add_test(NAME ${name} COMMAND Python3::Interpreter ${remembered_py}
+                                  ${PROJECT_BINARY_DIR}/remembered/${name} ${ARGN}
+    )
+endfunction()
+
 # A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
 # With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one. The sources
 # are compiled as one, but for those APART, whose local names are those of another.
@@ -26,13 +37,16 @@ function(add_layer_test name)
         endif()
         target_sources(${target} PRIVATE ${arg_MAIN})
         target_link_libraries(${target} PRIVATE Qt6::Widgets Qt6::Test)
+        if(TARGET window_test_headers)
+            target_precompile_headers(${target} REUSE_FROM window_test_headers)
+        endif()
     else()
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
     endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    add_test(NAME ${name} COMMAND ${target})
+    add_remembered_test(${name} $<TARGET_FILE:${target}>)
     set_tests_properties(
         ${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
     )

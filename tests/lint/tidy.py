@@ -28,7 +28,7 @@ JOINED = re.compile(r'^#include "(.*\.cpp)"$', re.MULTILINE)
 UNITS_AT_ONCE = 6
 ALONE = re.compile(r'^(int main\(|extern "C")', re.MULTILINE)
 TESTS_MAIN = "tests/support/gui_main.cpp"  # of every test with widgets
-GENERATED = ("mocs_compilation.cpp", "/.rcc/")
+GENERATED = ("mocs_compilation.cpp", "/.rcc/", "_headers.dir/")
 
 
 def noted_dependencies(build):
