@@ -3,6 +3,10 @@
 
 #include "base/NumberText.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
+
 namespace base {
 
 namespace {
@@ -77,6 +81,23 @@ Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fiel
         field.size() > longestQuote ? readTypedNumber(shortened(field)).reason : number.reason;
     return Outcome<double>::refused(
         QStringLiteral("Línea %1, campo %2: %3").arg(lineNumber).arg(fieldNumber).arg(reason));
+}
+
+QString letterQuestion(QStringView text)
+{
+    static const QRegularExpression letterByDigit(QStringLiteral("[0-9][OolI]|[OolI][0-9]"));
+    return letterByDigit.match(shortened(text)).hasMatch()
+               ? QStringLiteral("¿Hay una letra O o l en lugar de un 0 o un 1?")
+               : QString();
+}
+
+QString adviceOnObservation(QStringView text)
+{
+    const bool hasDigit =
+        std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+    return hasDigit ? letterQuestion(text)
+                    : QStringLiteral("Un cuadrado al que le faltan datos no se puede analizar: vea "
+                                     "«Datos que faltan» en el manual (F1).");
 }
 
 QString counted(qsizetype count, const QString& singular)

@@ -32,6 +32,13 @@ qsizetype fieldCount(QStringView line, QChar separator);
 /// field of more than 2000 characters is none: a double has at most 1075 decimals.
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber);
 
+/// Asks after a letter O or l that stands beside a digit; empty for other texts.
+QString letterQuestion(QStringView text);
+
+/// What to say of a text that should hold an observation and does not: without a digit, that a
+/// square with missing data is not analysed, and where to read on; otherwise letterQuestion().
+QString adviceOnObservation(QStringView text);
+
 /// "1 campo", "2 campos": a number of things whose plural ends in "s".
 QString counted(qsizetype count, const QString& singular);
 

@@ -2,9 +2,12 @@
 #include "experiment/CyclicSquareReading.h"
 
 #include "base/FieldLines.h"
+#include "base/NumberText.h"
 #include "experiment/CyclicArrangement.h"
 #include "experiment/ExperimentList.h"
 #include "experiment/ExperimentSquare.h"
+
+#include <algorithm>
 
 namespace experiment {
 
@@ -19,12 +22,40 @@ Result latinSquareIn(const base::Outcome<Experiment>& reading)
     return reading.value ? latinSquareOf(*reading.value) : Result::refused(reading.reason);
 }
 
+/// Whether a refused list may be a small square of numbers, perhaps with names around it.
+bool mayBeSquareOfNumbers(const FieldLines& lines)
+{
+    return lines.size() > 1 && lines.size() <= mostLinesOfASquare &&
+           std::all_of(lines.begin() + 1, lines.end(), [](const auto& fields) {
+               return !fields.empty() &&
+                      std::all_of(fields.begin() + 1, fields.end(), [](QStringView field) {
+                          return base::readTypedNumber(field).value.has_value();
+                      });
+           });
+}
+
+/// Why there is no arrangement, what not to do, and how the next experiment will have one.
+QString noCyclicArrangement()
+{
+    return QStringLiteral(
+        "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
+        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa "
+        "analiza.\n\n"
+        "No lo escriba ni lo pegue como números: el programa daría a las celdas los tratamientos "
+        "de REFERENCIA: TRATAMIENTOS, que no son los que se sembraron, y el reporte sería falso."
+        "\n\n"
+        "Para que el próximo sirva, sortéelo a partir del cuadrado cíclico: ponga al azar el orden "
+        "de sus filas, el de sus columnas y qué tratamiento lleva cada número. Vea «Un cuadrado "
+        "que no se vuelve cíclico» en el manual (F1).");
+}
+
 /// The first reading of the lines that gives a Latin square; the fault of the likeliest where none
 /// does.
 Result readLatinSquare(const FieldLines& lines)
 {
-    const auto readings = isExperimentList(lines) ? std::vector{readExperimentList(lines)}
-                                                  : readExperimentSquare(lines);
+    const bool isList = isExperimentList(lines);
+    const auto readings =
+        isList ? std::vector{readExperimentList(lines)} : readExperimentSquare(lines);
     if (readings.empty()) {
         return Result::refused(QStringLiteral(
             "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
@@ -37,6 +68,8 @@ Result readLatinSquare(const FieldLines& lines)
         if (other.value)
             return other;
     }
+    if (!likeliest.value && isList && mayBeSquareOfNumbers(lines))
+        return Result::refused(numbersArePasted());
     return likeliest;
 }
 
@@ -66,12 +99,8 @@ base::Outcome<LatinSquare> readCyclicSquare(QStringView text)
     if (!square.value)
         return square;
     std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);
-    if (!cyclic) {
-        return Result::refused(QStringLiteral(
-            "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
-            "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa "
-            "analiza."));
-    }
+    if (!cyclic)
+        return Result::refused(noCyclicArrangement());
     return Result::of(*std::move(cyclic));
 }
 

@@ -30,4 +30,10 @@ inline QString labelText(QStringView field)
     return field.toString().simplified();
 }
 
+/// What more there is to say of a field that does not tell the observation of a row and column.
+QString unreadableNotice(const QString& row, const QString& column, QStringView field);
+
+/// Which entry is for observations that come without their treatments.
+QString numbersArePasted();
+
 } // namespace experiment

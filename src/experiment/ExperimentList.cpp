@@ -20,7 +20,6 @@ enum Role : std::size_t { Row, Column, Treatment, Value, RoleCount };
 using Places = std::array<std::size_t, RoleCount>;
 
 constexpr Places usualPlaces = {0, 1, 2, 3};
-constexpr std::size_t mostLinesOfASquare = 5; // order 4, a header line
 
 bool isNumber(QStringView field)
 {
@@ -121,10 +120,14 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
     }
     const auto fieldNumber = static_cast<qsizetype>(places[Value]) + 1;
     const base::Outcome<double> number = base::numberIn(fields[places[Value]], line, fieldNumber);
-    if (!number.value)
-        return Result::refused(number.reason);
-    return Result::of({labelText(fields[places[Row]]), labelText(fields[places[Column]]),
-                       labelText(fields[places[Treatment]]), *number.value, line});
+    Observation observation{labelText(fields[places[Row]]), labelText(fields[places[Column]]),
+                            labelText(fields[places[Treatment]]), number.value.value_or(0.0), line};
+    if (!number.value) {
+        return Result::refused(
+            number.reason + QLatin1Char(' ') +
+            unreadableNotice(observation.row, observation.column, fields[places[Value]]));
+    }
+    return Result::of(std::move(observation));
 }
 
 } // namespace

@@ -6,10 +6,13 @@
 
 namespace experiment {
 
+/// What a square with lines of four fields has at most: order 4, a line of names.
+inline constexpr std::size_t mostLinesOfASquare = 5;
+
 /// Whether the lines, at least one, look like a list of observations rather than a square of cells.
 ///
 /// Most of its lines have four fields, the one for the observation a number; beyond five lines the
-/// four fields alone decide, since a square with lines of four fields has at most five of them.
+/// four fields alone decide.
 bool isExperimentList(const FieldLines& lines);
 
 /// Reads lines of row, column, treatment and observation, any labels.

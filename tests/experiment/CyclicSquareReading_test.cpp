@@ -248,7 +248,9 @@ TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
          "La fila «1» y la columna «2» tienen dos observaciones (líneas 2 y 4)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n%3;2;A;4\n%3;2;A;5",
          "La fila «%3» y la columna «2» tienen dos observaciones (líneas 4 y 5)."},
-        {"1;1;A;1\n1;2;B;2\n2;1;B;3", "Falta la observación de la fila «2» y la columna «2»."},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;3",
+         "Falta la observación de la fila «2» y la columna «2». Un cuadrado al que le faltan datos "
+         "no se puede analizar: vea «Datos que faltan» en el manual (F1)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n3;2;A;4",
          "No es un cuadrado latino: hay 3 filas, 2 columnas y 2 tratamientos; la fila «2» aparece "
          "una sola vez."},
@@ -266,26 +268,49 @@ TEST(Extraction, SaysThatALatinSquareCannotBeMadeCyclic)
         refusalOf("A 1\tB 2\tC 3\tD 4\nB 5\tA 6\tD 7\tC 8\nC 9\tD 10\tA 11\tB 12\nD 13\tC "
                   "14\tB 15\tA 16\n"),
         "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
-        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa analiza.");
+        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa analiza.\n\n"
+        "No lo escriba ni lo pegue como números: el programa daría a las celdas los tratamientos "
+        "de REFERENCIA: TRATAMIENTOS, que no son los que se sembraron, y el reporte sería falso."
+        "\n\n"
+        "Para que el próximo sirva, sortéelo a partir del cuadrado cíclico: ponga al azar el orden "
+        "de sus filas, el de sus columnas y qué tratamiento lleva cada número. Vea «Un cuadrado "
+        "que no se vuelve cíclico» en el manual (F1).");
 }
 
 TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
 {
-    const char* const noCell = "» no es un tratamiento con su observación, como «A 24».";
+    const std::string noCell =
+        "» no es un tratamiento con su observación, como «A 24». Es la celda "
+        "de la fila ";
+    const std::string missing = " Un cuadrado al que le faltan datos no se puede analizar: vea "
+                                "«Datos que faltan» en el manual (F1).";
+    const std::string letter = " ¿Hay una letra O o l en lugar de un 0 o un 1?";
+    const std::string first = "«R-1» y la columna «C-1».";
     const struct {
         const char* text;
         std::string reason;
     } cases[] = {
-        {"A 1\tB 2\nB 3\t24", std::string("Línea 2, campo 2: «24") + noCell},
-        {"A 1\tB x\nB 3\tA 4", std::string("Línea 1, campo 2: «B x") + noCell},
-        {"A 1\tB\nB 3\tA 4", std::string("Línea 1, campo 2: «B") + noCell},
-        {"A 1\tB 2\nB 3\t", std::string("Línea 2, campo 2: «") + noCell},
+        {"A 1\tB x\nB 3\tA 4",
+         "Línea 1, campo 2: «B x" + noCell + "«R-1» y la columna «C-2»." + missing},
+        {"A 1\tB\nB 3\tA 4",
+         "Línea 1, campo 2: «B" + noCell + "«R-1» y la columna «C-2»." + missing},
+        {"A 1\tB 2\nB 3\t", "Línea 2, campo 2: «" + noCell + "«R-2» y la columna «C-2»." + missing},
+        {"\tEva\tAna\nf1\tA 1\tB 2\nf2\tB 3\tA 2O",
+         "Línea 3, campo 3: «A 2O" + noCell + "«f2» y la columna «Ana»." + letter},
         // A sign or thousands that a blank sets apart would be lost to the treatment.
-        {"A - 1\tB - 2\nB - 3\tA - 4", std::string("Línea 1, campo 1: «A - 1") + noCell},
-        {"A 1 024\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «A 1 024") + noCell},
-        {"1 024 A\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «1 024 A") + noCell},
-        {"24 T 1\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «24 T 1") + noCell},
-        {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4", "Línea 3, campo 4: «x» no es un número."},
+        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noCell + first},
+        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noCell + first},
+        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noCell + first},
+        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noCell + first},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4",
+         "Línea 3, campo 4: «x» no es un número. Es la celda de la fila «2» y la columna «1»." +
+             missing},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;2O\n2;2;A;4",
+         "Línea 3, campo 4: «2O» no es un número. Es la celda de la fila «2» y la columna «1»." +
+             letter},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;\n2;2;A;4",
+         "Línea 3, campo 4: Falta el número. Es la celda de la fila «2» y la columna «1»." +
+             missing},
         {"1;1;A;1\n1;2;;2\n2;1;B;3\n2;2;A;4", "En la línea 2 falta el tratamiento."},
         {"1;1;A;1\n;2;B;2\n2;1;B;3\n2;2;A;4", "En la línea 2 falta la fila."},
         {"1;1;A;1\n1;2;B;2\n2;1;B\n2;2;A;4",
@@ -304,7 +329,22 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
 TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
 {
     EXPECT_EQ(refusalOf("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
-              "Línea 2, campo 4: «2 kg» no es un número.");
+              "Línea 2, campo 4: «2 kg» no es un número. Es la celda de la fila «1» y la columna "
+              "«2».");
+}
+
+TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
+{
+    const std::string paste = "Los números sin tratamientos no se extraen: péguelos con «Paste» "
+                              "(Ctrl+V).";
+    // Lines of four fields could be a list; others, with names or without, only a square.
+    for (const char* text : {"24\t20\t19\t24\n17\t24\t30\t27\n18\t38\t26\t27\n26\t31\t26\t23",
+                             "Día\tEva\tAna\tLuz\nf1\t24\t20\t19\nf2\t17\t24\t30\nf3\t18\t38\t26"})
+        EXPECT_EQ(refusalOf(text), paste) << text;
+    const std::string noCell = "» no es un tratamiento con su observación, como «A 24». ";
+    EXPECT_EQ(refusalOf("24\t20\t19\n17\t24\t30\n18\t38\t26"),
+              "Línea 2, campo 2: «24" + noCell + paste);
+    EXPECT_EQ(refusalOf("A 1\tB 2\nB 3\t24"), "Línea 2, campo 2: «24" + noCell + paste);
 }
 
 TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
@@ -313,7 +353,10 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
     QString text;
     for (int i = 0; i < 20'000; ++i)
         text += QStringLiteral("r%1;c%1;t%1;7\n").arg(i);
-    EXPECT_EQ(refusalOf(text.toUtf8()), "Falta la observación de la fila «r0» y la columna «c1».");
+    EXPECT_EQ(
+        refusalOf(text.toUtf8()),
+        "Falta la observación de la fila «r0» y la columna «c1». Un cuadrado al que le faltan "
+        "datos no se puede analizar: vea «Datos que faltan» en el manual (F1).");
 }
 
 TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)

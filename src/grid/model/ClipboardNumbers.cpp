@@ -4,6 +4,11 @@
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
 
+#include <QStringList>
+
+#include <algorithm>
+#include <limits>
+
 namespace grid {
 
 namespace {
@@ -15,10 +20,48 @@ QString sizeText(qsizetype columns, qsizetype rows)
                                          base::counted(rows, QStringLiteral("fila")));
 }
 
+/// "la fila «R-1», columna «C-1»".
+QString placeText(const record::SquareData& square, int column, int row)
+{
+    return QStringLiteral("la fila «%1», columna «%2»")
+        .arg(square.rowName(row), square.columnName(column));
+}
+
 QString tooLarge(qsizetype columns, qsizetype rows, const Room& room)
 {
-    return QStringLiteral("Los datos del portapapeles ocupan %1. Desde %2 solo hay sitio para %3.")
-        .arg(sizeText(columns, rows), room.start, sizeText(room.columns, room.rows));
+    QString reason =
+        QStringLiteral("Los datos del portapapeles ocupan %1. Desde %2 solo hay sitio para %3.")
+            .arg(sizeText(columns, rows), placeText(room.square, room.column, room.row),
+                 sizeText(room.columns(), room.rows()));
+    QStringList steps;
+    const bool fitsTheTable =
+        columns <= room.square.NrOfColumns() && rows <= room.square.NrOfRows();
+    if (!fitsTheTable) {
+        constexpr qsizetype most = std::numeric_limits<int>::max();
+        steps << (room.advice ? room.advice(static_cast<int>(std::min(columns, most)),
+                                            static_cast<int>(std::min(rows, most)))
+                              : QString());
+        if (steps.last().isEmpty())
+            return reason;
+    }
+    if (room.column > 1 || room.row > 1)
+        steps << QStringLiteral("ponga el cursor en la primera celda");
+    return QStringLiteral("%1 Para que quepan, %2.").arg(reason, steps.join(QStringLiteral(" y ")));
+}
+
+/// What to do about a field that is no number and was to go to a cell.
+QString adviceOn(QStringView field, const QString& cell)
+{
+    QStringList advice{QStringLiteral("Iba a %1.").arg(cell)};
+    if (std::none_of(field.begin(), field.end(), [](QChar c) { return c.isLetter(); })) {
+        advice << base::adviceOnObservation(field);
+    } else {
+        advice << base::letterQuestion(field)
+               << QStringLiteral("Si los datos llevan su tratamiento, como «A 24», tráigalos con "
+                                 "«Extract from Clpbrd», del menú de la tabla.");
+    }
+    advice.removeAll(QString());
+    return advice.join(QLatin1Char(' '));
 }
 
 } // namespace
@@ -61,15 +104,18 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
                     .arg(base::counted(count, QStringLiteral("campo")))
                     .arg(block.columns));
         }
-        if (count > room.columns || lineNumber > room.rows)
+        if (count > room.columns() || lineNumber > room.rows())
             return Result::refused(tooLarge(count, base::lineCount(all), room));
         block.columns = static_cast<int>(count);
         const std::vector<QStringView> fields = base::fieldsOf(line, separator);
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            const auto number =
-                base::numberIn(fields[i], lineNumber, static_cast<qsizetype>(i) + 1);
-            if (!number.value)
-                return Result::refused(number.reason);
+        for (int i = 0; i < block.columns; ++i) {
+            const QStringView field = fields[static_cast<std::size_t>(i)];
+            const auto number = base::numberIn(field, lineNumber, i + 1);
+            if (!number.value) {
+                const QString cell =
+                    placeText(room.square, room.column + i, room.row + lineNumber - 1);
+                return Result::refused(number.reason + QLatin1Char(' ') + adviceOn(field, cell));
+            }
             block.values.push_back(*number.value);
         }
     }

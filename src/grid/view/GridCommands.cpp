@@ -2,7 +2,6 @@
 #include "grid/view/GridCommands.h"
 
 #include "base/FileText.h"
-#include "grid/model/ClipboardNumbers.h"
 #include "grid/model/EditHistory.h"
 #include "grid/model/GridError.h"
 #include "grid/model/TableModel.h"
@@ -133,12 +132,8 @@ void GridCommands::paste()
     const CellRange place = selectedRange(m_view);
     if (!m_rights.canEdit() || place.cells() == 0)
         return;
-    const record::SquareData& square = m_model.square();
-    const auto read = readNumberBlock(
-        QGuiApplication::clipboard()->text(),
-        {QStringLiteral("la fila «%1», columna «%2»")
-             .arg(square.rowName(place.row), square.columnName(place.column)),
-         square.NrOfColumns() - place.column + 1, square.NrOfRows() - place.row + 1});
+    const auto read = readNumberBlock(QGuiApplication::clipboard()->text(),
+                                      {m_model.square(), place.column, place.row, m_sizeAdvice});
     if (!read.value) {
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Pegar"));
         return;

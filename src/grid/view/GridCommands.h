@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Outcome.h"
+#include "grid/model/ClipboardNumbers.h"
 #include "grid/view/Cursor.h"
 #include "record/SquareData.h"
 
@@ -55,6 +56,7 @@ public:
     const EditRights& rights() const { return m_rights; }
     void setRights(const EditRights& rights);
     void setExtractor(Extractor extractor) { m_extractor = std::move(extractor); }
+    void setSizeAdvice(SizeAdvice advice) { m_sizeAdvice = std::move(advice); }
 
     /// Whether a key belongs to the table even where a menu has the same shortcut.
     static bool isShortcut(const QKeyEvent& key);
@@ -95,6 +97,7 @@ private:
     QTableView& m_view;
     EditRights m_rights;
     Extractor m_extractor;
+    SizeAdvice m_sizeAdvice;
 };
 
 } // namespace grid

@@ -110,6 +110,9 @@ public:
     /// What "Extract from Clpbrd" reads with; without it the entry does nothing.
     void setExtractor(Extractor extractor) { m_commands->setExtractor(std::move(extractor)); }
 
+    /// What "Paste" tells the user of numbers that are too many for the table.
+    void setSizeAdvice(SizeAdvice advice) { m_commands->setSizeAdvice(std::move(advice)); }
+
     /// Pixels, 64 and 80 at first. A column is wider than its default where its numbers or its name
     /// need it.
     void setDefaultColWidth(int width) { m_widths->setUsual(width); }

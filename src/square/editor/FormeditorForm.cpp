@@ -45,6 +45,14 @@ QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& a
     return edit;
 }
 
+/// How to come by a table of this size, where the orders reach as far.
+QString orderAdvice(int columns, int rows)
+{
+    const int order = std::max(columns, rows);
+    return order <= highestOrder ? QStringLiteral("suba «Num. Tratamientos» a %1").arg(order)
+                                 : QString();
+}
+
 QWidget* paneOf(grid::TNTabEd* table, const QString& title)
 {
     auto* pane = new QWidget;
@@ -116,6 +124,7 @@ QWidget* TEditor::createPanes()
     m_datos = controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("Datos"),
                               QStringLiteral("Datos"));
     answerExtractions(*m_datos);
+    m_datos->setSizeAdvice(orderAdvice);
     m_refTratamientos =
         controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("RefTratamientos"),
                         QStringLiteral("Referencia: tratamientos"));
