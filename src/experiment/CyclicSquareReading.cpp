@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "experiment/CyclicSquareReading.h"
 
-#include "base/FieldLines.h"
 #include "base/NumberText.h"
+#include "base/TableText.h"
 #include "experiment/CyclicArrangement.h"
 #include "experiment/ExperimentList.h"
 #include "experiment/ExperimentSquare.h"
@@ -60,7 +60,8 @@ Result readLatinSquare(const FieldLines& lines)
         return Result::refused(QStringLiteral(
             "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
             "tratamiento y observación, o un cuadrado de celdas como «A 24», con los campos "
-            "separados por tabuladores o por punto y coma."));
+            "separados por tabuladores, por punto y coma o, si el decimal es el punto, por "
+            "comas."));
     }
     const Result likeliest = latinSquareIn(readings.front());
     for (std::size_t i = 1; i < readings.size() && !likeliest.value; ++i) {
@@ -84,13 +85,14 @@ base::Outcome<LatinSquare> readCyclicSquare(QStringView text)
                 .arg(text.size())
                 .arg(longestExperiment));
     }
-    const QChar separator = base::separatorOf(text);
+    base::Outcome<base::TableText> table = base::tableIn(text);
+    if (!table.value)
+        return Result::refused(table.reason);
     FieldLines lines;
-    while (!text.isEmpty()) {
-        const QStringView line = base::takeLine(text);
-        if (line.trimmed().isEmpty())
-            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lines.size() + 1));
-        lines.push_back(base::fieldsOf(line, separator));
+    for (qsizetype line = 1; line <= table.value->lines; ++line) {
+        lines.push_back(base::takeFields(*table.value));
+        if (lines.back().empty())
+            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(line));
     }
     if (lines.empty())
         return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));

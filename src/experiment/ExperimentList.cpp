@@ -59,37 +59,7 @@ std::optional<Role> roleNamed(QStringView field)
     return std::nullopt;
 }
 
-/// What the first line says about the places of the roles.
-struct Header {
-    bool present = false;
-    bool understood = true; ///< False for names that contradict the usual places.
-    Places places = usualPlaces;
-};
-
-Header headerIn(const std::vector<QStringView>& firstLine)
-{
-    Header header;
-    if (firstLine.size() != RoleCount)
-        return header;
-    Places named{};
-    std::array<int, RoleCount> timesNamed{};
-    bool asUsual = true;
-    for (std::size_t field = 0; field < RoleCount; ++field) {
-        const std::optional<Role> role = roleNamed(firstLine[field]);
-        if (!role)
-            continue;
-        named[*role] = field;
-        ++timesNamed[*role];
-        asUsual = asUsual && usualPlaces[*role] == field;
-    }
-    if (std::all_of(timesNamed.begin(), timesNamed.end(), [](int times) { return times == 1; }))
-        return {true, true, named};
-    header.present = !isNumber(firstLine[usualPlaces[Value]]);
-    header.understood = !header.present || asUsual;
-    return header;
-}
-
-QString roleName(Role role)
+QString roleName(std::size_t role)
 {
     switch (role) {
     case Row:
@@ -103,15 +73,84 @@ QString roleName(Role role)
     }
 }
 
+/// What the first line says about the places of the roles.
+struct Header {
+    bool present = false;
+    bool complete = false; ///< Each role is named once.
+    QString fault;         ///< What keeps the lines from being understood; mostly empty.
+    Places places = usualPlaces;
+    std::size_t width = RoleCount; ///< Fields in a line.
+};
+
+/// What is wrong with a header that does not name each role once, among more than four fields.
+QString faultOf(const std::array<std::vector<QStringView>, RoleCount>& fieldsNaming)
+{
+    for (std::size_t role = 0; role < RoleCount; ++role) {
+        const std::vector<QStringView>& fields = fieldsNaming[role];
+        if (fields.size() > 1) {
+            return QStringLiteral("La primera línea nombra dos veces %1: «%2» y «%3». Cambie el "
+                                  "encabezado de la que no se debe leer.")
+                .arg(roleName(role), fields[0].toString(), fields[1].toString());
+        }
+    }
+    std::size_t role = 0;
+    while (!fieldsNaming[role].empty())
+        ++role;
+    return QStringLiteral(
+               "La primera línea no nombra %1. Con más de cuatro columnas hacen falta los "
+               "nombres de las que se leen: Fila, Columna, Tratamiento y Observación.")
+        .arg(roleName(role));
+}
+
+Header headerIn(const std::vector<QStringView>& firstLine)
+{
+    Header header;
+    std::array<std::vector<QStringView>, RoleCount> fieldsNaming;
+    Places named{};
+    bool asUsual = true;
+    for (std::size_t field = 0; field < firstLine.size(); ++field) {
+        const std::optional<Role> role = roleNamed(firstLine[field]);
+        if (!role)
+            continue;
+        named[*role] = field;
+        fieldsNaming[*role].push_back(firstLine[field]);
+        asUsual = asUsual && usualPlaces[*role] == field;
+    }
+    const auto countNamed = [&](std::size_t least, std::size_t most) {
+        return std::count_if(fieldsNaming.begin(), fieldsNaming.end(), [&](const auto& fields) {
+            return fields.size() >= least && fields.size() <= most;
+        });
+    };
+    if (countNamed(1, 1) == RoleCount)
+        return {true, true, {}, named, firstLine.size()};
+    if (firstLine.size() == RoleCount) {
+        header.present = !isNumber(firstLine[usualPlaces[Value]]);
+        if (header.present && !asUsual) {
+            header.fault = QStringLiteral(
+                "La primera línea da los campos en otro orden. Nombre los cuatro (Fila, Columna, "
+                "Tratamiento, Observación) o póngalos en este orden.");
+        }
+    } else if (firstLine.size() > RoleCount && countNamed(1, firstLine.size()) > 1) {
+        header.fault = faultOf(fieldsNaming);
+        header.width = firstLine.size();
+    }
+    return header;
+}
+
 base::Outcome<Observation> readObservation(const std::vector<QStringView>& fields,
-                                           const Places& places, int line)
+                                           const Header& header, int line)
 {
     using Result = base::Outcome<Observation>;
-    if (fields.size() != RoleCount) {
-        return Result::refused(QStringLiteral("La línea %1 no tiene cuatro campos (fila, columna, "
-                                              "tratamiento y observación), sino %2.")
-                                   .arg(line)
-                                   .arg(fields.size()));
+    const Places& places = header.places;
+    if (fields.size() != header.width) {
+        return Result::refused(
+            header.width > RoleCount
+                ? base::raggedLine(line, static_cast<qsizetype>(fields.size()),
+                                   static_cast<qsizetype>(header.width))
+                : QStringLiteral("La línea %1 no tiene cuatro campos (fila, columna, "
+                                 "tratamiento y observación), sino %2.")
+                      .arg(line)
+                      .arg(fields.size()));
     }
     for (const Role role : {Row, Column, Treatment}) {
         if (fields[places[role]].isEmpty())
@@ -134,14 +173,16 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
 
 bool isExperimentList(const FieldLines& lines)
 {
-    const Places places = headerIn(lines.front()).places;
+    const Header header = headerIn(lines.front());
+    if (header.complete || header.width > RoleCount)
+        return true;
     std::size_t withFourFields = 0;
     std::size_t withNumber = 0;
     for (const std::vector<QStringView>& fields : lines) {
         if (fields.size() != RoleCount)
             continue;
         ++withFourFields;
-        withNumber += isNumber(fields[places[Value]]) ? 1 : 0;
+        withNumber += isNumber(fields[usualPlaces[Value]]) ? 1 : 0;
     }
     const std::size_t deciding = lines.size() > mostLinesOfASquare ? withFourFields : withNumber;
     return 2 * deciding > lines.size();
@@ -150,15 +191,12 @@ bool isExperimentList(const FieldLines& lines)
 base::Outcome<Experiment> readExperimentList(const FieldLines& lines)
 {
     const Header header = headerIn(lines.front());
-    if (!header.understood) {
-        return base::Outcome<Experiment>::refused(QStringLiteral(
-            "La primera línea da los campos en otro orden. Nombre los cuatro (Fila, Columna, "
-            "Tratamiento, Observación) o póngalos en este orden."));
-    }
+    if (!header.fault.isEmpty())
+        return base::Outcome<Experiment>::refused(header.fault);
     Experiment experiment;
     for (std::size_t i = header.present ? 1 : 0; i < lines.size(); ++i) {
         base::Outcome<Observation> read =
-            readObservation(lines[i], header.places, static_cast<int>(i) + 1);
+            readObservation(lines[i], header, static_cast<int>(i) + 1);
         if (!read.value)
             return base::Outcome<Experiment>::refused(read.reason);
         experiment.push_back(*std::move(read.value));

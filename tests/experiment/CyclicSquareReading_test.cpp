@@ -220,6 +220,57 @@ TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
               "Tratamiento, Observación) o póngalos en este orden.");
 }
 
+TEST(Extraction, ANamedListMayHaveFurtherColumns)
+{
+    const QString lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'));
+    QString wide = QStringLiteral("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tValor\n");
+    for (const QString& line : lines.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QStringList fields = line.split(QLatin1Char('\t'));
+        wide += QStringLiteral("101\t%1\t\t%2\t%3\t7,5\t%4\n")
+                    .arg(fields[0], fields[1], fields[2], fields[3]);
+    }
+    expectAssemblySums(read(wide.toUtf8().constData()));
+
+    const auto refusalWith = [&wide](const char* header) {
+        return refusalOf((QString::fromUtf8(header) + wide.section(QLatin1Char('\n'), 1)).toUtf8());
+    };
+    EXPECT_EQ(refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tDato\tValor\n"),
+              "La primera línea nombra dos veces la observación: «Dato» y «Valor». Cambie el "
+              "encabezado de la que no se debe leer.");
+    EXPECT_EQ(
+        refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tAltura\n"),
+        "La primera línea no nombra la observación. Con más de cuatro columnas hacen falta los "
+        "nombres de las que se leen: Fila, Columna, Tratamiento y Observación.");
+    EXPECT_EQ(refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tValor\tAltura\n"),
+              "La línea 2 tiene 7 campos y la primera, 8: los datos no forman un rectángulo.");
+}
+
+TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
+{
+    QString commas =
+        assemblyList("Fila,Columna,Tratamiento,Tiempo\n", {0, 1, 2, 3}, QLatin1Char(','));
+    expectAssemblySums(read(commas.toUtf8().constData()));
+    expectAssemblySums(read(
+        commas.replace(QStringLiteral("14\n"), QStringLiteral("14.0\n")).toUtf8().constData()));
+    expectAssemblySums(
+        read("C 10,D 14.0,A 7,B 8\nB 7,C 18,D 11,A 8\nA 5,B 10,C 11,D 9\nD 10,A 10,B 12,C 14"));
+    expectAssemblySums(read("\"C\n10\"\t\"D 14\"\tA 7\tB 8\t\nB 7\tC 18\tD 11\tA 8\t\n"
+                            "A 5\tB 10\tC 11\tD 9\t\nD 10\tA 10\tB 12\tC 14\t\n\t\t\t\t\n\n"));
+    expectAssemblySums(read(assemblyList("Fila;\"Columna\";Tratamiento;\"Tiempo\n(min)\"\n",
+                                         {0, 1, 2, 3}, QLatin1Char(';'))
+                                .toUtf8()
+                                .constData()));
+    EXPECT_EQ(read("\tx\t\"y \"\"2\"\"\"\nf\tA 1\tB 2\ng\tB 3\tA 4").columns,
+              list({"x", "y \"2\""}));
+    // A decimal comma among commas: the number would lose what is behind it.
+    EXPECT_EQ(
+        refusalOf("1,1,A,24,5\n1,2,B,20\n2,1,B,19\n2,2,A,30"),
+        "La línea 1 no tiene cuatro campos (fila, columna, tratamiento y observación), sino 5.");
+    EXPECT_EQ(refusalOf("1, 1, A, 24,5\n1, 2, B, 20\n2, 1, B, 19\n2, 2, A, 30"),
+              "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
+              "campos con tabuladores o con punto y coma.");
+}
+
 TEST(Extraction, ReadsListsInAnyOrderOfLines)
 {
     QStringList lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'))
@@ -316,6 +367,7 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
         {"1;1;A;1\n1;2;B;2\n2;1;B\n2;2;A;4",
          "La línea 3 no tiene cuatro campos (fila, columna, tratamiento y observación), sino 3."},
         {"", "El portapapeles no contiene ningún texto."},
+        {" \n\t\n", "El portapapeles no contiene ningún texto."},
         {"A 1\tB 2\n\nB 3\tA 4", "La línea 2 está vacía."},
     };
     for (const auto& [text, reason] : cases)
@@ -370,8 +422,8 @@ TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
 
 TEST(Extraction, AnyTextIsReadOrRefusedWithAReason)
 {
-    const char* const pieces[] = {"A", "B",  "C", "1",  "2",    "24",   ".", ",",  "-",
-                                  " ", "\t", ";", "\n", "\r\n", "Fila", "ñ", "%1", "1e5"};
+    const char* const pieces[] = {"A",  "B", "C",  "1",    "2",    "24", ".",  ",",   "-", " ",
+                                  "\t", ";", "\n", "\r\n", "Fila", "ñ",  "%1", "1e5", "\""};
     unsigned state = 12345;
     for (int i = 0; i < 30'000; ++i) {
         QString text;

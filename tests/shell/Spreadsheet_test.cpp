@@ -100,6 +100,28 @@ TEST_F(Spreadsheet, ARectangleThatIsTooLargeNamesTheOrderThatHoldsIt)
     expectToHold(paste(five), "Para que quepan, ponga el cursor en la primera celda.");
 }
 
+TEST_F(Spreadsheet, WhatSpreadsheetsAddIsForgiven)
+{
+    EXPECT_EQ(paste("\"24\"\t20\t19\t\n17\t24\t30\t\n18\t38\t26,5\t\n\t\t\t\n"), "");
+    EXPECT_EQ(shown(3, 3).left(2), QStringLiteral("26"));
+    EXPECT_EQ(paste("1.5,2.5,3.5\n4.5,5,6\n7,8,9\n"), "");
+    EXPECT_EQ(shown(2, 3).left(1), QStringLiteral("8"));
+    expectToHold(paste("1,5,2,5\n"), "solo hay sitio");
+    expectToHold(paste("12,500,7.5\n"), "No se sabe qué comas separan campos");
+
+    EXPECT_EQ(
+        extract("Fila;Columna;Tratamiento;\"Valor\";Nota\nf1;c1;A;1;\nf1;c2;B;2;\"con\nlluvia\"\n"
+                "f1;c3;C;3;\nf2;c1;B;4;\nf2;c2;C;5;\nf2;c3;A;6;\nf3;c1;C;7;\nf3;c2;A;8;\nf3;c3;B;9;"
+                "\n;;;;\n"),
+        "");
+    EXPECT_EQ(shown(2, 1).left(1), QStringLiteral("2"));
+    EXPECT_EQ(extract("f1,c1,A,1.5\nf1,c2,B,2\nf1,c3,C,3\nf2,c1,B,4\nf2,c2,C,5\nf2,c3,A,6\n"
+                      "f3,c1,C,7\nf3,c2,A,8\nf3,c3,B,9\n"),
+              "");
+    EXPECT_EQ(shown(1, 1).left(1), QStringLiteral("1"));
+    EXPECT_NE(shown(1, 1).indexOf(QLatin1Char('5')), -1);
+}
+
 TEST_F(Spreadsheet, ASquareThatIsNotCyclicIsToldTheWholeTruth)
 {
     const std::string truth =

@@ -3,6 +3,7 @@
 
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
+#include "base/TableText.h"
 
 #include <QStringList>
 
@@ -84,31 +85,26 @@ QString copiedText(const record::SquareData& square, const CellRange& range)
 base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
 {
     using Result = base::Outcome<NumberBlock>;
-    if (text.isEmpty())
+    base::Outcome<base::TableText> reading = base::tableIn(text);
+    if (!reading.value)
+        return Result::refused(reading.reason);
+    base::TableText& table = *reading.value;
+    if (table.lines == 0)
         return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+    if (table.columns > room.columns() || table.lines > room.rows())
+        return Result::refused(tooLarge(table.columns, table.lines, room));
 
-    const QStringView all = text;
-    const QChar separator = base::separatorOf(all);
     NumberBlock block;
-    while (!text.isEmpty()) {
-        const QStringView line = base::takeLine(text);
+    while (block.rows < table.lines) {
         const int lineNumber = ++block.rows;
-        if (line.trimmed().isEmpty())
+        const std::vector<QStringView> fields = base::takeFields(table);
+        const auto count = static_cast<int>(fields.size());
+        if (count == 0)
             return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lineNumber));
-        const qsizetype count = base::fieldCount(line, separator);
-        if (lineNumber > 1 && count != block.columns) {
-            return Result::refused(
-                QStringLiteral("La línea %1 tiene %2 y la primera, %3: los datos "
-                               "no forman un rectángulo.")
-                    .arg(lineNumber)
-                    .arg(base::counted(count, QStringLiteral("campo")))
-                    .arg(block.columns));
-        }
-        if (count > room.columns() || lineNumber > room.rows())
-            return Result::refused(tooLarge(count, base::lineCount(all), room));
-        block.columns = static_cast<int>(count);
-        const std::vector<QStringView> fields = base::fieldsOf(line, separator);
-        for (int i = 0; i < block.columns; ++i) {
+        if (lineNumber > 1 && count != block.columns)
+            return Result::refused(base::raggedLine(lineNumber, count, block.columns));
+        block.columns = count;
+        for (int i = 0; i < count; ++i) {
             const QStringView field = fields[static_cast<std::size_t>(i)];
             const auto number = base::numberIn(field, lineNumber, i + 1);
             if (!number.value) {
@@ -119,7 +115,8 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
             block.values.push_back(*number.value);
         }
     }
-    return Result::of(std::move(block));
+    return table.unclearNumbers ? Result::refused(base::unclearCommas())
+                                : Result::of(std::move(block));
 }
 
 } // namespace grid

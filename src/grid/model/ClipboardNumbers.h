@@ -40,9 +40,9 @@ struct Room {
     int rows() const { return square.NrOfRows() - row + 1; }
 };
 
-/// Reads a rectangle of numbers separated by tabs, semicolons or blanks, decimals after a point or
-/// a comma, lines ended by LF or CRLF. Anything else is refused: an empty text or line, lines of
-/// different length, a field that is no number, a rectangle that is larger than the room for it.
+/// Reads a rectangle of numbers out of the table in a text, decimals after a point or a comma.
+/// Anything else is refused: an empty text or line, lines of different length, a field that is no
+/// number, commas with two meanings, a rectangle that is larger than the room for it.
 /// What lies beyond that room is counted but not read. The reason says what to do instead.
 base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room);
 

@@ -83,14 +83,30 @@ TEST_F(ClipboardNumbers, ReadsTabsSemicolonsAndBlanksWithEitherDecimalSign)
     EXPECT_EQ(read("1\n2\n3").rows, 3);
 }
 
+TEST_F(ClipboardNumbers, ForgivesWhatSpreadsheetsAdd)
+{
+    const Values expected = {1, 2.5, 3, 4};
+    for (const char* text : {"1\t2,5\t\n3\t4\t\n\t\t\n\n", "\"1\"\t\"2,5\"\n3\t\" 4\"\n",
+                             "1;\"2.5\";\n3;4;\n", "1,2.5\n3,4\n,\n", "1, 2.5\n3, 4"}) {
+        const grid::NumberBlock block = read(text);
+        EXPECT_EQ(block.columns, 2) << text;
+        EXPECT_EQ(block.values, expected) << text;
+    }
+    EXPECT_EQ(read("24,20,19\n17,24,30\n").values, (Values{24, 20, 19, 17, 24, 30}));
+    for (const char* text : {"24,5,20,1\n17,2,30,4", "24,5, 20,1", "1,234.5", "1.5,120,134"})
+        EXPECT_EQ(
+            refusalOf(text),
+            "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
+            "campos con tabuladores o con punto y coma.")
+            << text;
+}
+
 TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
 {
     EXPECT_EQ(refusalOf("1\t2\n3\tx4\n"),
               "Línea 2, campo 2: «x4» no es un número." + toR2C2 + extract);
-    EXPECT_EQ(refusalOf("1;\"2\""), "Línea 1, campo 2: «\"2\"» no es un número." + toR1C2);
     EXPECT_EQ(refusalOf("1\t\t3"), "Línea 1, campo 2: Falta el número." + toR1C2 + missing);
-    EXPECT_EQ(refusalOf("1\t2\t"),
-              "Línea 1, campo 3: Falta el número. Iba a la fila «R-1», columna «C-3»." + missing);
+    EXPECT_EQ(refusalOf("1\t2\n3\t"), "Línea 2, campo 2: Falta el número." + toR2C2 + missing);
     EXPECT_EQ(refusalOf("\t1"), "Línea 1, campo 1: Falta el número." + toR1C1 + missing);
     EXPECT_EQ(refusalOf("1\t2\n3\t."), "Línea 2, campo 2: «.» no es un número." + toR2C2 + missing);
     EXPECT_EQ(refusalOf("1\t2\n3\t2O"), "Línea 2, campo 2: «2O» no es un número." + toR2C2 +
@@ -111,10 +127,10 @@ TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
 TEST_F(ClipboardNumbers, RefusesEmptyAndRaggedTexts)
 {
     EXPECT_EQ(refusalOf(""), "El portapapeles no contiene ningún texto.");
-    EXPECT_EQ(refusalOf("\n"), "La línea 1 está vacía.");
-    EXPECT_EQ(refusalOf("  \t "), "La línea 1 está vacía.");
+    EXPECT_EQ(refusalOf("\n"), "El portapapeles no contiene ningún texto.");
+    EXPECT_EQ(refusalOf("  \t "), "El portapapeles no contiene ningún texto.");
     EXPECT_EQ(refusalOf("1\n\n2"), "La línea 2 está vacía.");
-    EXPECT_EQ(refusalOf("1\n2\n\n"), "La línea 3 está vacía.");
+    EXPECT_EQ(refusalOf("\n1\n2"), "La línea 1 está vacía.");
     EXPECT_EQ(refusalOf("1\t2\n3\n"),
               "La línea 2 tiene 1 campo y la primera, 2: los datos no forman un rectángulo.");
     EXPECT_EQ(refusalOf("1 2\n3 4 5"),
