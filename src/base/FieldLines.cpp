@@ -5,8 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace base {
 
 namespace {
@@ -53,11 +51,10 @@ QString letterQuestion(QStringView text)
 
 QString adviceOnObservation(QStringView text)
 {
-    const bool hasDigit =
-        std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
-    return hasDigit ? letterQuestion(text)
-                    : QStringLiteral("Un cuadrado al que le faltan datos no se puede analizar: vea "
-                                     "«Datos que faltan» en el manual (F1).");
+    const QString notice = QStringLiteral("Sin ese dato no se puede analizar el cuadrado: vea "
+                                          "«Datos que faltan» en el manual (F1).");
+    const QString question = letterQuestion(text);
+    return question.isEmpty() ? notice : question + QLatin1Char(' ') + notice;
 }
 
 QString raggedLine(qsizetype lineNumber, qsizetype fields, qsizetype fieldsOfFirst)

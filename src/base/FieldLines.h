@@ -21,8 +21,8 @@ Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fiel
 /// Asks after a letter O or l that stands beside a digit; empty for other texts.
 QString letterQuestion(QStringView text);
 
-/// What to say of a text that should hold an observation and does not: without a digit, that a
-/// square with missing data is not analysed, and where to read on; otherwise letterQuestion().
+/// What to say of a text that should hold an observation and does not: the question, that a square
+/// with missing data is not analysed, and where to read on.
 QString adviceOnObservation(QStringView text);
 
 /// Why lines with different numbers of fields are refused.

@@ -76,10 +76,11 @@ Result readLatinSquare(const FieldLines& lines)
 
 } // namespace
 
-base::Outcome<LatinSquare> readCyclicSquare(QStringView text)
+base::Outcome<CyclicSquare> readCyclicSquare(QStringView text)
 {
+    using Reading = base::Outcome<CyclicSquare>;
     if (text.size() > longestExperiment) {
-        return Result::refused(
+        return Reading::refused(
             QStringLiteral(
                 "El portapapeles tiene %1 caracteres. De un experimento se leen hasta %2.")
                 .arg(text.size())
@@ -87,23 +88,25 @@ base::Outcome<LatinSquare> readCyclicSquare(QStringView text)
     }
     base::Outcome<base::TableText> table = base::tableIn(text);
     if (!table.value)
-        return Result::refused(table.reason);
+        return Reading::refused(table.reason);
     FieldLines lines;
     for (qsizetype line = 1; line <= table.value->lines; ++line) {
         lines.push_back(base::takeFields(*table.value));
         if (lines.back().empty())
-            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(line));
+            return Reading::refused(QStringLiteral("La línea %1 está vacía.").arg(line));
     }
     if (lines.empty())
-        return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+        return Reading::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
 
     const Result square = readLatinSquare(lines);
     if (!square.value)
-        return square;
+        return Reading::refused(square.reason);
     std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);
     if (!cyclic)
-        return Result::refused(noCyclicArrangement());
-    return Result::of(*std::move(cyclic));
+        return Reading::refused(noCyclicArrangement());
+    const bool rowsMoved = cyclic->rows != square.value->rows;
+    const bool columnsMoved = cyclic->columns != square.value->columns;
+    return Reading::of({*std::move(cyclic), rowsMoved, columnsMoved});
 }
 
 } // namespace experiment

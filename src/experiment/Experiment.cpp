@@ -8,8 +8,7 @@ namespace experiment {
 QString unreadableNotice(const QString& row, const QString& column, QStringView field)
 {
     return QStringLiteral("Es la celda de la fila «%1» y la columna «%2». %3")
-        .arg(row, column, base::adviceOnObservation(field))
-        .trimmed();
+        .arg(row, column, base::adviceOnObservation(field));
 }
 
 QString numbersArePasted()

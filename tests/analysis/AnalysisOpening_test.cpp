@@ -212,10 +212,9 @@ TEST_F(AnalysisOpening, AFileWithAnObservationThatIsNoneNamesItInTheBox)
     writeBytes(QStringLiteral("mal.asc"), badObservation);
     openFile(path(QStringLiteral("mal.asc")));
     EXPECT_FALSE(handOff.fileOpened);
-    expectOneBadFileBox(QStringLiteral(
-        "\n«nueve» no es un número: fila «R-3», columna «C-3». Un cuadrado al que le "
-        "faltan datos no se puede analizar: vea «Datos que faltan» en el manual "
-        "(F1)."));
+    expectOneBadFileBox(
+        QStringLiteral("\n«nueve» no es un número: fila «R-3», columna «C-3». Sin ese dato no se "
+                       "puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1)."));
     expectEmptyWindow();
 }
 

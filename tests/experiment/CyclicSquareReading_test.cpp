@@ -21,7 +21,7 @@ experiment::LatinSquare read(const char* text)
 {
     const auto outcome = experiment::readCyclicSquare(QString::fromUtf8(text));
     EXPECT_TRUE(outcome.value) << text << "\n" << outcome.reason.toStdString();
-    return outcome.value.value_or(experiment::LatinSquare());
+    return outcome.value.value_or(experiment::CyclicSquare()).square;
 }
 
 std::string refusalOf(const char* text)
@@ -118,10 +118,24 @@ TEST(Extraction, BringsTheAssemblySquareIntoTheCyclicLayout)
     const experiment::LatinSquare square = read(assembly);
     expectAssemblySums(square);
     EXPECT_EQ(square.rows, list({"R-1", "R-2", "R-3", "R-4"})); // no row had to move
-    EXPECT_EQ(square.columns, list({"C-1", "C-4", "C-3", "C-2"}));
-    EXPECT_EQ(square.treatments, list({"C", "B", "A", "D"}));
+    EXPECT_EQ(square.columns, list({"C-3", "C-2", "C-1", "C-4"}));
+    EXPECT_EQ(square.treatments, list({"A", "D", "C", "B"}));
     EXPECT_EQ(square.values,
-              (std::vector<double>{10, 8, 7, 14, 7, 8, 11, 18, 5, 9, 11, 10, 10, 14, 12, 10}));
+              (std::vector<double>{7, 14, 10, 8, 11, 18, 7, 8, 11, 10, 5, 9, 12, 10, 10, 14}));
+}
+
+TEST(Extraction, TellsWhetherRowsOrColumnsHadToMove)
+{
+    const auto moves = [](const char* text) {
+        const auto read = experiment::readCyclicSquare(QString::fromUtf8(text)).value.value();
+        return std::pair(read.rowsMoved, read.columnsMoved);
+    };
+    EXPECT_EQ(moves("A 1\tB 2\tC 3\nB 4\tC 5\tA 6\nC 7\tA 8\tB 9"), std::pair(false, false));
+    EXPECT_EQ(moves(assembly), std::pair(false, true));
+    // Rows 1, 2, 4, 3 of the cyclic square.
+    EXPECT_EQ(moves("A 1\tB 1\tC 1\tD 1\nB 1\tC 1\tD 1\tA 1\nD 1\tA 1\tB 1\tC 1\n"
+                    "C 1\tD 1\tA 1\tB 1"),
+              std::pair(true, false));
 }
 
 TEST(Extraction, ReadsTheOtherFormsOfASquare)
@@ -144,7 +158,7 @@ TEST(Extraction, ReadsTheOtherFormsOfASquare)
 TEST(Extraction, TakesTheNamesOfRowsAndColumns)
 {
     const QStringList rows = list({"orden 1", "orden 2", "orden 3", "orden 4"});
-    const QStringList columns = list({"Ana", "Eva", "Luz", "Pía"}); // as the columns were arranged
+    const QStringList columns = list({"Luz", "Pía", "Ana", "Eva"}); // as the columns were arranged
     const char* const lines[] = {"C 10\tD 14\tA 7\tB 8", "B 7\tC 18\tD 11\tA 8",
                                  "A 5\tB 10\tC 11\tD 9", "D 10\tA 10\tB 12\tC 14"};
     for (const char* header : {"\tAna\tPía\tLuz\tEva\n", "Ana\tPía\tLuz\tEva\n",
@@ -167,7 +181,7 @@ TEST(Extraction, TakesTheNamesOfRowsAndColumns)
     EXPECT_EQ(read(onlyColumns.toUtf8().constData()).columns, columns);
     EXPECT_EQ(read(onlyColumns.toUtf8().constData()).rows, list({"R-1", "R-2", "R-3", "R-4"}));
     EXPECT_EQ(read(onlyRows.toUtf8().constData()).rows, rows);
-    EXPECT_EQ(read(onlyRows.toUtf8().constData()).columns, list({"C-1", "C-4", "C-3", "C-2"}));
+    EXPECT_EQ(read(onlyRows.toUtf8().constData()).columns, list({"C-3", "C-2", "C-1", "C-4"}));
 }
 
 TEST(Extraction, NamesThatLookLikeCellsAreStillNames)
@@ -188,8 +202,8 @@ TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
         const experiment::LatinSquare square = read(text.toUtf8().constData());
         expectAssemblySums(square);
         EXPECT_EQ(square.rows, list({"o1", "o2", "o3", "o4"}));
-        EXPECT_EQ(square.columns, list({"p1", "p4", "p3", "p2"}));
-        EXPECT_EQ(square.treatments, list({"C", "B", "A", "D"}));
+        EXPECT_EQ(square.columns, list({"p3", "p2", "p1", "p4"}));
+        EXPECT_EQ(square.treatments, list({"A", "D", "C", "B"}));
     }
     for (const char* header : {"Orden;Operario;Método;Tiempo\n", "Fila;Columna;Tratamiento;Dato\n",
                                "FILA;columna;Trat;observación\n"})
@@ -300,8 +314,8 @@ TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n%3;2;A;4\n%3;2;A;5",
          "La fila «%3» y la columna «2» tienen dos observaciones (líneas 4 y 5)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3",
-         "Falta la observación de la fila «2» y la columna «2». Un cuadrado al que le faltan datos "
-         "no se puede analizar: vea «Datos que faltan» en el manual (F1)."},
+         "Falta la observación de la fila «2» y la columna «2». Sin ese dato no se puede analizar "
+         "el cuadrado: vea «Datos que faltan» en el manual (F1)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n3;2;A;4",
          "No es un cuadrado latino: hay 3 filas, 2 columnas y 2 tratamientos; la fila «2» aparece "
          "una sola vez."},
@@ -333,9 +347,9 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
     const std::string noCell =
         "» no es un tratamiento con su observación, como «A 24». Es la celda "
         "de la fila ";
-    const std::string missing = " Un cuadrado al que le faltan datos no se puede analizar: vea "
-                                "«Datos que faltan» en el manual (F1).";
-    const std::string letter = " ¿Hay una letra O o l en lugar de un 0 o un 1?";
+    const std::string missing =
+        " Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1).";
+    const std::string letter = " ¿Hay una letra O o l en lugar de un 0 o un 1?" + missing;
     const std::string first = "«R-1» y la columna «C-1».";
     const struct {
         const char* text;
@@ -349,10 +363,10 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
         {"\tEva\tAna\nf1\tA 1\tB 2\nf2\tB 3\tA 2O",
          "Línea 3, campo 3: «A 2O" + noCell + "«f2» y la columna «Ana»." + letter},
         // A sign or thousands that a blank sets apart would be lost to the treatment.
-        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noCell + first},
-        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noCell + first},
-        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noCell + first},
-        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noCell + first},
+        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noCell + first + missing},
+        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noCell + first + missing},
+        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noCell + first + missing},
+        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noCell + first + missing},
         {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4",
          "Línea 3, campo 4: «x» no es un número. Es la celda de la fila «2» y la columna «1»." +
              missing},
@@ -382,7 +396,8 @@ TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
 {
     EXPECT_EQ(refusalOf("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
               "Línea 2, campo 4: «2 kg» no es un número. Es la celda de la fila «1» y la columna "
-              "«2».");
+              "«2». Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el "
+              "manual (F1).");
 }
 
 TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
@@ -405,10 +420,9 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
     QString text;
     for (int i = 0; i < 20'000; ++i)
         text += QStringLiteral("r%1;c%1;t%1;7\n").arg(i);
-    EXPECT_EQ(
-        refusalOf(text.toUtf8()),
-        "Falta la observación de la fila «r0» y la columna «c1». Un cuadrado al que le faltan "
-        "datos no se puede analizar: vea «Datos que faltan» en el manual (F1).");
+    EXPECT_EQ(refusalOf(text.toUtf8()),
+              "Falta la observación de la fila «r0» y la columna «c1». Sin ese dato no se puede "
+              "analizar el cuadrado: vea «Datos que faltan» en el manual (F1).");
 }
 
 TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)

@@ -24,6 +24,10 @@ protected:
     {
         return *editor().findChild<QTableView*>(QString::fromLatin1(name));
     }
+    QVariant inReference(int column, int row, int role)
+    {
+        return table("RefTratamientos").model()->index(row - 1, column - 1).data(role);
+    }
     QString shown(int column, int row, const char* name = "Datos")
     {
         return table(name).model()->index(row - 1, column - 1).data().toString();
@@ -76,9 +80,9 @@ TEST_F(Spreadsheet, WhatIsRefusedNamesTheWayThatLeadsOn)
                  "Es la celda de la fila «R-1» y la columna «C-2». ¿Hay una letra O");
     expectToHold(paste("24\t2O\n17\t24\n"),
                  "Iba a la fila «Fila 1», columna «Col 2». ¿Hay una letra O");
-    expectToHold(paste("24\t\t19\n17\t24\t30\n"),
-                 "Iba a la fila «Fila 1», columna «Col 2». Un cuadrado al "
-                 "que le faltan datos no se puede analizar");
+    expectToHold(
+        paste("24\t\t19\n17\t24\t30\n"),
+        "Iba a la fila «Fila 1», columna «Col 2». Sin ese dato no se puede analizar el cuadrado");
     EXPECT_EQ(shown(1, 1), shown(3, 3)); // nothing came in
 }
 
@@ -146,6 +150,64 @@ TEST_F(Spreadsheet, AFileWithAnObservationThatIsNoneNamesItInEditorAndAnalysis)
         (frame.*open)();
         EXPECT_EQ(told(), "Hay un error en el archivo, o no es un archivo ASCII.\n«2O» no es un "
                           "número: fila «lote2», columna «Ana». ¿Hay una letra O o l en lugar de "
-                          "un 0 o un 1?");
+                          "un 0 o un 1? Sin ese dato no se puede analizar el cuadrado: vea «Datos "
+                          "que faltan» en el manual (F1).");
     }
+}
+
+TEST_F(Spreadsheet, TheTreatmentsKeepTheirNames)
+{
+    const auto tip = [this](int column, int row) {
+        return inReference(column, row, Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(tip(1, 1), QString());
+    EXPECT_EQ(extract("B 41,3\tA 38,2\tD 44,8\tC 36,5\nA 35,1\tB 44,6\tC 40,7\tD 43,9\n"
+                      "C 38,4\tD 49,3\tB 41,2\tA 39,5\nD 42,6\tC 41,9\tA 33,4\tB 40,8\n"),
+              "");
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Tratamientos: 1 = ")));
+    EXPECT_TRUE(status().contains(QStringLiteral(". Se reordenaron las filas y las columnas.")))
+        << status().toStdString();
+    const QString key = status().section(QLatin1Char('.'), 0, 0);
+    EXPECT_TRUE(key.contains(tip(1, 1)));
+    EXPECT_TRUE(key.contains(tip(4, 1)));
+    EXPECT_EQ(tip(4, 1), tip(1, 4));
+
+    // The file keeps them, and so does an editor that loads it.
+    dialogs.saveAnswers.push_back(folder.filePath(QStringLiteral("variedades.asc")));
+    press(Qt::Key_F2);
+    const QString fourth = tip(4, 1);
+    dialogs.openAnswers.push_back(folder.filePath(QStringLiteral("variedades.asc")));
+    frame.AbrirArchivo1Click();
+    EXPECT_EQ(tip(4, 1), fourth);
+
+    // With another order the numbers are those of other treatments.
+    auto* order = editor().findChild<QSpinBox*>(QStringLiteral("NumTratamientos"));
+    order->setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(tip(1, 1), QString());
+}
+
+TEST_F(Spreadsheet, TheReferenceShowsTheCellOfTheCurrentDatum)
+{
+    const auto pointed = [this] {
+        QStringList cells;
+        const int n = table("RefTratamientos").model()->rowCount();
+        for (int row = 1; row <= n; ++row) {
+            for (int column = 1; column <= n; ++column) {
+                if (inReference(column, row, Qt::BackgroundRole).isValid())
+                    cells << QStringLiteral("%1,%2").arg(column).arg(row);
+            }
+        }
+        return cells.join(QLatin1Char(' ')).toStdString();
+    };
+    EXPECT_EQ(pointed(), "1,1");
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    EXPECT_EQ(pointed(), "2,2");
+    press(Qt::Key_7);
+    press(Qt::Key_Return);
+    EXPECT_EQ(pointed(), "3,2");
+    EXPECT_EQ(inReference(3, 2, Qt::DisplayRole).toString(), QStringLiteral("1"));
+    EXPECT_EQ(extract("A 1\tB 2\tC 3\nB 4\tC 5\tA 6\nC 7\tA 8\tB 9\n"), "");
+    EXPECT_EQ(pointed(), "1,1");
 }

@@ -53,16 +53,14 @@ QString tooLarge(qsizetype columns, qsizetype rows, const Room& room)
 /// What to do about a field that is no number and was to go to a cell.
 QString adviceOn(QStringView field, const QString& cell)
 {
-    QStringList advice{QStringLiteral("Iba a %1.").arg(cell)};
-    if (std::none_of(field.begin(), field.end(), [](QChar c) { return c.isLetter(); })) {
-        advice << base::adviceOnObservation(field);
-    } else {
-        advice << base::letterQuestion(field)
-               << QStringLiteral("Si los datos llevan su tratamiento, como «A 24», tráigalos con "
-                                 "«Extract from Clpbrd», del menú de la tabla.");
-    }
-    advice.removeAll(QString());
-    return advice.join(QLatin1Char(' '));
+    const bool hasLetter =
+        std::any_of(field.begin(), field.end(), [](QChar c) { return c.isLetter(); });
+    const QString advice =
+        hasLetter && base::letterQuestion(field).isEmpty()
+            ? QStringLiteral("Si los datos llevan su tratamiento, como «A 24», tráigalos con "
+                             "«Extract from Clpbrd», del menú de la tabla.")
+            : base::adviceOnObservation(field);
+    return QStringLiteral("Iba a %1. %2").arg(cell, advice);
 }
 
 } // namespace

@@ -146,13 +146,13 @@ void GridCommands::extract()
 {
     if (!m_rights.canEdit() || !m_extractor)
         return;
-    auto read = m_extractor(QGuiApplication::clipboard()->text());
+    auto read = m_extractor(QGuiApplication::clipboard()->text(), m_model.square().Identifier());
     if (!read.value) {
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Extraer del portapapeles"));
         return;
     }
-    read.value->square.setIdentifier(m_model.square().Identifier());
     TableData table(std::move(read.value->square));
+    table.treatments = read.value->treatments;
     const int columns = std::min(table.square.NrOfColumns(), m_model.square().NrOfColumns());
     for (int column = 1; column <= columns; ++column)
         table.setPrecision(column, m_model.table().precision(column));

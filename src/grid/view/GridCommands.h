@@ -6,7 +6,9 @@
 #include "grid/view/Cursor.h"
 #include "record/SquareData.h"
 
+#include <QByteArray>
 #include <QObject>
+#include <QStringList>
 #include <QStringView>
 
 #include <cstdint>
@@ -29,13 +31,15 @@ class TableModel;
 
 /// What "Extract from Clpbrd" brings into a table.
 struct Extraction {
-    record::SquareData square; ///< Its identifier will be the one that the table has already.
-    QString notice;            ///< For the status line.
+    record::SquareData square;
+    QStringList treatments; ///< Names of 1, 2, ...
+    QString notice;         ///< For the status line.
 };
 
-/// Who knows what a copied experiment is: reads the text of the clipboard, or says for the user why
-/// there is no experiment in it.
-using Extractor = std::function<base::Outcome<Extraction>(QStringView text)>;
+/// Who knows what a copied experiment is: reads the text of the clipboard for a table with this
+/// identifier, or says for the user why there is no experiment in it.
+using Extractor =
+    std::function<base::Outcome<Extraction>(QStringView text, const QByteArray& identifier)>;
 
 /// What the user may do to a table.
 struct EditRights {

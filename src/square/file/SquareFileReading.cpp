@@ -96,8 +96,7 @@ QString noObservation(const QString& row, const QString& column, std::string_vie
     const QString problem = text.isEmpty() ? QStringLiteral("Falta una observación")
                                            : QStringLiteral("«%1» no es un número").arg(text);
     return QStringLiteral("%1: fila «%2», columna «%3». %4")
-        .arg(problem, row, column, base::adviceOnObservation(text))
-        .trimmed();
+        .arg(problem, row, column, base::adviceOnObservation(text));
 }
 
 /// @return what was wrong with one of them; else empty

@@ -19,8 +19,8 @@ const grid::Room room{target};
 const std::string toR1C1 = " Iba a la fila «R-1», columna «C-1».";
 const std::string toR1C2 = " Iba a la fila «R-1», columna «C-2».";
 const std::string toR2C2 = " Iba a la fila «R-2», columna «C-2».";
-const std::string missing = " Un cuadrado al que le faltan datos no se puede analizar: vea «Datos "
-                            "que faltan» en el manual (F1).";
+const std::string missing =
+    " Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1).";
 const std::string extract = " Si los datos llevan su tratamiento, como «A 24», tráigalos con "
                             "«Extract from Clpbrd», del menú de la tabla.";
 
@@ -111,7 +111,7 @@ TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
     EXPECT_EQ(refusalOf("1\t2\n3\t."), "Línea 2, campo 2: «.» no es un número." + toR2C2 + missing);
     EXPECT_EQ(refusalOf("1\t2\n3\t2O"), "Línea 2, campo 2: «2O» no es un número." + toR2C2 +
                                             " ¿Hay una letra O o l en lugar de un 0 o un 1?" +
-                                            extract);
+                                            missing);
     EXPECT_EQ(refusalOf("1;2\n3;nan"),
               "Línea 2, campo 2: «nan» no es un número." + toR2C2 + extract);
     EXPECT_EQ(refusalOf("1 inf"), "Línea 1, campo 2: «inf» no es un número." + toR1C2 + extract);
@@ -120,8 +120,9 @@ TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
     EXPECT_NE(refusalOf("1;1.234,5").find("Línea 1, campo 2: «1.234,5» tiene más de un separador"),
               std::string::npos);
     // A blank inside a tab-separated field is no separator: "1 000" must not become 1 and 0.
-    EXPECT_EQ(refusalOf("1 000\t2"), "Línea 1, campo 1: «1 000» no es un número." + toR1C1);
-    EXPECT_EQ(refusalOf("1;2\t3"), "Línea 1, campo 1: «1;2» no es un número." + toR1C1);
+    EXPECT_EQ(refusalOf("1 000\t2"),
+              "Línea 1, campo 1: «1 000» no es un número." + toR1C1 + missing);
+    EXPECT_EQ(refusalOf("1;2\t3"), "Línea 1, campo 1: «1;2» no es un número." + toR1C1 + missing);
 }
 
 TEST_F(ClipboardNumbers, RefusesEmptyAndRaggedTexts)
@@ -218,7 +219,7 @@ TEST_F(ClipboardNumbers, AFieldAsLongAsANovelIsNoNumber)
 {
     EXPECT_EQ(refusalOf(QString(2001, QLatin1Char('0'))),
               "Línea 1, campo 1: «" + std::string(40, '0') +
-                  "…» tiene más de 2000 caracteres, no es un número." + toR1C1);
+                  "…» tiene más de 2000 caracteres, no es un número." + toR1C1 + missing);
     EXPECT_EQ(read(QString(1999, QLatin1Char('0')).append(QLatin1Char('7')).toUtf8()).values,
               Values{7.0});
 }

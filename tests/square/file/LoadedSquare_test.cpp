@@ -63,16 +63,19 @@ TEST_F(LoadedSquare, ABadHeaderAndABadBodyGiveTheSameText)
 
 TEST_F(LoadedSquare, AnObservationThatCannotBeReadIsNamed)
 {
-    const QString missing = utf8(" Un cuadrado al que le faltan datos no se puede analizar: vea "
-                                 "«Datos que faltan» en el manual (F1).");
+    const QString missing = utf8(" Sin ese dato no se puede analizar el cuadrado: vea «Datos que "
+                                 "faltan» en el manual (F1).");
     const auto withLastRow = [](const char* row) {
         return badfiles::fileOf("3", "2", "FALSE FALSE TRUE", {"\"Lote 1\" 1 2 3", row});
     };
     expectRefused(load(withLastRow("\"Lote 2\" 7 2O 9")),
-                  badFile + utf8("\n«2O» no es un número: fila «Lote 2», columna «C-2». ¿Hay una "
-                                 "letra O o l en lugar de un 0 o un 1?"));
+                  badFile +
+                      utf8("\n«2O» no es un número: fila «Lote 2», columna «C-2». ¿Hay una "
+                           "letra O o l en lugar de un 0 o un 1?") +
+                      missing);
     expectRefused(load(withLastRow("\"Lote 2\" 7 8 9,5")),
-                  badFile + utf8("\n«9,5» no es un número: fila «Lote 2», columna «C-3»."));
+                  badFile + utf8("\n«9,5» no es un número: fila «Lote 2», columna «C-3».") +
+                      missing);
     expectRefused(load(withLastRow("\"Lote 2\" 7 8")),
                   badFile + utf8("\nFalta una observación: fila «Lote 2», columna «C-3».") +
                       missing);
