@@ -87,15 +87,13 @@ QString withoutQuotes(QStringView text, QChar separator)
     return plain;
 }
 
-/// Whether the only comma of a word may be a decimal sign: "24,5", "-,5", "24,".
+/// Whether the only comma of a word may be a decimal sign: "24,5", "-,5", "A24,5".
 bool isDecimal(QStringView word)
 {
     const qsizetype at = word.indexOf(comma);
-    const bool lastInWord = at + 1 == word.size();
-    const bool digitBehind = !lastInWord && isDigit(word[at + 1]);
-    if (at == 0 || word[at - 1] == QLatin1Char('-') || word[at - 1] == QLatin1Char('+'))
-        return digitBehind;
-    return isDigit(word[at - 1]) && (digitBehind || lastInWord);
+    const bool digitBehind = at + 1 < word.size() && isDigit(word[at + 1]);
+    return digitBehind && (at == 0 || isDigit(word[at - 1]) || word[at - 1] == QLatin1Char('-') ||
+                           word[at - 1] == QLatin1Char('+'));
 }
 
 /// Whether some comma is no decimal sign by the rule that a number has one sign.
@@ -169,7 +167,7 @@ qsizetype usedFields(QStringView line, QChar separator)
 
 /// Counts lines and columns. Where commas separate, one too many may come from a decimal: there
 /// empty fields at the end do not count only if all lines have them.
-void measure(TableText& table, bool byCommas)
+void measure(TableText& table)
 {
     qsizetype longest = 0;
     bool asLong = true;
@@ -180,7 +178,7 @@ void measure(TableText& table, bool byCommas)
         longest = std::max(longest, length);
         table.columns = std::max(table.columns, usedFields(line, table.separator));
     }
-    if (byCommas && !asLong)
+    if (table.byCommas && !asLong)
         table.columns = longest;
 }
 
@@ -202,22 +200,23 @@ Outcome<TableText> tableIn(QStringView text)
     TableText table;
     table.separator = separatorOf(text);
     table.rest = text;
-    const bool byCommas = table.separator == comma;
-    const CommaPlaces commas = byCommas ? commaPlaces(text) : CommaPlaces();
+    table.byCommas = table.separator == comma;
+    const CommaPlaces commas = table.byCommas ? commaPlaces(text) : CommaPlaces();
     if (commas.beforeBlank && commas.betweenDigits)
         return Outcome<TableText>::refused(unclearCommas());
     if (text.contains(quote)) {
         table.unquoted = withoutQuotes(text, table.separator);
         // The commas that are left stood in quotes.
-        if (byCommas && commaPlaces(table.unquoted).thousands)
+        if (table.byCommas && commaPlaces(table.unquoted).thousands)
             return Outcome<TableText>::refused(unclearCommas());
         table.rest = table.unquoted;
         table.separator = tab;
     }
     table.rest = withoutEmptyEnd(table.rest, table.separator);
-    measure(table, byCommas);
-    const bool hasPoint = text.contains(QLatin1Char('.'));
-    table.unclearNumbers = byCommas && (commas.thousands || (!hasPoint && table.columns % 2 == 0));
+    measure(table);
+    // A point shows that the decimal sign is the point.
+    const bool mayBeDecimal = commas.betweenDigits && !text.contains(QLatin1Char('.'));
+    table.unclearNumbers = mayBeDecimal || commas.thousands;
     return Outcome<TableText>::of(std::move(table));
 }
 

@@ -24,6 +24,7 @@ struct TableText {
     QChar separator;       ///< In `rest`.
     qsizetype lines = 0;   ///< 0 for a text without a field.
     qsizetype columns = 0; ///< Fields of the longest line.
+    bool byCommas = false;
     /// Whether commas separate that, between bare numbers, could also be decimal signs or set
     /// thousands apart: "24,5,20,1" or "12,500".
     bool unclearNumbers = false;

@@ -51,11 +51,11 @@ QString noCyclicArrangement()
 
 /// The first reading of the lines that gives a Latin square; the fault of the likeliest where none
 /// does.
-Result readLatinSquare(const FieldLines& lines)
+Result readLatinSquare(const FieldLines& lines, Separators separators)
 {
     const bool isList = isExperimentList(lines);
     const auto readings =
-        isList ? std::vector{readExperimentList(lines)} : readExperimentSquare(lines);
+        isList ? std::vector{readExperimentList(lines, separators)} : readExperimentSquare(lines);
     if (readings.empty()) {
         return Result::refused(QStringLiteral(
             "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
@@ -98,7 +98,8 @@ base::Outcome<CyclicSquare> readCyclicSquare(QStringView text)
     if (lines.empty())
         return Reading::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
 
-    const Result square = readLatinSquare(lines);
+    const Result square =
+        readLatinSquare(lines, table.value->byCommas ? Separators::Commas : Separators::Others);
     if (!square.value)
         return Reading::refused(square.reason);
     std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);

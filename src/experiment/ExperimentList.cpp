@@ -3,6 +3,7 @@
 
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
+#include "base/TableText.h"
 
 #include <QStringList>
 
@@ -169,6 +170,24 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
     return Result::of(std::move(observation));
 }
 
+bool isWholeNumber(QStringView field)
+{
+    return !field.isEmpty() && std::all_of(field.begin(), field.end(), [](QChar c) {
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    });
+}
+
+/// Whether what follows each observation may be its decimals: "24,5" for 24.5.
+bool mayLackDecimals(const FieldLines& lines, const Header& header)
+{
+    const std::size_t value = header.places[Value];
+    return header.width > RoleCount &&
+           std::all_of(lines.begin() + 1, lines.end(), [value](const auto& fields) {
+               return value + 1 < fields.size() && isWholeNumber(fields[value]) &&
+                      isWholeNumber(fields[value + 1]);
+           });
+}
+
 } // namespace
 
 bool isExperimentList(const FieldLines& lines)
@@ -188,11 +207,13 @@ bool isExperimentList(const FieldLines& lines)
     return 2 * deciding > lines.size();
 }
 
-base::Outcome<Experiment> readExperimentList(const FieldLines& lines)
+base::Outcome<Experiment> readExperimentList(const FieldLines& lines, Separators separators)
 {
     const Header header = headerIn(lines.front());
     if (!header.fault.isEmpty())
         return base::Outcome<Experiment>::refused(header.fault);
+    if (separators == Separators::Commas && mayLackDecimals(lines, header))
+        return base::Outcome<Experiment>::refused(base::unclearCommas());
     Experiment experiment;
     for (std::size_t i = header.present ? 1 : 0; i < lines.size(); ++i) {
         base::Outcome<Observation> read =

@@ -21,7 +21,8 @@ bool isExperimentList(const FieldLines& lines);
 /// "Columna", "Tratamiento", "Observación" and the like) may give them in any order and among other
 /// fields, which are not read; one that names some of them where they are not expected, or one of
 /// them twice, is refused, since a Latin square stays one when rows, columns and treatments change
-/// places and the error would never show.
-base::Outcome<Experiment> readExperimentList(const FieldLines& lines);
+/// places and the error would never show. So are further fields behind commas where each
+/// observation and what follows it are whole numbers: these could be its decimals.
+base::Outcome<Experiment> readExperimentList(const FieldLines& lines, Separators separators);
 
 } // namespace experiment

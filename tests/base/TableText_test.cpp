@@ -44,6 +44,7 @@ TEST(TableText, TheFirstSeparatorThatItHasSeparates)
     EXPECT_EQ(fieldsIn("a b\tc;d\t1,5\r\n"), "a b|c;d|1,5");
     EXPECT_EQ(fieldsIn("a b;c,d; 1,5 \n;e"), "a b|c,d|1,5\n|e");
     EXPECT_EQ(fieldsIn("a b,c,1.5\n1,2,3"), "a b|c|1.5\n1|2|3");
+    EXPECT_EQ(fieldsIn("A 24, B 30"), "A 24|B 30");
     EXPECT_EQ(fieldsIn(" a  b 1,5\n2,5 ,5 -,5 3"), "a|b|1,5\n2,5|,5|-,5|3");
 }
 
@@ -87,8 +88,9 @@ TEST(TableText, CommasOfTwoKindsAreRefused)
 
 TEST(TableText, CommasBetweenNumbersMayBeUnclear)
 {
-    for (const char* text : {"24,5,20,1", "1,234.5", "12,500,7", "1,2,345"})
+    for (const char* text : {"24,5,20,1", "24,20,19\n17,24,30", "1,234.5", "12,500,7.5", "1,2,345"})
         EXPECT_TRUE(hasUnclearNumbers(text)) << text;
-    for (const char* text : {"24.5,20.1", "24,20,19\n17,24,30", "0.5,100.25", "1;2,5", "1 2,5"})
+    for (const char* text :
+         {"24.5,20.1", "24.0,20,19\n17,24,30", "0.5,100.25", "24, 20, 19", "1;2,5", "1 2,5"})
         EXPECT_FALSE(hasUnclearNumbers(text)) << text;
 }

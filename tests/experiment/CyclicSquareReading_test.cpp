@@ -276,6 +276,21 @@ TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
                                 .constData()));
     EXPECT_EQ(read("\tx\t\"y \"\"2\"\"\"\nf\tA 1\tB 2\ng\tB 3\tA 4").columns,
               list({"x", "y \"2\""}));
+    // What is behind the observation could be another column or its decimals.
+    const auto wide = [](const char* header, const char* behind) {
+        QStringList lines = assemblyList(header, {0, 1, 2, 3}, QLatin1Char(','))
+                                .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (qsizetype i = 1; i < lines.size(); ++i)
+            lines[i] += QString::fromUtf8(behind);
+        return lines.join(QLatin1Char('\n')).toUtf8();
+    };
+    const char* const noted = "Fila,Columna,Tratamiento,Valor,Nota\n";
+    expectAssemblySums(read(wide(noted, ",lluvia 3").constData()));
+    EXPECT_EQ(refusalOf(wide(noted, ",5").constData()),
+              "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
+              "campos con tabuladores o con punto y coma.");
+    EXPECT_EQ(read("Fila,Valor,Columna,Tratamiento\n1,5,1,A\n1,6,2,B\n2,7,1,B\n2,8,2,A").values,
+              (std::vector<double>{5, 6, 7, 8}));
     // A decimal comma among commas: the number would lose what is behind it.
     EXPECT_EQ(
         refusalOf("1,1,A,24,5\n1,2,B,20\n2,1,B,19\n2,2,A,30"),

@@ -92,8 +92,9 @@ TEST_F(ClipboardNumbers, ForgivesWhatSpreadsheetsAdd)
         EXPECT_EQ(block.columns, 2) << text;
         EXPECT_EQ(block.values, expected) << text;
     }
-    EXPECT_EQ(read("24,20,19\n17,24,30\n").values, (Values{24, 20, 19, 17, 24, 30}));
-    for (const char* text : {"24,5,20,1\n17,2,30,4", "24,5, 20,1", "1,234.5", "1.5,120,134"})
+    EXPECT_EQ(read("24, 20, 19\n17, 24, 30\n").values, (Values{24, 20, 19, 17, 24, 30}));
+    for (const char* text :
+         {"24,5,20,1\n17,2,30,4", "24,20,19\n17,24,30", "24,5, 20,1", "1,234.5", "1.5,120,134"})
         EXPECT_EQ(
             refusalOf(text),
             "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
