@@ -148,6 +148,9 @@ Move bestMove(const Distances& distances, const Numbers& ranks)
             continue;
         const Shifts ofRows = bestShifts(distances.rows, factor);
         const Shifts ofColumns = bestShifts(distances.columns, factor);
+        const std::pair kept(ofRows.kept, ofColumns.kept);
+        if (kept < best.kept)
+            continue;
         std::vector<bool> tried(at(n)); // the sums of two shifts, which move the treatments
         for (const int rowShift : ofRows.shifts) {
             for (const int columnShift : ofColumns.shifts) {
@@ -155,7 +158,7 @@ Move bestMove(const Distances& distances, const Numbers& ranks)
                 if (tried[at(sum)])
                     continue;
                 tried[at(sum)] = true;
-                Move move{factor, rowShift, columnShift, {ofRows.kept, ofColumns.kept}, ranks};
+                Move move{factor, rowShift, columnShift, kept, ranks};
                 const Numbers numbers = moved(distances.places, factor, sum);
                 for (int treatment = 0; treatment < n; ++treatment)
                     move.order[at(numbers[at(treatment)])] = ranks[at(treatment)];
