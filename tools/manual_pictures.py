@@ -20,6 +20,9 @@ from pictures import DESKTOP, desktop_settings  # noqa: E402
 
 SCREEN = "980x660"  # a propellant square shows whole, letters stay legible on a page
 FILES = pathlib.Path("/tmp/experimentos")
+KEY_OF_THE_FIELD = (
+    "Tratamientos: 1 = C, 2 = A, 3 = D, 4 = B. Se reordenaron las filas y las columnas."
+)
 
 
 def field_square():
@@ -89,7 +92,7 @@ def extract_field_square(program, album):
     program.press("ctrl+n")
     program.wait_for_focus("table «Datos»")
     program.press("shift+F10", "Up", "Return")
-    program.find("label", "Tratamientos: 1 = C, 2 = A, 3 = D, 4 = B.")
+    program.find("label", KEY_OF_THE_FIELD)
     maximise(program)
     album.take("extraer")
     copy.kill()

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "experiment/CyclicArrangement.h"
 
+#include "experiment/LabelOrder.h"
+
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 // A Latin square can be rearranged into the cyclic one exactly when it is isotopic to the addition
 // table of the integers modulo n. Let s_r be the permutation of the treatments that takes the first
@@ -62,21 +65,25 @@ Numbers distancesOfRows(const LatinSquare& square, const Numbers& places)
     return distances;
 }
 
-/// A shift and how many of the numbers it leaves equal to their index.
-struct Shift {
-    int shift = 0;
+/// Shifts, each of which leaves as many of the numbers equal to their index.
+struct Shifts {
+    Numbers shifts;
     int kept = 0;
 };
 
-/// The shift for which (factor * distances[i] + shift) mod n equals i most often.
-Shift bestShift(const Numbers& distances, int factor)
+/// The shifts for which (factor * distances[i] + shift) mod n equals i most often.
+Shifts bestShifts(const Numbers& distances, int factor)
 {
     const int n = static_cast<int>(distances.size());
     Numbers kept(at(n));
     for (int i = 0; i < n; ++i)
         ++kept[at(((i - factor * distances[at(i)]) % n + n) % n)];
-    const auto best = std::max_element(kept.begin(), kept.end());
-    return {static_cast<int>(best - kept.begin()), *best};
+    Shifts best{{}, *std::max_element(kept.begin(), kept.end())};
+    for (int shift = 0; shift < n; ++shift) {
+        if (kept[at(shift)] == best.kept)
+            best.shifts.push_back(shift);
+    }
+    return best;
 }
 
 LatinSquare arranged(const LatinSquare& square, const Numbers& newRows, const Numbers& newColumns,
@@ -109,6 +116,60 @@ Numbers moved(const Numbers& distances, int factor, int shift)
     return result;
 }
 
+/// Where rows, columns and treatments lie: row i at rows[i] and column j at columns[j] have the
+/// treatment k for which places[k] is the sum of the two modulo n.
+struct Distances {
+    Numbers rows;
+    Numbers columns;
+    Numbers places;
+};
+
+/// A multiple of the distances, moved: with factors prime to n and all shifts these are all the
+/// arrangements.
+struct Move {
+    int factor = 1;
+    int rowShift = 0;
+    int columnShift = 0;
+    std::pair<int, int> kept = {-1, -1}; ///< Rows and columns that stay in their places.
+    Numbers order;                       ///< The ranks of the treatments 1, 2, ...
+
+    bool isBetterThan(const Move& other) const
+    {
+        return kept > other.kept || (kept == other.kept && order < other.order);
+    }
+};
+
+Move bestMove(const Distances& distances, const Numbers& ranks)
+{
+    const int n = static_cast<int>(ranks.size());
+    Move best;
+    for (int factor = 1; factor < n; ++factor) {
+        if (std::gcd(factor, n) != 1)
+            continue;
+        const Shifts ofRows = bestShifts(distances.rows, factor);
+        const Shifts ofColumns = bestShifts(distances.columns, factor);
+        const std::pair kept(ofRows.kept, ofColumns.kept);
+        if (kept < best.kept)
+            continue;
+        std::vector<bool> tried(at(n)); // the sums of two shifts, which move the treatments
+        for (const int rowShift : ofRows.shifts) {
+            for (const int columnShift : ofColumns.shifts) {
+                const int sum = (rowShift + columnShift) % n;
+                if (tried[at(sum)])
+                    continue;
+                tried[at(sum)] = true;
+                Move move{factor, rowShift, columnShift, kept, ranks};
+                const Numbers numbers = moved(distances.places, factor, sum);
+                for (int treatment = 0; treatment < n; ++treatment)
+                    move.order[at(numbers[at(treatment)])] = ranks[at(treatment)];
+                if (move.isBetterThan(best))
+                    best = std::move(move);
+            }
+        }
+    }
+    return best;
+}
+
 } // namespace
 
 std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square)
@@ -119,32 +180,16 @@ std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square)
         places = placesOnCycle(stepFromFirstRow(square, row));
     if (places.empty())
         return std::nullopt;
-    const Numbers rows = distancesOfRows(square, places);
-    if (rows.empty())
+    Distances distances{distancesOfRows(square, places), {}, places};
+    if (distances.rows.empty())
         return std::nullopt;
-    Numbers columns;
     for (int column = 0; column < n; ++column)
-        columns.push_back(places[at(square.layout[square.place(column, 0)])]);
+        distances.columns.push_back(places[at(square.layout[square.place(column, 0)])]);
 
-    // With row i at rows[i] and column j at columns[j] the treatment at places[k] is the sum of the
-    // two modulo n. Multiplying all three by a factor prime to n and shifting rows and columns
-    // gives every other arrangement.
-    int factor = 0;
-    Shift rowShift{0, -1};
-    Shift columnShift{0, -1};
-    for (int other = 1; other < n; ++other) {
-        const Shift ofRows = bestShift(rows, other);
-        const Shift ofColumns = bestShift(columns, other);
-        if (std::gcd(other, n) == 1 &&
-            std::pair(ofRows.kept, ofColumns.kept) > std::pair(rowShift.kept, columnShift.kept)) {
-            factor = other;
-            rowShift = ofRows;
-            columnShift = ofColumns;
-        }
-    }
-    return arranged(square, moved(rows, factor, rowShift.shift),
-                    moved(columns, factor, columnShift.shift),
-                    moved(places, factor, rowShift.shift + columnShift.shift));
+    const Move move = bestMove(distances, ranksOf(square.treatments));
+    return arranged(square, moved(distances.rows, move.factor, move.rowShift),
+                    moved(distances.columns, move.factor, move.columnShift),
+                    moved(places, move.factor, move.rowShift + move.columnShift));
 }
 
 } // namespace experiment

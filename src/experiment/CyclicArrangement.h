@@ -11,7 +11,9 @@ namespace experiment {
 /// and row r, all counted from 0, is (c + r) mod n; nothing where no rearrangement does it.
 ///
 /// Of the rearrangements there are the one that leaves most rows, and then most columns, where they
-/// were. Takes O(n^2 + n phi(n)) steps.
+/// were; where several do, the one whose treatments come in the order of their labels, or nearest
+/// to it: with the first label as treatment 1 if one has it there, then the second as 2, and so on.
+/// Takes O(n^3) steps.
 std::optional<LatinSquare> cyclicArrangement(const LatinSquare& square);
 
 } // namespace experiment

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "experiment/CyclicSquareReading.h"
 
-#include "base/FieldLines.h"
+#include "base/NumberText.h"
+#include "base/TableText.h"
 #include "experiment/CyclicArrangement.h"
 #include "experiment/ExperimentList.h"
 #include "experiment/ExperimentSquare.h"
+
+#include <algorithm>
 
 namespace experiment {
 
@@ -19,17 +22,46 @@ Result latinSquareIn(const base::Outcome<Experiment>& reading)
     return reading.value ? latinSquareOf(*reading.value) : Result::refused(reading.reason);
 }
 
+/// Whether a refused list may be a small square of numbers, perhaps with names around it.
+bool mayBeSquareOfNumbers(const FieldLines& lines)
+{
+    return lines.size() > 1 && lines.size() <= mostLinesOfASquare &&
+           std::all_of(lines.begin() + 1, lines.end(), [](const auto& fields) {
+               return !fields.empty() &&
+                      std::all_of(fields.begin() + 1, fields.end(), [](QStringView field) {
+                          return base::readTypedNumber(field).value.has_value();
+                      });
+           });
+}
+
+/// Why there is no arrangement, what not to do, and how the next experiment will have one.
+QString noCyclicArrangement()
+{
+    return QStringLiteral(
+        "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
+        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa "
+        "analiza.\n\n"
+        "No lo escriba ni lo pegue como números: el programa daría a las celdas los tratamientos "
+        "de REFERENCIA: TRATAMIENTOS, que no son los que se sembraron, y el reporte sería falso."
+        "\n\n"
+        "Para que el próximo sirva, sortéelo a partir del cuadrado cíclico: ponga al azar el orden "
+        "de sus filas, el de sus columnas y qué tratamiento lleva cada número. Vea «Un cuadrado "
+        "que no se vuelve cíclico» en el manual (F1).");
+}
+
 /// The first reading of the lines that gives a Latin square; the fault of the likeliest where none
 /// does.
-Result readLatinSquare(const FieldLines& lines)
+Result readLatinSquare(const FieldLines& lines, Separators separators)
 {
-    const auto readings = isExperimentList(lines) ? std::vector{readExperimentList(lines)}
-                                                  : readExperimentSquare(lines);
+    const bool isList = isExperimentList(lines);
+    const auto readings =
+        isList ? std::vector{readExperimentList(lines, separators)} : readExperimentSquare(lines);
     if (readings.empty()) {
         return Result::refused(QStringLiteral(
             "El texto no tiene forma de experimento: hacen falta líneas con fila, columna, "
             "tratamiento y observación, o un cuadrado de celdas como «A 24», con los campos "
-            "separados por tabuladores o por punto y coma."));
+            "separados por tabuladores, por punto y coma o, si el decimal es el punto, por "
+            "comas."));
     }
     const Result likeliest = latinSquareIn(readings.front());
     for (std::size_t i = 1; i < readings.size() && !likeliest.value; ++i) {
@@ -37,42 +69,45 @@ Result readLatinSquare(const FieldLines& lines)
         if (other.value)
             return other;
     }
+    if (!likeliest.value && isList && mayBeSquareOfNumbers(lines))
+        return Result::refused(numbersArePasted());
     return likeliest;
 }
 
 } // namespace
 
-base::Outcome<LatinSquare> readCyclicSquare(QStringView text)
+base::Outcome<CyclicSquare> readCyclicSquare(QStringView text)
 {
+    using Reading = base::Outcome<CyclicSquare>;
     if (text.size() > longestExperiment) {
-        return Result::refused(
+        return Reading::refused(
             QStringLiteral(
                 "El portapapeles tiene %1 caracteres. De un experimento se leen hasta %2.")
                 .arg(text.size())
                 .arg(longestExperiment));
     }
-    const QChar separator = base::separatorOf(text);
+    base::Outcome<base::TableText> table = base::tableIn(text);
+    if (!table.value)
+        return Reading::refused(table.reason);
     FieldLines lines;
-    while (!text.isEmpty()) {
-        const QStringView line = base::takeLine(text);
-        if (line.trimmed().isEmpty())
-            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lines.size() + 1));
-        lines.push_back(base::fieldsOf(line, separator));
+    for (qsizetype line = 1; line <= table.value->lines; ++line) {
+        lines.push_back(base::takeFields(*table.value));
+        if (lines.back().empty())
+            return Reading::refused(QStringLiteral("La línea %1 está vacía.").arg(line));
     }
     if (lines.empty())
-        return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+        return Reading::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
 
-    const Result square = readLatinSquare(lines);
+    const Result square =
+        readLatinSquare(lines, table.value->byCommas ? Separators::Commas : Separators::Others);
     if (!square.value)
-        return square;
+        return Reading::refused(square.reason);
     std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);
-    if (!cyclic) {
-        return Result::refused(QStringLiteral(
-            "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
-            "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa "
-            "analiza."));
-    }
-    return Result::of(*std::move(cyclic));
+    if (!cyclic)
+        return Reading::refused(noCyclicArrangement());
+    const bool rowsMoved = cyclic->rows != square.value->rows;
+    const bool columnsMoved = cyclic->columns != square.value->columns;
+    return Reading::of({*std::move(cyclic), rowsMoved, columnsMoved});
 }
 
 } // namespace experiment

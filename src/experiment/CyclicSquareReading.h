@@ -7,8 +7,15 @@
 
 namespace experiment {
 
+/// An experiment in the cyclic layout.
+struct CyclicSquare {
+    LatinSquare square;
+    bool rowsMoved = false; ///< Not in the order of their first appearance in the text.
+    bool columnsMoved = false;
+};
+
 /// The whole way from a clipboard text, in either form, to the cyclic layout. A text of more than a
 /// million characters is refused unread: it takes many times its size to read one.
-base::Outcome<LatinSquare> readCyclicSquare(QStringView text);
+base::Outcome<CyclicSquare> readCyclicSquare(QStringView text);
 
 } // namespace experiment

@@ -24,10 +24,19 @@ using Experiment = std::vector<Observation>;
 /// The fields of a clipboard text, line by line.
 using FieldLines = std::vector<std::vector<QStringView>>;
 
+/// Whether commas separate the fields, where a decimal comma would look like one of them.
+enum class Separators { Commas, Others };
+
 /// A label without blanks around it and with single blanks inside, so that "A  1" is "A 1".
 inline QString labelText(QStringView field)
 {
     return field.toString().simplified();
 }
+
+/// What more there is to say of a field that does not tell the observation of a row and column.
+QString unreadableNotice(const QString& row, const QString& column, QStringView field);
+
+/// Which entry is for observations that come without their treatments.
+QString numbersArePasted();
 
 } // namespace experiment

@@ -159,21 +159,23 @@ base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
     for (std::size_t line = names.lines; line < lines.size(); ++line) {
         for (std::size_t field = names.fields; field < lines[line].size(); ++field) {
             const QStringView text = lines[line][field];
+            const QStringView rowName = names.fields == 1 ? lines[line].front() : QStringView();
+            const QStringView columnName =
+                names.lines == 1 ? lines.front()[field - columnNameShift] : QStringView();
+            const QString row = labelOr(rowName, QLatin1Char('R'), line + 1 - names.lines);
+            const QString column = labelOr(columnName, QLatin1Char('C'), field + 1 - names.fields);
             const std::optional<Cell> cell = readCell(text);
             if (!cell) {
                 return base::Outcome<Experiment>::refused(
                     QStringLiteral("Línea %1, campo %2: «%3» no es un tratamiento con su "
-                                   "observación, como «A 24».")
-                        .arg(line + 1)
-                        .arg(field + 1)
-                        .arg(base::shortened(text)));
+                                   "observación, como «A 24». %4")
+                        .arg(QString::number(line + 1), QString::number(field + 1),
+                             base::shortened(text),
+                             number(text) ? numbersArePasted()
+                                          : unreadableNotice(row, column, text)));
             }
-            const QStringView rowName = names.fields == 1 ? lines[line].front() : QStringView();
-            const QStringView columnName =
-                names.lines == 1 ? lines.front()[field - columnNameShift] : QStringView();
-            experiment.push_back({labelOr(rowName, QLatin1Char('R'), line + 1 - names.lines),
-                                  labelOr(columnName, QLatin1Char('C'), field + 1 - names.fields),
-                                  cell->treatment, cell->value, static_cast<int>(line) + 1});
+            experiment.push_back(
+                {row, column, cell->treatment, cell->value, static_cast<int>(line) + 1});
         }
     }
     return base::Outcome<Experiment>::of(std::move(experiment));

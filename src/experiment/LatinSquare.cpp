@@ -123,9 +123,9 @@ QString missingCell(const Indexed& index)
     if (hole == seen.end())
         return {};
     const auto place = hole - seen.begin();
-    return QStringLiteral("Falta la observación de la fila «%1» y la columna «%2».")
+    return QStringLiteral("Falta la observación de la fila «%1» y la columna «%2». %3")
         .arg(index.rows.names[place / index.rows.size()],
-             index.columns.names[place % index.rows.size()]);
+             index.columns.names[place % index.rows.size()], base::adviceOnObservation({}));
 }
 
 /// A treatment that comes twice in a row or a column; empty where none does.

@@ -29,11 +29,11 @@ protected:
         EXPECT_EQ(report().toPlainText(), QStringLiteral("REPORTE SIN GENERAR"));
     }
 
-    void expectOneBadFileBox() const
+    void expectOneBadFileBox(const QString& more = {}) const
     {
         ASSERT_EQ(dialogs.errors.size(), 1U);
         EXPECT_EQ(dialogs.errors[0].text,
-                  QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII."));
+                  QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.") + more);
         EXPECT_EQ(dialogs.errors[0].caption, QStringLiteral("Abrir Archivo"));
     }
 };
@@ -195,7 +195,7 @@ TEST_F(AnalysisOpening, ACancelledDialogLeavesTheEmptyWindow)
 
 TEST_F(AnalysisOpening, ABadFileIsRefusedWithOneBox)
 {
-    for (const QByteArray& bytes : {QByteArray("no es un cuadrado"), QByteArray(), badObservation,
+    for (const QByteArray& bytes : {QByteArray("no es un cuadrado"), QByteArray(),
                                     squareFile(orderThree).replace("\r\n", "\n")}) {
         dialogs.errors.clear();
         handOff.fileOpened = true;
@@ -205,6 +205,17 @@ TEST_F(AnalysisOpening, ABadFileIsRefusedWithOneBox)
         expectOneBadFileBox();
         expectEmptyWindow();
     }
+}
+
+TEST_F(AnalysisOpening, AFileWithAnObservationThatIsNoneNamesItInTheBox)
+{
+    writeBytes(QStringLiteral("mal.asc"), badObservation);
+    openFile(path(QStringLiteral("mal.asc")));
+    EXPECT_FALSE(handOff.fileOpened);
+    expectOneBadFileBox(
+        QStringLiteral("\n«nueve» no es un número: fila «R-3», columna «C-3». Sin ese dato no se "
+                       "puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1)."));
+    expectEmptyWindow();
 }
 
 TEST_F(AnalysisOpening, CountsThatNoGridTakesAreRefusedWithTheirReason)

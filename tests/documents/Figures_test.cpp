@@ -182,17 +182,17 @@ TEST_F(ManualFigures, TheHarvestBecomesCyclicAndGivesItsReport)
 {
     const auto read = experiment::readCyclicSquare(copied(harvest()));
     ASSERT_TRUE(read.value) << read.reason.toStdString();
+    const experiment::LatinSquare& arranged = read.value->square;
     QStringList key;
-    for (int i = 0; i < read.value->order(); ++i)
-        key << QStringLiteral("%1 = %2").arg(i + 1).arg(read.value->treatments[i]);
+    for (int i = 0; i < arranged.order(); ++i)
+        key << QStringLiteral("%1 = %2").arg(i + 1).arg(arranged.treatments[i]);
     const Chapter chapter("del-campo-al-programa");
     EXPECT_TRUE(chapter.says(QLatin1Char('`') + key.join(QStringLiteral(", ")) + QLatin1Char('`')));
 
     Square square{4, stats::TMatrix::Create(4, 4)};
     for (int column = 0; column < 4; ++column) {
         for (int row = 0; row < 4; ++row)
-            square.matrix.Elem(column + 1, row + 1,
-                               read.value->values[read.value->place(column, row)]);
+            square.matrix.Elem(column + 1, row + 1, arranged.values[arranged.place(column, row)]);
     }
     EXPECT_TRUE(chapter.shows(fTable(square)));
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "experiment/CyclicArrangement.h"
+#include "experiment/LabelOrder.h"
 
 #include "support/Text.h"
 
@@ -122,11 +123,17 @@ int countKept(const QStringList& before, const QStringList& after)
     return kept;
 }
 
-/// Most rows, and with them most columns, that any cyclic arrangement keeps in place; by trying all
-/// orders of rows and columns. (-1, -1) where there is no arrangement.
-std::pair<int, int> mostKept(const Layout& layout, int n)
+/// The best that any cyclic arrangement comes to.
+struct Best {
+    std::pair<int, int> kept = {-1, -1}; ///< Rows and columns in place; -1 for no arrangement.
+    std::vector<int> treatments;         ///< Their indexes in the order of their numbers.
+};
+
+/// By trying all orders of rows and columns: most rows, with them most columns, and with these the
+/// treatments in the smallest order.
+Best bestOf(const Layout& layout, int n)
 {
-    std::pair<int, int> best(-1, -1);
+    Best best;
     std::vector<int> rows(static_cast<std::size_t>(n));
     std::iota(rows.begin(), rows.end(), 0);
     do {
@@ -153,7 +160,13 @@ std::pair<int, int> mostKept(const Layout& layout, int n)
                 keptRows += rows[static_cast<std::size_t>(i)] == i ? 1 : 0;
                 keptColumns += columns[static_cast<std::size_t>(i)] == i ? 1 : 0;
             }
-            best = std::max(best, {keptRows, keptColumns});
+            std::vector<int> treatments(numbers.size());
+            for (std::size_t treatment = 0; treatment < numbers.size(); ++treatment)
+                treatments[static_cast<std::size_t>(numbers[treatment])] =
+                    static_cast<int>(treatment);
+            const std::pair kept(keptRows, keptColumns);
+            if (kept > best.kept || (kept == best.kept && treatments < best.treatments))
+                best = {kept, treatments};
         } while (std::next_permutation(columns.begin(), columns.end()));
     } while (std::next_permutation(rows.begin(), rows.end()));
     return best;
@@ -191,29 +204,41 @@ TEST(CyclicArrangement, FindsTheKnownNumbersOfSquares)
     }
 }
 
-TEST(CyclicArrangement, KeepsMostRowsAndThenMostColumnsInPlace)
+TEST(CyclicArrangement, KeepsMostRowsThenMostColumnsInPlaceThenTreatmentsInOrder)
 {
-    forEachLatinSquare(4, FirstRow::Any, [](const Layout& layout) {
+    const auto expectBest = [](const Layout& layout, int n) {
         const experiment::LatinSquare square = squareOf(layout);
         const auto result = experiment::cyclicArrangement(square);
-        const std::pair<int, int> best = mostKept(layout, 4);
-        ASSERT_EQ(result.has_value(), best.first >= 0);
-        if (result) {
-            EXPECT_EQ(std::pair(countKept(square.rows, result->rows),
-                                countKept(square.columns, result->columns)),
-                      best);
-        }
-    });
-    std::mt19937 random(5);
-    for (int i = 0; i < 40; ++i) {
-        const Layout layout = shuffled(cyclicLayout(5), 5, random);
-        const experiment::LatinSquare square = squareOf(layout);
-        const auto result = experiment::cyclicArrangement(square);
-        ASSERT_TRUE(result);
+        const Best best = bestOf(layout, n);
+        ASSERT_EQ(result.has_value(), best.kept.first >= 0);
+        if (!result)
+            return;
         EXPECT_EQ(std::pair(countKept(square.rows, result->rows),
                             countKept(square.columns, result->columns)),
-                  mostKept(layout, 5));
-    }
+                  best.kept);
+        QStringList treatments;
+        for (const int treatment : best.treatments)
+            treatments += square.treatments[treatment];
+        EXPECT_EQ(result->treatments, treatments);
+    };
+    forEachLatinSquare(3, FirstRow::Any, [&](const Layout& layout) { expectBest(layout, 3); });
+    forEachLatinSquare(4, FirstRow::Any, [&](const Layout& layout) { expectBest(layout, 4); });
+    std::mt19937 random(5);
+    for (int i = 0; i < 40; ++i)
+        expectBest(shuffled(cyclicLayout(5), 5, random), 5);
+}
+
+TEST(CyclicArrangement, LabelsComeInTheOrderOfPeople)
+{
+    using Ranks = std::vector<int>;
+    const auto ranks = [](const char* labels) {
+        return experiment::ranksOf(QString::fromUtf8(labels).split(QLatin1Char('|')));
+    };
+    EXPECT_EQ(ranks("C|A|B"), (Ranks{2, 0, 1}));
+    EXPECT_EQ(ranks("T10|T9|t2"), (Ranks{2, 1, 0}));
+    EXPECT_EQ(ranks("100 kg|50 kg|0 kg|050 kg"), (Ranks{3, 2, 0, 1}));
+    EXPECT_EQ(ranks("b|B|a"), (Ranks{2, 1, 0}));
+    EXPECT_EQ(ranks(""), Ranks{0});
 }
 
 TEST(CyclicArrangement, LeavesACyclicSquareAsItIs)

@@ -21,7 +21,7 @@ experiment::LatinSquare read(const char* text)
 {
     const auto outcome = experiment::readCyclicSquare(QString::fromUtf8(text));
     EXPECT_TRUE(outcome.value) << text << "\n" << outcome.reason.toStdString();
-    return outcome.value.value_or(experiment::LatinSquare());
+    return outcome.value.value_or(experiment::CyclicSquare()).square;
 }
 
 std::string refusalOf(const char* text)
@@ -118,10 +118,24 @@ TEST(Extraction, BringsTheAssemblySquareIntoTheCyclicLayout)
     const experiment::LatinSquare square = read(assembly);
     expectAssemblySums(square);
     EXPECT_EQ(square.rows, list({"R-1", "R-2", "R-3", "R-4"})); // no row had to move
-    EXPECT_EQ(square.columns, list({"C-1", "C-4", "C-3", "C-2"}));
-    EXPECT_EQ(square.treatments, list({"C", "B", "A", "D"}));
+    EXPECT_EQ(square.columns, list({"C-3", "C-2", "C-1", "C-4"}));
+    EXPECT_EQ(square.treatments, list({"A", "D", "C", "B"}));
     EXPECT_EQ(square.values,
-              (std::vector<double>{10, 8, 7, 14, 7, 8, 11, 18, 5, 9, 11, 10, 10, 14, 12, 10}));
+              (std::vector<double>{7, 14, 10, 8, 11, 18, 7, 8, 11, 10, 5, 9, 12, 10, 10, 14}));
+}
+
+TEST(Extraction, TellsWhetherRowsOrColumnsHadToMove)
+{
+    const auto moves = [](const char* text) {
+        const auto read = experiment::readCyclicSquare(QString::fromUtf8(text)).value.value();
+        return std::pair(read.rowsMoved, read.columnsMoved);
+    };
+    EXPECT_EQ(moves("A 1\tB 2\tC 3\nB 4\tC 5\tA 6\nC 7\tA 8\tB 9"), std::pair(false, false));
+    EXPECT_EQ(moves(assembly), std::pair(false, true));
+    // Rows 1, 2, 4, 3 of the cyclic square.
+    EXPECT_EQ(moves("A 1\tB 1\tC 1\tD 1\nB 1\tC 1\tD 1\tA 1\nD 1\tA 1\tB 1\tC 1\n"
+                    "C 1\tD 1\tA 1\tB 1"),
+              std::pair(true, false));
 }
 
 TEST(Extraction, ReadsTheOtherFormsOfASquare)
@@ -144,7 +158,7 @@ TEST(Extraction, ReadsTheOtherFormsOfASquare)
 TEST(Extraction, TakesTheNamesOfRowsAndColumns)
 {
     const QStringList rows = list({"orden 1", "orden 2", "orden 3", "orden 4"});
-    const QStringList columns = list({"Ana", "Eva", "Luz", "Pía"}); // as the columns were arranged
+    const QStringList columns = list({"Luz", "Pía", "Ana", "Eva"}); // as the columns were arranged
     const char* const lines[] = {"C 10\tD 14\tA 7\tB 8", "B 7\tC 18\tD 11\tA 8",
                                  "A 5\tB 10\tC 11\tD 9", "D 10\tA 10\tB 12\tC 14"};
     for (const char* header : {"\tAna\tPía\tLuz\tEva\n", "Ana\tPía\tLuz\tEva\n",
@@ -167,7 +181,7 @@ TEST(Extraction, TakesTheNamesOfRowsAndColumns)
     EXPECT_EQ(read(onlyColumns.toUtf8().constData()).columns, columns);
     EXPECT_EQ(read(onlyColumns.toUtf8().constData()).rows, list({"R-1", "R-2", "R-3", "R-4"}));
     EXPECT_EQ(read(onlyRows.toUtf8().constData()).rows, rows);
-    EXPECT_EQ(read(onlyRows.toUtf8().constData()).columns, list({"C-1", "C-4", "C-3", "C-2"}));
+    EXPECT_EQ(read(onlyRows.toUtf8().constData()).columns, list({"C-3", "C-2", "C-1", "C-4"}));
 }
 
 TEST(Extraction, NamesThatLookLikeCellsAreStillNames)
@@ -188,8 +202,8 @@ TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
         const experiment::LatinSquare square = read(text.toUtf8().constData());
         expectAssemblySums(square);
         EXPECT_EQ(square.rows, list({"o1", "o2", "o3", "o4"}));
-        EXPECT_EQ(square.columns, list({"p1", "p4", "p3", "p2"}));
-        EXPECT_EQ(square.treatments, list({"C", "B", "A", "D"}));
+        EXPECT_EQ(square.columns, list({"p3", "p2", "p1", "p4"}));
+        EXPECT_EQ(square.treatments, list({"A", "D", "C", "B"}));
     }
     for (const char* header : {"Orden;Operario;Método;Tiempo\n", "Fila;Columna;Tratamiento;Dato\n",
                                "FILA;columna;Trat;observación\n"})
@@ -220,6 +234,72 @@ TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
               "Tratamiento, Observación) o póngalos en este orden.");
 }
 
+TEST(Extraction, ANamedListMayHaveFurtherColumns)
+{
+    const QString lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'));
+    QString wide = QStringLiteral("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tValor\n");
+    for (const QString& line : lines.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QStringList fields = line.split(QLatin1Char('\t'));
+        wide += QStringLiteral("101\t%1\t\t%2\t%3\t7,5\t%4\n")
+                    .arg(fields[0], fields[1], fields[2], fields[3]);
+    }
+    expectAssemblySums(read(wide.toUtf8().constData()));
+
+    const auto refusalWith = [&wide](const char* header) {
+        return refusalOf((QString::fromUtf8(header) + wide.section(QLatin1Char('\n'), 1)).toUtf8());
+    };
+    EXPECT_EQ(refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tDato\tValor\n"),
+              "La primera línea nombra dos veces la observación: «Dato» y «Valor». Cambie el "
+              "encabezado de la que no se debe leer.");
+    EXPECT_EQ(
+        refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tAltura\n"),
+        "La primera línea no nombra la observación. Con más de cuatro columnas hacen falta los "
+        "nombres de las que se leen: Fila, Columna, Tratamiento y Observación.");
+    EXPECT_EQ(refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tValor\tAltura\n"),
+              "La línea 2 tiene 7 campos y la primera, 8: los datos no forman un rectángulo.");
+}
+
+TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
+{
+    QString commas =
+        assemblyList("Fila,Columna,Tratamiento,Tiempo\n", {0, 1, 2, 3}, QLatin1Char(','));
+    expectAssemblySums(read(commas.toUtf8().constData()));
+    expectAssemblySums(read(
+        commas.replace(QStringLiteral("14\n"), QStringLiteral("14.0\n")).toUtf8().constData()));
+    expectAssemblySums(
+        read("C 10,D 14.0,A 7,B 8\nB 7,C 18,D 11,A 8\nA 5,B 10,C 11,D 9\nD 10,A 10,B 12,C 14"));
+    expectAssemblySums(read("\"C\n10\"\t\"D 14\"\tA 7\tB 8\t\nB 7\tC 18\tD 11\tA 8\t\n"
+                            "A 5\tB 10\tC 11\tD 9\t\nD 10\tA 10\tB 12\tC 14\t\n\t\t\t\t\n\n"));
+    expectAssemblySums(read(assemblyList("Fila;\"Columna\";Tratamiento;\"Tiempo\n(min)\"\n",
+                                         {0, 1, 2, 3}, QLatin1Char(';'))
+                                .toUtf8()
+                                .constData()));
+    EXPECT_EQ(read("\tx\t\"y \"\"2\"\"\"\nf\tA 1\tB 2\ng\tB 3\tA 4").columns,
+              list({"x", "y \"2\""}));
+    // What is behind the observation could be another column or its decimals.
+    const auto wide = [](const char* header, const char* behind) {
+        QStringList lines = assemblyList(header, {0, 1, 2, 3}, QLatin1Char(','))
+                                .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (qsizetype i = 1; i < lines.size(); ++i)
+            lines[i] += QString::fromUtf8(behind);
+        return lines.join(QLatin1Char('\n')).toUtf8();
+    };
+    const char* const noted = "Fila,Columna,Tratamiento,Valor,Nota\n";
+    expectAssemblySums(read(wide(noted, ",lluvia 3").constData()));
+    EXPECT_EQ(refusalOf(wide(noted, ",5").constData()),
+              "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
+              "campos con tabuladores o con punto y coma.");
+    EXPECT_EQ(read("Fila,Valor,Columna,Tratamiento\n1,5,1,A\n1,6,2,B\n2,7,1,B\n2,8,2,A").values,
+              (std::vector<double>{5, 6, 7, 8}));
+    // A decimal comma among commas: the number would lose what is behind it.
+    EXPECT_EQ(
+        refusalOf("1,1,A,24,5\n1,2,B,20\n2,1,B,19\n2,2,A,30"),
+        "La línea 1 no tiene cuatro campos (fila, columna, tratamiento y observación), sino 5.");
+    EXPECT_EQ(refusalOf("1, 1, A, 24,5\n1, 2, B, 20\n2, 1, B, 19\n2, 2, A, 30"),
+              "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
+              "campos con tabuladores o con punto y coma.");
+}
+
 TEST(Extraction, ReadsListsInAnyOrderOfLines)
 {
     QStringList lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'))
@@ -248,7 +328,9 @@ TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
          "La fila «1» y la columna «2» tienen dos observaciones (líneas 2 y 4)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n%3;2;A;4\n%3;2;A;5",
          "La fila «%3» y la columna «2» tienen dos observaciones (líneas 4 y 5)."},
-        {"1;1;A;1\n1;2;B;2\n2;1;B;3", "Falta la observación de la fila «2» y la columna «2»."},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;3",
+         "Falta la observación de la fila «2» y la columna «2». Sin ese dato no se puede analizar "
+         "el cuadrado: vea «Datos que faltan» en el manual (F1)."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;3\n3;2;A;4",
          "No es un cuadrado latino: hay 3 filas, 2 columnas y 2 tratamientos; la fila «2» aparece "
          "una sola vez."},
@@ -266,31 +348,55 @@ TEST(Extraction, SaysThatALatinSquareCannotBeMadeCyclic)
         refusalOf("A 1\tB 2\tC 3\tD 4\nB 5\tA 6\tD 7\tC 8\nC 9\tD 10\tA 11\tB 12\nD 13\tC "
                   "14\tB 15\tA 16\n"),
         "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
-        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa analiza.");
+        "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa analiza.\n\n"
+        "No lo escriba ni lo pegue como números: el programa daría a las celdas los tratamientos "
+        "de REFERENCIA: TRATAMIENTOS, que no son los que se sembraron, y el reporte sería falso."
+        "\n\n"
+        "Para que el próximo sirva, sortéelo a partir del cuadrado cíclico: ponga al azar el orden "
+        "de sus filas, el de sus columnas y qué tratamiento lleva cada número. Vea «Un cuadrado "
+        "que no se vuelve cíclico» en el manual (F1).");
 }
 
 TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
 {
-    const char* const noCell = "» no es un tratamiento con su observación, como «A 24».";
+    const std::string noCell =
+        "» no es un tratamiento con su observación, como «A 24». Es la celda "
+        "de la fila ";
+    const std::string missing =
+        " Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1).";
+    const std::string letter = " ¿Hay una letra O o l en lugar de un 0 o un 1?" + missing;
+    const std::string first = "«R-1» y la columna «C-1».";
     const struct {
         const char* text;
         std::string reason;
     } cases[] = {
-        {"A 1\tB 2\nB 3\t24", std::string("Línea 2, campo 2: «24") + noCell},
-        {"A 1\tB x\nB 3\tA 4", std::string("Línea 1, campo 2: «B x") + noCell},
-        {"A 1\tB\nB 3\tA 4", std::string("Línea 1, campo 2: «B") + noCell},
-        {"A 1\tB 2\nB 3\t", std::string("Línea 2, campo 2: «") + noCell},
+        {"A 1\tB x\nB 3\tA 4",
+         "Línea 1, campo 2: «B x" + noCell + "«R-1» y la columna «C-2»." + missing},
+        {"A 1\tB\nB 3\tA 4",
+         "Línea 1, campo 2: «B" + noCell + "«R-1» y la columna «C-2»." + missing},
+        {"A 1\tB 2\nB 3\t", "Línea 2, campo 2: «" + noCell + "«R-2» y la columna «C-2»." + missing},
+        {"\tEva\tAna\nf1\tA 1\tB 2\nf2\tB 3\tA 2O",
+         "Línea 3, campo 3: «A 2O" + noCell + "«f2» y la columna «Ana»." + letter},
         // A sign or thousands that a blank sets apart would be lost to the treatment.
-        {"A - 1\tB - 2\nB - 3\tA - 4", std::string("Línea 1, campo 1: «A - 1") + noCell},
-        {"A 1 024\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «A 1 024") + noCell},
-        {"1 024 A\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «1 024 A") + noCell},
-        {"24 T 1\tB 2\nB 3\tA 4", std::string("Línea 1, campo 1: «24 T 1") + noCell},
-        {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4", "Línea 3, campo 4: «x» no es un número."},
+        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noCell + first + missing},
+        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noCell + first + missing},
+        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noCell + first + missing},
+        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noCell + first + missing},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4",
+         "Línea 3, campo 4: «x» no es un número. Es la celda de la fila «2» y la columna «1»." +
+             missing},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;2O\n2;2;A;4",
+         "Línea 3, campo 4: «2O» no es un número. Es la celda de la fila «2» y la columna «1»." +
+             letter},
+        {"1;1;A;1\n1;2;B;2\n2;1;B;\n2;2;A;4",
+         "Línea 3, campo 4: Falta el número. Es la celda de la fila «2» y la columna «1»." +
+             missing},
         {"1;1;A;1\n1;2;;2\n2;1;B;3\n2;2;A;4", "En la línea 2 falta el tratamiento."},
         {"1;1;A;1\n;2;B;2\n2;1;B;3\n2;2;A;4", "En la línea 2 falta la fila."},
         {"1;1;A;1\n1;2;B;2\n2;1;B\n2;2;A;4",
          "La línea 3 no tiene cuatro campos (fila, columna, tratamiento y observación), sino 3."},
         {"", "El portapapeles no contiene ningún texto."},
+        {" \n\t\n", "El portapapeles no contiene ningún texto."},
         {"A 1\tB 2\n\nB 3\tA 4", "La línea 2 está vacía."},
     };
     for (const auto& [text, reason] : cases)
@@ -304,7 +410,23 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
 TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
 {
     EXPECT_EQ(refusalOf("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
-              "Línea 2, campo 4: «2 kg» no es un número.");
+              "Línea 2, campo 4: «2 kg» no es un número. Es la celda de la fila «1» y la columna "
+              "«2». Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el "
+              "manual (F1).");
+}
+
+TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
+{
+    const std::string paste = "Los números sin tratamientos no se extraen: péguelos con «Paste» "
+                              "(Ctrl+V).";
+    // Lines of four fields could be a list; others, with names or without, only a square.
+    for (const char* text : {"24\t20\t19\t24\n17\t24\t30\t27\n18\t38\t26\t27\n26\t31\t26\t23",
+                             "Día\tEva\tAna\tLuz\nf1\t24\t20\t19\nf2\t17\t24\t30\nf3\t18\t38\t26"})
+        EXPECT_EQ(refusalOf(text), paste) << text;
+    const std::string noCell = "» no es un tratamiento con su observación, como «A 24». ";
+    EXPECT_EQ(refusalOf("24\t20\t19\n17\t24\t30\n18\t38\t26"),
+              "Línea 2, campo 2: «24" + noCell + paste);
+    EXPECT_EQ(refusalOf("A 1\tB 2\nB 3\t24"), "Línea 2, campo 2: «24" + noCell + paste);
 }
 
 TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
@@ -313,7 +435,9 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
     QString text;
     for (int i = 0; i < 20'000; ++i)
         text += QStringLiteral("r%1;c%1;t%1;7\n").arg(i);
-    EXPECT_EQ(refusalOf(text.toUtf8()), "Falta la observación de la fila «r0» y la columna «c1».");
+    EXPECT_EQ(refusalOf(text.toUtf8()),
+              "Falta la observación de la fila «r0» y la columna «c1». Sin ese dato no se puede "
+              "analizar el cuadrado: vea «Datos que faltan» en el manual (F1).");
 }
 
 TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
@@ -327,8 +451,8 @@ TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
 
 TEST(Extraction, AnyTextIsReadOrRefusedWithAReason)
 {
-    const char* const pieces[] = {"A", "B",  "C", "1",  "2",    "24",   ".", ",",  "-",
-                                  " ", "\t", ";", "\n", "\r\n", "Fila", "ñ", "%1", "1e5"};
+    const char* const pieces[] = {"A",  "B", "C",  "1",    "2",    "24", ".",  ",",   "-", " ",
+                                  "\t", ";", "\n", "\r\n", "Fila", "ñ",  "%1", "1e5", "\""};
     unsigned state = 12345;
     for (int i = 0; i < 30'000; ++i) {
         QString text;

@@ -7,6 +7,7 @@
 
 #include <QStringView>
 
+#include <functional>
 #include <vector>
 
 namespace grid {
@@ -24,17 +25,25 @@ struct NumberBlock {
 /// what was copied.
 QString copiedText(const record::SquareData& square, const CellRange& range);
 
-/// Where a rectangle of numbers is to go.
+/// What the user can do for a table of at least this size, such as "suba el orden a 4"; empty where
+/// nothing helps.
+using SizeAdvice = std::function<QString(int columns, int rows)>;
+
+/// Where a rectangle of numbers is to go: a table, and the cell for its first number.
 struct Room {
-    QString start; ///< For a message: "la fila «R-1», columna «C-1»".
-    int columns = 0;
-    int rows = 0;
+    const record::SquareData& square;
+    int column = 1;
+    int row = 1;
+    SizeAdvice advice = {}; ///< None where it is empty.
+
+    int columns() const { return square.NrOfColumns() - column + 1; }
+    int rows() const { return square.NrOfRows() - row + 1; }
 };
 
-/// Reads a rectangle of numbers separated by tabs, semicolons or blanks, decimals after a point or
-/// a comma, lines ended by LF or CRLF. Anything else is refused: an empty text or line, lines of
-/// different length, a field that is no number, a rectangle that is larger than the room for it.
-/// What lies beyond that room is counted but not read.
+/// Reads a rectangle of numbers out of the table in a text, decimals after a point or a comma.
+/// Anything else is refused: an empty text or line, lines of different length, a field that is no
+/// number, commas with two meanings, a rectangle that is larger than the room for it.
+/// What lies beyond that room is counted but not read. The reason says what to do instead.
 base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room);
 
 } // namespace grid

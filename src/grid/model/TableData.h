@@ -5,6 +5,7 @@
 #include "record/SquareData.h"
 
 #include <QHash>
+#include <QStringList>
 
 #include <cstdint>
 
@@ -45,6 +46,7 @@ public:
     void setPrecision(int column, int decimals);
 
     record::SquareData square; ///< Its size changes through resize() above.
+    QStringList treatments;    ///< Names of 1, 2, ... where an extraction has told them.
 
 private:
     bool hasColumn(int column) const { return column >= 1 && column <= square.NrOfColumns(); }

@@ -20,6 +20,12 @@ QString markText(std::uint8_t marks)
     return texts.at(marks);
 }
 
+/// As light as the white of the cells that the numbers' colours are made for.
+QColor pointedBackground()
+{
+    return {0xFF, 0xE3, 0x8C};
+}
+
 } // namespace
 
 TableModel::TableModel(QObject* parent)
@@ -121,6 +127,15 @@ void TableModel::setColors(const MarkColors& colors)
     announce(m_table.range());
 }
 
+void TableModel::pointAt(int column, int row)
+{
+    const CellRange before{m_pointedColumn, m_pointedRow, 1, 1};
+    m_pointedColumn = column;
+    m_pointedRow = row;
+    announce(before);
+    announce({column, row, 1, 1});
+}
+
 void TableModel::setSilent(bool silent)
 {
     if (m_silent == silent)
@@ -158,6 +173,11 @@ QVariant TableModel::data(const QModelIndex& index, int role) const
         return colorOf(m_table.marks(column, row));
     case Qt::AccessibleDescriptionRole:
         return markText(m_table.marks(column, row));
+    case Qt::BackgroundRole:
+        return column == m_pointedColumn && row == m_pointedRow ? QVariant(pointedBackground())
+                                                                : QVariant();
+    case Qt::ToolTipRole:
+        return m_cellTip ? m_cellTip(column, row) : QString();
     default:
         return {};
     }

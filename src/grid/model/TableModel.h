@@ -6,6 +6,8 @@
 #include <QAbstractTableModel>
 #include <QColor>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace grid {
@@ -19,6 +21,9 @@ struct MarkColors {
 
     bool operator==(const MarkColors&) const = default;
 };
+
+/// What to tell of a cell beside its number; empty for nothing.
+using CellTip = std::function<QString(int column, int row)>;
 
 /// A TableData as item views see it: numbers as they are shown, names in the headers.
 ///
@@ -51,6 +56,10 @@ public:
 
     const MarkColors& colors() const { return m_colors; }
     void setColors(const MarkColors& colors);
+    /// The tool tips of the cells, asked for as they show.
+    void setCellTip(CellTip tip) { m_cellTip = std::move(tip); }
+    /// The one cell with another background; none outside the table.
+    void pointAt(int column, int row);
     /// While silent the model tells no view of new values, marks and names; it makes up for it in
     /// one go at the end.
     void setSilent(bool silent);
@@ -73,6 +82,9 @@ private:
 
     TableData m_table;
     MarkColors m_colors;
+    CellTip m_cellTip;
+    int m_pointedColumn = 0;
+    int m_pointedRow = 0;
     bool m_editable = true;
     bool m_silent = false;
 };

@@ -2,7 +2,6 @@
 #include "grid/view/GridCommands.h"
 
 #include "base/FileText.h"
-#include "grid/model/ClipboardNumbers.h"
 #include "grid/model/EditHistory.h"
 #include "grid/model/GridError.h"
 #include "grid/model/TableModel.h"
@@ -133,12 +132,8 @@ void GridCommands::paste()
     const CellRange place = selectedRange(m_view);
     if (!m_rights.canEdit() || place.cells() == 0)
         return;
-    const record::SquareData& square = m_model.square();
-    const auto read = readNumberBlock(
-        QGuiApplication::clipboard()->text(),
-        {QStringLiteral("la fila «%1», columna «%2»")
-             .arg(square.rowName(place.row), square.columnName(place.column)),
-         square.NrOfColumns() - place.column + 1, square.NrOfRows() - place.row + 1});
+    const auto read = readNumberBlock(QGuiApplication::clipboard()->text(),
+                                      {m_model.square(), place.column, place.row, m_sizeAdvice});
     if (!read.value) {
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Pegar"));
         return;
@@ -151,13 +146,13 @@ void GridCommands::extract()
 {
     if (!m_rights.canEdit() || !m_extractor)
         return;
-    auto read = m_extractor(QGuiApplication::clipboard()->text());
+    auto read = m_extractor(QGuiApplication::clipboard()->text(), m_model.square().Identifier());
     if (!read.value) {
         m_dialogs.showError(&m_view, read.reason, QStringLiteral("Extraer del portapapeles"));
         return;
     }
-    read.value->square.setIdentifier(m_model.square().Identifier());
     TableData table(std::move(read.value->square));
+    table.treatments = read.value->treatments;
     const int columns = std::min(table.square.NrOfColumns(), m_model.square().NrOfColumns());
     for (int column = 1; column <= columns; ++column)
         table.setPrecision(column, m_model.table().precision(column));

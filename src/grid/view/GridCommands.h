@@ -2,10 +2,13 @@
 #pragma once
 
 #include "base/Outcome.h"
+#include "grid/model/ClipboardNumbers.h"
 #include "grid/view/Cursor.h"
 #include "record/SquareData.h"
 
+#include <QByteArray>
 #include <QObject>
+#include <QStringList>
 #include <QStringView>
 
 #include <cstdint>
@@ -28,13 +31,15 @@ class TableModel;
 
 /// What "Extract from Clpbrd" brings into a table.
 struct Extraction {
-    record::SquareData square; ///< Its identifier will be the one that the table has already.
-    QString notice;            ///< For the status line.
+    record::SquareData square;
+    QStringList treatments; ///< Names of 1, 2, ...
+    QString notice;         ///< For the status line.
 };
 
-/// Who knows what a copied experiment is: reads the text of the clipboard, or says for the user why
-/// there is no experiment in it.
-using Extractor = std::function<base::Outcome<Extraction>(QStringView text)>;
+/// Who knows what a copied experiment is: reads the text of the clipboard for a table with this
+/// identifier, or says for the user why there is no experiment in it.
+using Extractor =
+    std::function<base::Outcome<Extraction>(QStringView text, const QByteArray& identifier)>;
 
 /// What the user may do to a table.
 struct EditRights {
@@ -55,6 +60,7 @@ public:
     const EditRights& rights() const { return m_rights; }
     void setRights(const EditRights& rights);
     void setExtractor(Extractor extractor) { m_extractor = std::move(extractor); }
+    void setSizeAdvice(SizeAdvice advice) { m_sizeAdvice = std::move(advice); }
 
     /// Whether a key belongs to the table even where a menu has the same shortcut.
     static bool isShortcut(const QKeyEvent& key);
@@ -95,6 +101,7 @@ private:
     QTableView& m_view;
     EditRights m_rights;
     Extractor m_extractor;
+    SizeAdvice m_sizeAdvice;
 };
 
 } // namespace grid

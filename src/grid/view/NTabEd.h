@@ -110,6 +110,16 @@ public:
     /// What "Extract from Clpbrd" reads with; without it the entry does nothing.
     void setExtractor(Extractor extractor) { m_commands->setExtractor(std::move(extractor)); }
 
+    /// What "Paste" tells the user of numbers that are too many for the table.
+    void setSizeAdvice(SizeAdvice advice) { m_commands->setSizeAdvice(std::move(advice)); }
+
+    /// Names of the treatments 1, 2, ... where "Extract from Clpbrd" has told them.
+    const QStringList& treatments() const { return m_model->table().treatments; }
+    /// Tool tips for the cells.
+    void setCellTip(CellTip tip) { m_model->setCellTip(std::move(tip)); }
+    /// Gives one cell a background of its own; none outside the table.
+    void pointAt(int column, int row) { m_model->pointAt(column, row); }
+
     /// Pixels, 64 and 80 at first. A column is wider than its default where its numbers or its name
     /// need it.
     void setDefaultColWidth(int width) { m_widths->setUsual(width); }

@@ -88,6 +88,7 @@ private:
     void nameColumns(grid::TNTabEd& table) const;
     void nameRows(grid::TNTabEd& table) const;
     void setPrecisions();
+    QString treatmentTip(int column, int row) const;
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;

@@ -8,10 +8,12 @@
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
 #include "square/extraction/ExtractionAnswer.h"
+#include "square/extraction/TreatmentKey.h"
 #include "window/Command.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
@@ -43,6 +45,14 @@ QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& a
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
     edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 30);
     return edit;
+}
+
+/// How to come by a table of this size, where the orders reach as far.
+QString orderAdvice(int columns, int rows)
+{
+    const int order = std::max(columns, rows);
+    return order <= highestOrder ? QStringLiteral("suba «Num. Tratamientos» a %1").arg(order)
+                                 : QString();
 }
 
 QWidget* paneOf(grid::TNTabEd* table, const QString& title)
@@ -116,12 +126,15 @@ QWidget* TEditor::createPanes()
     m_datos = controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("Datos"),
                               QStringLiteral("Datos"));
     answerExtractions(*m_datos);
+    m_datos->setSizeAdvice(orderAdvice);
     m_refTratamientos =
         controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("RefTratamientos"),
                         QStringLiteral("Referencia: tratamientos"));
     m_refTratamientos->setDefaultColWidth(treatmentWidth);
     m_refTratamientos->setAutoAdvance(false);
     m_refTratamientos->setReadOnly(true);
+    m_refTratamientos->setCellTip(
+        [this](int column, int row) { return treatmentTip(column, row); });
 
     auto* splitter = controls::named(new QSplitter(Qt::Horizontal), QStringLiteral("Splitter1"),
                                      QStringLiteral("Datos y tratamientos"));
@@ -131,6 +144,18 @@ QWidget* TEditor::createPanes()
     splitter->setStretchFactor(0, dataShare);
     splitter->setStretchFactor(1, paneShares - dataShare);
     return splitter;
+}
+
+/// "1 = A" for a cell of the reference, where the treatments have names.
+QString TEditor::treatmentTip(int column, int row) const
+{
+    // A key in the identifier may have been corrected since.
+    const QStringList inIdentifier = treatmentsIn(m_datos->Identifier());
+    const QStringList names = inIdentifier.isEmpty() ? m_datos->treatments() : inIdentifier;
+    if (names.size() != m_refTratamientos->NrOfColumns())
+        return {};
+    const int treatment = static_cast<int>(m_refTratamientos->value(column, row));
+    return QStringLiteral("%1 = %2").arg(QString::number(treatment), names.value(treatment - 1));
 }
 
 void TEditor::createMenu()
@@ -163,6 +188,12 @@ void TEditor::connectControls()
     connect(m_datos, &grid::TNTabEd::TableResized, this, &TEditor::DatosResized);
     connect(m_datos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
     connect(m_refTratamientos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+    const auto pointAtTreatment = [this](const QModelIndex& cursor) {
+        m_refTratamientos->pointAt(cursor.column() + 1, cursor.row() + 1);
+    };
+    connect(m_datos->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            pointAtTreatment);
+    pointAtTreatment(m_datos->currentIndex());
 }
 
 } // namespace square

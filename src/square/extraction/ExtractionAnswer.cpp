@@ -3,18 +3,29 @@
 
 #include "experiment/CyclicSquareReading.h"
 #include "grid/view/NTabEd.h"
+#include "square/extraction/TreatmentKey.h"
 
 namespace square {
 
 namespace {
 
-/// "1 = A, 2 = B": which number each treatment has in the cyclic layout.
-QString treatmentKey(const QStringList& treatments)
+/// The key, and what had to change its place for it.
+QString noticeOf(const experiment::CyclicSquare& read)
 {
-    QStringList entries;
-    for (qsizetype i = 0; i < treatments.size(); ++i)
-        entries += QStringLiteral("%1 = %2").arg(i + 1).arg(treatments[i]);
-    return entries.join(QStringLiteral(", "));
+    const QString notice = treatmentKey(read.square.treatments) + QLatin1Char('.');
+    if (read.rowsMoved && read.columnsMoved)
+        return notice + QStringLiteral(" Se reordenaron las filas y las columnas.");
+    if (read.rowsMoved)
+        return notice + QStringLiteral(" Se reordenaron las filas.");
+    return read.columnsMoved ? notice + QStringLiteral(" Se reordenaron las columnas.") : notice;
+}
+
+/// The identifier of a table after an extraction: its own, unless it had none or the key of an
+/// experiment that was there before.
+QByteArray identifierAfter(const QByteArray& before, const QStringList& treatments)
+{
+    const bool isFree = before.isEmpty() || !treatmentsIn(before).isEmpty();
+    return isFree ? treatmentKey(treatments).toUtf8() : before;
 }
 
 record::SquareData recordOf(const experiment::LatinSquare& square)
@@ -30,15 +41,16 @@ record::SquareData recordOf(const experiment::LatinSquare& square)
     return result;
 }
 
-base::Outcome<grid::Extraction> extractionOf(QStringView text)
+base::Outcome<grid::Extraction> extractionOf(QStringView text, const QByteArray& identifier)
 {
     using Result = base::Outcome<grid::Extraction>;
     const auto read = experiment::readCyclicSquare(text);
     if (!read.value)
         return Result::refused(read.reason);
-    return Result::of(
-        {recordOf(*read.value),
-         QStringLiteral("Tratamientos: %1.").arg(treatmentKey(read.value->treatments))});
+    const QStringList& treatments = read.value->square.treatments;
+    grid::Extraction extraction{recordOf(read.value->square), treatments, noticeOf(*read.value)};
+    extraction.square.setIdentifier(identifierAfter(identifier, treatments));
+    return Result::of(std::move(extraction));
 }
 
 } // namespace

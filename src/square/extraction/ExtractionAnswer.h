@@ -8,7 +8,8 @@ class TNTabEd;
 namespace square {
 
 /// Answers "Extract from Clpbrd" of a grid, which does not know what an experiment is: a copied one
-/// comes in as the cyclic square, and the status line tells the number of each treatment.
+/// comes in as the cyclic square, and the status line tells the number of each treatment and what
+/// was reordered. The numbers also become the identifier of a table that has none of its own.
 void answerExtractions(grid::TNTabEd& table);
 
 } // namespace square

@@ -18,8 +18,10 @@ base::Outcome<LoadedSquare> loadSquare(const QString& fileName)
         if (!bytes.value)
             return Loaded::refused(bytes.reason.isEmpty() ? badFile : bytes.reason);
         DecodedSquare decoded = decode(*bytes.value);
+        if (decoded.code == NoObservation)
+            return Loaded::refused(badFile + QLatin1Char('\n') + decoded.problem);
         if (decoded.code != Usable)
-            return Loaded::refused(decoded.badSize.isEmpty() ? badFile : decoded.badSize);
+            return Loaded::refused(decoded.problem.isEmpty() ? badFile : decoded.problem);
         return Loaded::of({*std::move(decoded.data), base::fingerprint(*bytes.value)});
     } catch (const std::bad_alloc&) {
         return Loaded::refused(record::outOfMemoryMessage());

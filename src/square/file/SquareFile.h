@@ -49,7 +49,7 @@ SquareHeader readHeader(const QByteArray& bytes);
 struct DecodedSquare {
     ReadCode code = NoColumnCount;
     std::optional<record::SquareData> data;
-    QString badSize; ///< record::sizeProblem() of counts that were read; else empty.
+    QString problem; ///< For the user: record::sizeProblem(), or which observation is none.
 };
 
 /// Reads a whole file. Takes time and memory in proportion to the bytes, whatever the counts say.

@@ -2,7 +2,9 @@
 // The second file of SquareFile: from bytes to a square.
 #include "square/file/SquareFile.h"
 
+#include "base/FieldLines.h"
 #include "base/FileText.h"
+#include "base/NumberText.h"
 #include "square/file/NameScanner.h"
 #include "square/file/TextReader.h"
 
@@ -86,30 +88,48 @@ bool takeRowAttribute(TextReader& reader, record::SquareData& data, int row)
     return true;
 }
 
-bool takeObservations(TextReader& reader, record::SquareData& data, int row)
+/// What stands in the place of an observation.
+QString noObservation(const QString& row, const QString& column, std::string_view word)
 {
-    for (int column = 1; column <= data.NrOfColumns(); ++column) {
-        const std::optional<double> value = reader.number();
-        if (!value)
-            return false;
-        data.setValue(column, row, *value);
-    }
-    return true;
+    const QString text = base::withoutControlCharacters(
+        base::shortened(base::decodedText({word.data(), static_cast<qsizetype>(word.size())})));
+    const QString problem = text.isEmpty() ? QStringLiteral("Falta una observación")
+                                           : QStringLiteral("«%1» no es un número").arg(text);
+    return QStringLiteral("%1: fila «%2», columna «%3». %4")
+        .arg(problem, row, column, base::adviceOnObservation(text));
 }
 
-ReadCode takeRows(TextReader& reader, const SquareHeader& header, record::SquareData& data)
+/// @return what was wrong with one of them; else empty
+QString takeObservations(TextReader& reader, record::SquareData& data, int row)
 {
+    for (int column = 1; column <= data.NrOfColumns(); ++column) {
+        const std::string_view word = reader.word();
+        const std::optional<double> value = base::readPlainNumber(word);
+        if (!value)
+            return noObservation(data.rowName(row), data.columnName(column), word);
+        data.setValue(column, row, *value);
+    }
+    return {};
+}
+
+void takeRows(TextReader& reader, const SquareHeader& header, DecodedSquare& decoded)
+{
+    record::SquareData& data = *decoded.data;
     for (int row = 1; row <= data.NrOfRows(); ++row) {
-        if (header.hasRowAttributes && !takeRowAttribute(reader, data, row))
-            return NoAttribute;
+        if (header.hasRowAttributes && !takeRowAttribute(reader, data, row)) {
+            decoded.code = NoAttribute;
+            return;
+        }
         if (header.hasRowNames) {
             if (const std::optional<QByteArray> name = reader.name())
                 data.setRowName(row, base::decodedText(*name));
         }
-        if (!takeObservations(reader, data, row))
-            return NoObservation;
+        decoded.problem = takeObservations(reader, data, row);
+        if (!decoded.problem.isEmpty()) {
+            decoded.code = NoObservation;
+            return;
+        }
     }
-    return Usable;
 }
 
 } // namespace
@@ -130,12 +150,12 @@ DecodedSquare decode(const QByteArray& bytes)
     if (!badSize.isEmpty())
         return {NoRoomOrLineFeed, std::nullopt, badSize};
 
-    record::SquareData data(header.nrOfColumns, header.nrOfRows);
-    data.setIdentifier(header.identifier);
+    DecodedSquare decoded{Usable, record::SquareData(header.nrOfColumns, header.nrOfRows), {}};
+    decoded.data->setIdentifier(header.identifier);
     if (header.hasColumnNames)
-        takeColumnNames(reader, data);
-    const ReadCode code = takeRows(reader, header, data);
-    return {code, std::move(data), {}};
+        takeColumnNames(reader, *decoded.data);
+    takeRows(reader, header, decoded);
+    return decoded;
 }
 
 } // namespace square

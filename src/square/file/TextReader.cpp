@@ -36,13 +36,18 @@ std::string_view TextReader::takeLine(std::size_t length)
     return taken;
 }
 
-std::optional<double> TextReader::number()
+std::string_view TextReader::word()
 {
     const auto* const first = std::find_if_not(m_rest.begin(), m_rest.end(), isSpace);
     const auto* const last = std::find_if(first, m_rest.end(), isSpace);
     const std::string_view word(first, static_cast<std::size_t>(last - first));
     m_rest.remove_prefix(static_cast<std::size_t>(last - m_rest.begin()));
-    return base::readPlainNumber(word);
+    return word;
+}
+
+std::optional<double> TextReader::number()
+{
+    return base::readPlainNumber(word());
 }
 
 std::optional<QByteArray> TextReader::name()

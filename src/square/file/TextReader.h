@@ -22,8 +22,11 @@ public:
     /// The text up to the next line end (CR, LF or CRLF), which is taken too.
     std::string_view line();
 
+    /// The next word; empty where none is left. Line ends are spaces like any other.
+    std::string_view word();
+
     /// The next word as a number in ordinary notation with "."; nothing where it is no finite
-    /// number or no word is left. Line ends are spaces like any other.
+    /// number or no word is left.
     std::optional<double> number();
 
     /// The next name, as NameScanner takes it. At the end of the bytes it is what is there;

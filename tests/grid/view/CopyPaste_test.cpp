@@ -91,11 +91,16 @@ TEST_F(CopyPaste, PasteRefusesWhatDoesNotFitOrIsNoNumber)
     } cases[] = {
         {"1\t2\t3\n4\t5\t6",
          "Los datos del portapapeles ocupan 3 columnas y 2 filas. Desde la fila «R-2», columna "
-         "«C-2» solo hay sitio para 2 columnas y 2 filas."},
+         "«C-2» solo hay sitio para 2 columnas y 2 filas. Para que quepan, ponga el cursor en la "
+         "primera celda."},
         {"1\n2\n3",
          "Los datos del portapapeles ocupan 1 columna y 3 filas. Desde la fila «R-2», columna "
-         "«C-2» solo hay sitio para 2 columnas y 2 filas."},
-        {"1\t2\n3\tcuatro", "Línea 2, campo 2: «cuatro» no es un número."},
+         "«C-2» solo hay sitio para 2 columnas y 2 filas. Para que quepan, ponga el cursor en la "
+         "primera celda."},
+        {"1\t2\n3\tcuatro",
+         "Línea 2, campo 2: «cuatro» no es un número. Iba a la fila «R-3», columna «C-3». Si los "
+         "datos llevan su tratamiento, como «A 24», tráigalos con «Extract from Clpbrd», del menú "
+         "de la tabla."},
         {"1\t2\n3", "La línea 2 tiene 1 campo y la primera, 2: los datos no forman un rectángulo."},
         {"", "El portapapeles no contiene ningún texto."}};
     for (const auto& [text, reason] : cases) {

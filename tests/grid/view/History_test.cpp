@@ -6,17 +6,18 @@
 namespace {
 
 /// A square of one digit's order, as an experiment that was copied.
-base::Outcome<grid::Extraction> squareOfOrder(QStringView digit)
+base::Outcome<grid::Extraction> squareOfOrder(QStringView digit, const QByteArray& identifier)
 {
     if (digit.size() != 1)
         return base::Outcome<grid::Extraction>::refused(QStringLiteral("No es un experimento."));
     const int order = digit.front().digitValue();
     record::SquareData square(order, order);
+    square.setIdentifier(identifier);
     for (int i = 1; i <= order; ++i) {
         square.setColumnName(i, QStringLiteral("c%1").arg(i));
         square.setValue(i, order, i);
     }
-    return base::Outcome<grid::Extraction>::of({square, QStringLiteral("Traído.")});
+    return base::Outcome<grid::Extraction>::of({square, {}, QStringLiteral("Traído.")});
 }
 
 class History : public GridFixture {

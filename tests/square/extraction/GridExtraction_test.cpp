@@ -3,6 +3,7 @@
 #include "square/extraction/ExtractionAnswer.h"
 
 #include "grid/view/GridFixture.h"
+#include "square/extraction/TreatmentKey.h"
 
 namespace {
 
@@ -36,13 +37,14 @@ TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
     EXPECT_EQ(table.NrOfColumns(), 4);
     EXPECT_EQ(table.NrOfRows(), 4);
     const double expected[4][4] = {
-        {10, 8, 7, 14}, {7, 8, 11, 18}, {5, 9, 11, 10}, {10, 14, 12, 10}};
+        {7, 14, 10, 8}, {11, 18, 7, 8}, {11, 10, 5, 9}, {12, 10, 10, 14}};
     for (int row = 1; row <= 4; ++row) {
         for (int column = 1; column <= 4; ++column)
             EXPECT_EQ(table.value(column, row), expected[row - 1][column - 1]);
     }
     EXPECT_EQ(table.rowName(1), QStringLiteral("R-1"));
-    EXPECT_EQ(table.columnName(2), QStringLiteral("C-4"));
+    EXPECT_EQ(table.columnName(2), QStringLiteral("C-2"));
+    EXPECT_EQ(table.columnName(3), QStringLiteral("C-1"));
     EXPECT_EQ(table.precision(2), 1);
     EXPECT_EQ(table.precision(4), 3);
     EXPECT_EQ(table.rowAttribute(1), 0);
@@ -51,12 +53,15 @@ TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
     EXPECT_EQ(resizes[0], (QVariantList{4, 4}));
     EXPECT_EQ(changes.count(), 1);
     ASSERT_EQ(notices.count(), 1);
-    EXPECT_EQ(notices[0][0].toString(),
-              QStringLiteral("Tratamientos: 1 = C, 2 = B, 3 = A, 4 = D."));
+    EXPECT_EQ(
+        notices[0][0].toString(),
+        QStringLiteral("Tratamientos: 1 = A, 2 = D, 3 = C, 4 = B. Se reordenaron las columnas."));
+    EXPECT_EQ(table.treatments().join(QLatin1Char(' ')), QStringLiteral("A D C B"));
 
     const Snapshot after = snapshot();
     undo();
     EXPECT_TRUE(snapshot() == before);
+    EXPECT_TRUE(table.treatments().isEmpty());
     EXPECT_EQ(table.rowAttribute(1), 7);
     ASSERT_EQ(resizes.count(), 2);
     EXPECT_EQ(resizes[1], (QVariantList{3, 3}));
@@ -64,6 +69,32 @@ TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
     EXPECT_TRUE(snapshot() == after);
     EXPECT_EQ(resizes.count(), 3);
     EXPECT_EQ(changes.count(), 3);
+}
+
+TEST_F(GridExtraction, TheKeyIsTheIdentifierOfATableWithoutOneOfItsOwn)
+{
+    setClipboard(QString::fromLatin1(three));
+    choose(openCellMenu(1, 1), "Extract from Clpbrd");
+    EXPECT_EQ(table.Identifier(), QByteArray("Tratamientos: 1 = A, 2 = B, 3 = C"));
+    // The key of another experiment would be a lie.
+    setClipboard(QString::fromUtf8(assembly).replace(QLatin1Char('D'), QStringLiteral("Ñ")));
+    choose(openCellMenu(1, 1), "Extract from Clpbrd");
+    EXPECT_EQ(QString::fromUtf8(table.Identifier()),
+              QStringLiteral("Tratamientos: 1 = A, 2 = Ñ, 3 = C, 4 = B"));
+    undo();
+    EXPECT_EQ(table.Identifier(), QByteArray("Tratamientos: 1 = A, 2 = B, 3 = C"));
+    undo();
+    EXPECT_EQ(table.Identifier(), QByteArray());
+}
+
+TEST_F(GridExtraction, TheNamesInAKeyAreReadBack)
+{
+    const QStringList names = {QStringLiteral("50 kg, N"), QStringLiteral("A = B"),
+                               QStringLiteral("ñandú"), QStringLiteral("x")};
+    EXPECT_EQ(square::treatmentsIn(square::treatmentKey(names).toUtf8()), names);
+    for (const char* other :
+         {"", "Tratamientos", "Propelente: 1 = A, 2 = B", "Tratamientos: 2 = A"})
+        EXPECT_TRUE(square::treatmentsIn(other).isEmpty()) << other;
 }
 
 TEST_F(GridExtraction, AnExtractionThatIsRefusedChangesNothing)

@@ -58,7 +58,27 @@ TEST_F(LoadedSquare, ABadHeaderAndABadBodyGiveTheSameText)
 {
     expectRefused(load("hola"), badFile);
     expectRefused(load(ofOrder3().replace("\r\n", "\n")), badFile);
-    expectRefused(load(ofOrder3().replace("0.0000000E+0000", "0.0000000E+0000x")), badFile);
+    expectRefused(load(badfiles::fileOf("2", "2", "TRUE FALSE FALSE", {"A 1 2"})), badFile);
+}
+
+TEST_F(LoadedSquare, AnObservationThatCannotBeReadIsNamed)
+{
+    const QString missing = utf8(" Sin ese dato no se puede analizar el cuadrado: vea «Datos que "
+                                 "faltan» en el manual (F1).");
+    const auto withLastRow = [](const char* row) {
+        return badfiles::fileOf("3", "2", "FALSE FALSE TRUE", {"\"Lote 1\" 1 2 3", row});
+    };
+    expectRefused(load(withLastRow("\"Lote 2\" 7 2O 9")),
+                  badFile +
+                      utf8("\n«2O» no es un número: fila «Lote 2», columna «C-2». ¿Hay una "
+                           "letra O o l en lugar de un 0 o un 1?") +
+                      missing);
+    expectRefused(load(withLastRow("\"Lote 2\" 7 8 9,5")),
+                  badFile + utf8("\n«9,5» no es un número: fila «Lote 2», columna «C-3».") +
+                      missing);
+    expectRefused(load(withLastRow("\"Lote 2\" 7 8")),
+                  badFile + utf8("\nFalta una observación: fila «Lote 2», columna «C-3».") +
+                      missing);
 }
 
 TEST_F(LoadedSquare, CountsThatNoSquareHasGiveTheGridsOwnTexts)
@@ -73,7 +93,7 @@ TEST_F(LoadedSquare, CountsThatNoSquareHasGiveTheGridsOwnTexts)
     expectRefused(load(ofSize("-4000", "-4000")), dimensions);
     expectRefused(load(ofSize("4000", "4001")), memory);
     expectRefused(load(ofSize("2147483647", "2147483647")), memory);
-    expectRefused(load(ofSize("4000", "4000")), badFile);
+    EXPECT_TRUE(load(ofSize("4000", "4000")).reason.startsWith(badFile));
 }
 
 TEST_F(LoadedSquare, WhatCannotBeOpenedIsABadFile)
