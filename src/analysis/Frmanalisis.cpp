@@ -140,10 +140,12 @@ void TAnalisis::Exportar1Click()
 {
     if (!m_datos->commitEdit())
         return;
+    window::FileRequest request{QStringLiteral("Exportar"), QStringLiteral("reporte.txt"),
+                                QStringLiteral("txt"),
+                                QStringLiteral("Archivo de Texto (*.txt)|*.txt")};
+    request.savedNotice = QStringLiteral("Exportado: %1");
     // A report that a failed analysis has cleared has no lines.
-    saveLines({QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),
-               QStringLiteral("Archivo de Texto (*.txt)|*.txt")},
-              m_report->document()->isEmpty() ? QStringList() : m_report->lines());
+    saveLines(request, m_report->document()->isEmpty() ? QStringList() : m_report->lines());
 }
 
 void TAnalisis::keepExact(const stats::TestReport& report, const QString& statistic)

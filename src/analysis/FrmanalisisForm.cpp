@@ -122,7 +122,8 @@ QWidget* TAnalisis::createScrollBox()
                               QStringLiteral("Datos a analizar"));
     m_datos->setMinimumSize(200, 120);
     square::answerExtractions(*m_datos);
-    connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::statusText);
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::notice);
+    connect(m_datos, &grid::TNTabEd::Edited, this, [this] { emit notice({}); });
 
     auto* layout = new QGridLayout(content);
     layout->setContentsMargins(4, 4, 4, 4);

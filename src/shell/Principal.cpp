@@ -240,6 +240,7 @@ void TPrincipal::adopt(window::ChildWindow* child, Show show)
         if (child == m_activeChild) // one that closes behind another has nothing to say
             m_status->setText(text);
     });
+    connect(child, &window::ChildWindow::notice, m_status, &StatusLine::showNotice);
     QWidget* const firstControl = child->focusWidget(); // which a new parent makes it forget
     auto* place = new ChildPlace(child);
     m_area->addSubWindow(place);

@@ -6,6 +6,8 @@
 #include "shell/WindowList.h"
 #include "window/Command.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -119,6 +121,11 @@ void TPrincipal::createStatusLine()
     statusBar()->setAccessibleName(QStringLiteral("Línea de estado"));
     m_status = new StatusLine(this);
     m_status->setText(QStringLiteral("Listo."));
+    // However something is copied, from a table, a chart or a text, the user is told.
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, m_status, [this] {
+        if (QGuiApplication::clipboard()->ownsClipboard())
+            m_status->showNotice(QStringLiteral("Copiado"));
+    });
     statusBar()->addPermanentWidget(m_status, 1);
 }
 

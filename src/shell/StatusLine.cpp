@@ -50,26 +50,32 @@ private:
 
 StatusLine::StatusLine(QWidget* parent)
     : QStackedWidget(parent)
-    , m_lasting(new ElidedLabel(QStringLiteral("Status"), this))
+    , m_text(new ElidedLabel(QStringLiteral("Status"), this))
     , m_tip(new ElidedLabel(QStringLiteral("StatusTip"), this))
 {
     setAccessibleName(QStringLiteral("Texto de estado"));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    addWidget(m_lasting);
+    addWidget(m_text);
     addWidget(m_tip);
 }
 
 void StatusLine::setText(const QString& text)
 {
-    m_lasting->setText(text);
+    m_lasting = text;
+    showNotice(QString());
+}
+
+void StatusLine::showNotice(const QString& notice)
+{
+    m_text->setText(notice.isEmpty() ? m_lasting : notice);
     showTip(QString());
-    m_lasting->repaint();
+    m_text->repaint();
 }
 
 void StatusLine::showTip(const QString& tip)
 {
     m_tip->setText(tip);
-    setCurrentWidget(tip.isEmpty() ? m_lasting : m_tip);
+    setCurrentWidget(tip.isEmpty() ? m_text : m_tip);
 }
 
 } // namespace shell

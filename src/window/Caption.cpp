@@ -16,14 +16,18 @@ QString fileCaption(const QString& kind, QString fileName)
     return kind + QStringLiteral(" - ") + fileName.replace(markPlace, markPlaceItself);
 }
 
-QString readCaption(QString windowTitle)
+QString onOneLine(QString text)
 {
-    windowTitle.replace(markPlaceItself, markPlace);
-    for (QChar& character : windowTitle) {
+    for (QChar& character : text) {
         if (character < QLatin1Char(' '))
             character = QLatin1Char(' ');
     }
-    return windowTitle;
+    return text;
+}
+
+QString readCaption(QString windowTitle)
+{
+    return onOneLine(windowTitle.replace(markPlaceItself, markPlace));
 }
 
 } // namespace window

@@ -2,6 +2,7 @@
 #include "window/ChildWindow.h"
 
 #include "base/SafeFile.h"
+#include "window/Caption.h"
 #include "window/Icons.h"
 
 #include <QCloseEvent>
@@ -74,9 +75,11 @@ std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& w
         name = m_dialogs.saveFileName(this, request);
     while (name && stillThere) {
         const std::optional<QString> reason = write(*name);
-        if (!reason)
-            return name;
         const QString written = request.writtenName ? request.writtenName(*name) : *name;
+        if (!reason) {
+            tellSaved(request.savedNotice, written);
+            return name;
+        }
         m_dialogs.showError(
             this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(written, *reason),
             m_caption);
@@ -86,6 +89,11 @@ std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& w
         name = m_dialogs.saveFileName(this, request);
     }
     return std::nullopt;
+}
+
+void ChildWindow::tellSaved(const QString& form, const QString& fileName)
+{
+    emit notice(form.arg(onOneLine(fileName)));
 }
 
 void ChildWindow::saveLines(const FileRequest& request, const QStringList& lines)

@@ -14,10 +14,11 @@ enum class Picture;
 
 /// The contract between a child window and the frame that holds it, and what all children share.
 ///
-/// The frame shows menu() in its bar while the child is active, writes statusText() into its status
-/// line, and calls FormActivate() and FormDeactivate() as the child becomes or ceases to be the
-/// active one. A child that is asked to close lets mayClose() decide, and stays, and keeps the
-/// frame open, where it says no; closeRequested() asks the frame to close the child's place in it.
+/// The frame shows menu() in its bar while the child is active, writes statusText() and notice()
+/// into its status line, and calls FormActivate() and FormDeactivate() as the child becomes or
+/// ceases to be the active one. A child that is asked to close lets mayClose() decide, and stays,
+/// and keeps the frame open, where it says no; closeRequested() asks the frame to close the child's
+/// place in it.
 class ChildWindow : public QWidget {
     Q_OBJECT
 
@@ -47,7 +48,11 @@ public:
     void closeUnasked();
 
 signals:
+    /// What the window has to say for as long as nothing has happened in it.
     void statusText(const QString& text);
+    /// What the user's last command did, in front of the statusText() until the next one of those;
+    /// empty once a later change has made it old.
+    void notice(const QString& text);
     void closeRequested();
     /// The child is about to ask something that the user can answer only with the child in view.
     void frontRequested();
@@ -65,11 +70,14 @@ protected:
 
     /// Saves under a name that the user is asked for. Where the file cannot be written the user is
     /// told why and asked again, the name at hand, until it is written or the user cancels: what is
-    /// to be saved always finds a place.
+    /// to be saved always finds a place. What was written is told in a notice().
     /// @param known tried first, without asking, where it is not empty
     /// @return the chosen name; nothing when nothing was saved, and when the child is gone
     std::optional<QString> save(FileRequest request, const WriteFile& write,
                                 const QString& known = {});
+    /// Tells in a notice() under which name something was saved.
+    /// @param form a FileRequest::savedNotice
+    void tellSaved(const QString& form, const QString& fileName);
 
     /// Saves lines of text in UTF-8, each with CRLF at its end.
     void saveLines(const FileRequest& request, const QStringList& lines);

@@ -17,6 +17,8 @@ struct FileRequest {
     QString suffix;   ///< Added to a name typed without one: "asc", without a dot.
     QString filter;   ///< As shown: "ASCII|*.asc" means text "ASCII", pattern "*.asc".
     bool confirmOverwrite = true;
+    /// What the status line says once the file is written, with the place of its name.
+    QString savedNotice = QStringLiteral("Guardado: %1");
 
     /// The name that a chosen one will be written under, where it is another one: overwriting is
     /// asked about that one. The answer is still the chosen name.

@@ -88,6 +88,7 @@ class Graphs(ProgramTest):
         self.assertEqual(bmp_size(picture), (lower.width, lower.height))
         self.assertEqual(png_size(self.copy(program, "Copiar Gráfica")), (upper.width, upper.height))
         self.assertEqual(png_size(self.copy(program, "Copiar Acumulada")), (lower.width, lower.height))
+        self.assertEqual(program.status(), "Copiado")
 
         table = self.save(program, "Guardar Datos...", folder / "datos.txt").split(b"\r\n")
         self.assertEqual(len(table), SEQUENCE_TESTS[statistic][1] + 3)  # title, header, end

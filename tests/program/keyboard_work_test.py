@@ -42,6 +42,10 @@ class Work(ProgramTest):
         self.assertEqual(square[1:], sample[1:])
 
         program.wait_for_focus("table «Datos»", f"table cell «{PROPELLANT[-1]},000»")
+        self.assertEqual(program.status(), f"Guardado: {data}")
+        program.press("ctrl+c")
+        wait_for("the copy", lambda: program.status() == "Copiado")
+        self.assertEqual(clipboard().decode("utf-8"), str(PROPELLANT[-1]))
         program.press("alt+d", "a")
         program.wait_for_focus("radio button «Clásico»")
         program.press("F9")
@@ -74,6 +78,7 @@ class Work(ProgramTest):
         program.press("ctrl+Home", "ctrl+shift+End", "ctrl+c")
         report = program.text(program.find("text", "Reporte"))
         wait_for("the copy", lambda: clipboard().decode("utf-8") == report)
+        self.assertEqual(program.status(), "Copiado")
 
     def test_graph_of_an_exact_distribution(self):
         program = self.program

@@ -138,6 +138,7 @@ void EditHistory::tell(const Change& change, Step step)
     const int columns = m_model.square().NrOfColumns();
     const int rows = m_model.square().NrOfRows();
     step();
+    emit changed();
     if (columns != m_model.square().NrOfColumns() || rows != m_model.square().NrOfRows())
         emit resized(m_model.square().NrOfColumns(), m_model.square().NrOfRows());
     if (change.ofContents)

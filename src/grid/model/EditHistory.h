@@ -45,6 +45,8 @@ public:
     void forget() { m_stack.clear(); }
 
 signals:
+    /// The table was changed, be it only in how it shows what it holds; comes before all others.
+    void changed();
     /// The table holds something else.
     void contentsChanged();
     /// The table has another size; comes before contentsChanged().

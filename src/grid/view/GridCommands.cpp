@@ -116,7 +116,9 @@ void GridCommands::mark(Scope scope, std::uint8_t set, std::uint8_t unset)
 
 void GridCommands::clear(Scope scope)
 {
-    if (m_rights.canEdit())
+    if (!m_rights.canEdit())
+        tellNotEditable();
+    else
         m_history.clear(rangeOf(m_view, scope));
 }
 
@@ -129,8 +131,12 @@ void GridCommands::copy(Scope scope)
 
 void GridCommands::paste()
 {
+    if (!m_rights.canEdit()) {
+        tellNotEditable();
+        return;
+    }
     const CellRange place = selectedRange(m_view);
-    if (!m_rights.canEdit() || place.cells() == 0)
+    if (place.cells() == 0)
         return;
     const auto read = readNumberBlock(QGuiApplication::clipboard()->text(),
                                       {m_model.square(), place.column, place.row, m_sizeAdvice});
@@ -207,7 +213,7 @@ void GridCommands::step(bool changesContents, std::optional<CellRange> (EditHist
                         const QString& told)
 {
     if (changesContents && !m_rights.canEdit()) {
-        tellEditingIsOff();
+        tellNotEditable();
         return;
     }
     const std::optional<CellRange> place = (m_history.*takeIt)();
@@ -221,10 +227,10 @@ void GridCommands::step(bool changesContents, std::optional<CellRange> (EditHist
                        : told);
 }
 
-void GridCommands::tellEditingIsOff()
+void GridCommands::tellNotEditable()
 {
-    if (!m_rights.readOnly)
-        emit notice(QStringLiteral("La edición de la tabla está desactivada."));
+    emit notice(m_rights.readOnly ? QStringLiteral("Esta tabla es solo para consultar.")
+                                  : QStringLiteral("La edición de la tabla está desactivada."));
 }
 
 } // namespace grid

@@ -83,7 +83,7 @@ public:
     void changePrecision(int column);
     void undo();
     void redo();
-    void tellEditingIsOff();
+    void tellNotEditable();
 
 signals:
     /// A short message for a status line.

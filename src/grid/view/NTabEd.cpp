@@ -108,6 +108,7 @@ void TNTabEd::setUpNames()
 void TNTabEd::connectParts()
 {
     connect(m_delegate, &CellDelegate::left, this, &TNTabEd::leaveCell);
+    connect(m_history, &EditHistory::changed, this, &TNTabEd::Edited);
     connect(m_history, &EditHistory::contentsChanged, this, &TNTabEd::OnChange);
     connect(m_history, &EditHistory::resized, this, &TNTabEd::TableResized);
     connect(m_commands, &GridCommands::notice, this, &TNTabEd::Notice);
@@ -185,7 +186,7 @@ void TNTabEd::leaveCell(CursorStep step)
 
 void TNTabEd::keyboardSearch(const QString&)
 {
-    m_commands->tellEditingIsOff();
+    m_commands->tellNotEditable();
 }
 
 bool TNTabEd::event(QEvent* event)

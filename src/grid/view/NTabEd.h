@@ -144,12 +144,14 @@ signals:
     /// The user changed the size of the table: "Extract from Clpbrd", its undo and redo. Comes
     /// before OnChange.
     void TableResized(int columns, int rows);
+    /// The user changed the table, be it only its marks and precisions. Comes before all others.
+    void Edited();
     /// A short message for a status line.
     void Notice(const QString& text);
 
 public slots:
-    /// Reached by typing where no cell opens: there is no search, the table may be huge, and where
-    /// editing is off the user is told so.
+    /// Reached by typing where no cell opens: there is no search, the table may be huge, but the
+    /// user is told why.
     void keyboardSearch(const QString& search) override;
 
 protected:

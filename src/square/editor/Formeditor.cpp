@@ -29,10 +29,11 @@ QString invitation()
                           "los datos actuales use la opción 'Guardar y Analizar'");
 }
 
-QString roundedNotice()
+QString savedNotice(bool rounded)
 {
     static_assert(fileDigits == 8);
-    return QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
+    return rounded ? QStringLiteral("Guardado con 8 cifras significativas de cada dato: %1")
+                   : window::FileRequest().savedNotice;
 }
 
 QString changedElsewhere(const QString& fileName)
@@ -142,6 +143,8 @@ void TEditor::GuardaryAnalizar1Click()
     if (!m_handOff.fileOpened)
         return;
     m_handedOver = true;
+    if (m_fileIsRounded) // the analysis has greeted its user since that was told
+        tellFile();
     closeUnasked();
 }
 
@@ -204,7 +207,7 @@ bool TEditor::loadFile()
         return false;
     }
     m_handOff.fileOpened = true;
-    rememberFile(*fileName, loaded.value->fingerprint);
+    rememberFile(*fileName, loaded.value->fingerprint, false);
     FormActivate(); // the status line speaks of the new square
     return true;
 }
@@ -236,8 +239,10 @@ bool TEditor::saveFile()
 {
     const QByteArray onDisk = base::fingerprint(m_fileName);
     const bool canCompare = !onDisk.isEmpty() && !m_fileFingerprint.isEmpty();
-    if (m_saved && canCompare && onDisk == m_fileFingerprint)
+    if (m_saved && canCompare && onDisk == m_fileFingerprint) {
+        tellFile();
         return true;
+    }
     QString known = m_fileName;
     if (canCompare && onDisk != m_fileFingerprint) {
         const window::Answer answer =
@@ -249,26 +254,34 @@ bool TEditor::saveFile()
     }
     window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
     request.fileName = m_fileName;
-    QString notice;
-    const auto write = [this, &notice](const QString& chosen) {
-        const base::Outcome<bool> rounded = Export(*m_datos, chosen);
-        notice = rounded.value.value_or(false) ? roundedNotice() : invitation();
-        return rounded.problem();
+    bool rounded = false;
+    const auto write = [this, &rounded](const QString& chosen) {
+        const base::Outcome<bool> written = Export(*m_datos, chosen);
+        rounded = written.value.value_or(false);
+        return written.problem();
     };
     const std::optional<QString> fileName = save(request, write, known);
     if (!fileName)
         return false;
-    rememberFile(*fileName, base::fingerprint(*fileName));
-    emit statusText(notice);
+    rememberFile(*fileName, base::fingerprint(*fileName), rounded);
+    if (rounded)
+        tellFile();
     return true;
 }
 
-void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint)
+void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint, bool rounded)
 {
     m_fileName = fileName;
     m_fileFingerprint = fingerprint;
+    m_fileIsRounded = rounded;
     setWindowTitle(window::fileCaption(plainCaption(), fileName));
     m_saved = true;
+}
+
+/// Tells the user that the file holds the square.
+void TEditor::tellFile()
+{
+    tellSaved(savedNotice(m_fileIsRounded), m_fileName);
 }
 
 /// A new order for both grids, with the headers named after the prefixes.
@@ -316,6 +329,7 @@ bool TEditor::takePrefix(QLineEdit& edit, QString& prefix)
     }
     prefix = edit.text();
     m_saved = false;
+    emit notice({});
     return true;
 }
 

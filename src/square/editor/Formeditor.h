@@ -81,7 +81,8 @@ private:
     bool loadFile();
     bool saveFile();
     QString showLoaded(record::SquareData square);
-    void rememberFile(const QString& fileName, const QByteArray& fingerprint);
+    void rememberFile(const QString& fileName, const QByteArray& fingerprint, bool rounded);
+    void tellFile();
     void setOrder(int order);
     void DatosResized(int columns);
     bool takePrefix(QLineEdit& edit, QString& prefix);
@@ -101,6 +102,7 @@ private:
     QString m_columnPrefix; ///< Of the names that the columns have now.
     QString m_fileName;
     QByteArray m_fileFingerprint; ///< Of the file as it was last loaded or saved.
+    bool m_fileIsRounded = false; ///< It has fewer digits than the grid had as it was saved.
     bool m_saved = false;
     bool m_handedOver = false; ///< "Guardar y Analizar" has left the file to an analysis window.
 };

@@ -186,8 +186,9 @@ void TEditor::connectControls()
     connect(m_nColumnas, &QLineEdit::textChanged, this, &TEditor::NColumnasChange);
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TEditor::DatosChange);
     connect(m_datos, &grid::TNTabEd::TableResized, this, &TEditor::DatosResized);
-    connect(m_datos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
-    connect(m_refTratamientos, &grid::TNTabEd::Notice, this, &TEditor::statusText);
+    connect(m_datos, &grid::TNTabEd::Edited, this, [this] { emit notice({}); });
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TEditor::notice);
+    connect(m_refTratamientos, &grid::TNTabEd::Notice, this, &TEditor::notice);
     const auto pointAtTreatment = [this](const QModelIndex& cursor) {
         m_refTratamientos->pointAt(cursor.column() + 1, cursor.row() + 1);
     };

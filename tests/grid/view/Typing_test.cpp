@@ -325,7 +325,7 @@ TEST_F(Typing, NothingOpensWhereEditingIsOffOrTheTableIsReadOnly)
     doubleClick(1, 1);
     type("5");
     EXPECT_EQ(editor(), nullptr);
-    EXPECT_EQ(notices.count(), 1);
+    EXPECT_EQ(notices.count(), 2);
     EXPECT_EQ(table.value(1, 1), 0.0);
     table.setReadOnly(false);
     click(1, 1);

@@ -69,7 +69,7 @@ void compareBar(QStringList& lines, const FrameModel& model, const shell::TPrinc
 void compareStatus(QStringList& lines, const FrameModel& model, const shell::TPrincipal& frame)
 {
     const auto* label = frame.findChild<QLabel*>(QStringLiteral("Status"));
-    compare(lines, QStringLiteral("status"), label->text(), model.status);
+    compare(lines, QStringLiteral("status"), label->text(), model.status());
     compare(lines, QStringLiteral("status uncovered"), yesNo(label->isVisible()), yesNo(true));
 }
 

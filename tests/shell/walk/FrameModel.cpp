@@ -84,6 +84,12 @@ Child power()
     return child;
 }
 
+void FrameModel::say(const QString& text)
+{
+    m_text = text;
+    notice.clear();
+}
+
 void FrameModel::open(const Child& opened)
 {
     children.push_back(opened);
@@ -106,7 +112,7 @@ void FrameModel::close(int index)
     const auto place = static_cast<std::size_t>(index);
     const bool wasActive = index == active;
     if (wasActive)
-        status = farewellOf(children.at(place).kind);
+        say(farewellOf(children.at(place).kind));
     children.erase(children.begin() + index);
     std::erase(m_history, index);
     for (int& other : m_history)
@@ -124,7 +130,7 @@ void FrameModel::close(int index)
 
 void FrameModel::comeBack()
 {
-    status = greetingOf(child().kind);
+    say(greetingOf(child().kind));
 }
 
 void FrameModel::maximise()
@@ -155,6 +161,7 @@ void FrameModel::commit()
 
 void FrameModel::changed()
 {
+    notice.clear();
     if (isActive(Kind::Editor))
         child().isSaved = false;
 }
@@ -234,7 +241,7 @@ void FrameModel::becomeActive(int index)
     active = index;
     std::erase(m_history, index);
     m_history.push_back(index);
-    status = greetingOf(child().kind);
+    say(greetingOf(child().kind));
     if (isMaximised)
         child().isMinimised = false;
 }

@@ -47,7 +47,12 @@ public:
     bool isMaximised = false; ///< The active child is.
     Foreground foreground = Foreground::Frame;
     bool isAboutOpen = false;
-    QString status = QStringLiteral("Listo."); ///< The lasting text of the status line.
+    QString notice; ///< What the status line says of the last command until something changes.
+
+    /// What the status line says.
+    QString status() const { return notice.isEmpty() ? m_text : notice; }
+    /// A window says something of itself.
+    void say(const QString& text);
 
     bool isFrameActive() const { return foreground == Foreground::Frame; }
     bool hasChild() const { return active >= 0; }
@@ -86,6 +91,7 @@ public:
 private:
     void becomeActive(int index);
 
+    QString m_text = QStringLiteral("Listo.");
     std::vector<int> m_history; ///< The last one is the active child.
 };
 

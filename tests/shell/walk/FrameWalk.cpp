@@ -138,9 +138,9 @@ FrameWalk::Sample FrameWalk::sample()
     return copy;
 }
 
-QString FrameWalk::freshName()
+QString FrameWalk::freshName(const QString& suffix)
 {
-    return m_folder.filePath(QStringLiteral("%1.asc").arg(++m_names));
+    return m_folder.filePath(QString::number(++m_names) + suffix);
 }
 
 QMdiSubWindow& FrameWalk::place(int index) const

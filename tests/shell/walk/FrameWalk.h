@@ -75,7 +75,7 @@ private:
     /// A copy of one of the samples, of order 3 more often than not.
     Sample sample();
     /// A name that no file has.
-    QString freshName();
+    QString freshName(const QString& suffix = QStringLiteral(".asc"));
 
     bool hasRoom() const { return m_model.children.size() < mostChildren; }
     Child& target() { return m_model.children.at(static_cast<std::size_t>(m_target)); }
@@ -103,6 +103,7 @@ private:
     void thinkAgainAboutLeaving();
     void save(const Action& command);
     void load(const Action& command);
+    void saveOrNot(const QString& told, const QString& suffix = QStringLiteral(".asc"));
     void runTest(const char* approach, const char* test, const QString& statistic);
     void runStudy();
     /// Clicks on the button that runs a test or a study, or presses F9.

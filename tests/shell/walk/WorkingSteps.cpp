@@ -66,14 +66,16 @@ void FrameWalk::save(const Action& command)
         command();
         return;
     }
+    const QString captionBeforeName = QStringLiteral("Editor - ");
     if (!child.hasFile) {
         const QString fileName = freshName();
         m_dialogs.saveAnswers = {fileName};
-        child.caption = QStringLiteral("Editor - ") + fileName;
+        child.caption = captionBeforeName + fileName;
     }
     command();
     child.hasFile = true;
     child.isSaved = true;
+    m_model.notice = QStringLiteral("Guardado: ") + child.caption.mid(captionBeforeName.size());
 }
 
 void FrameWalk::load(const Action& command)
@@ -92,6 +94,19 @@ void FrameWalk::load(const Action& command)
     child.hasFile = true;
     child.isSaved = true;
     child.order = file.order;
+    m_model.comeBack();
+}
+
+/// Prepares the answer of the user who is about to be asked for a name.
+void FrameWalk::saveOrNot(const QString& told, const QString& suffix)
+{
+    if (flag()) {
+        m_dialogs.saveAnswers = {std::nullopt};
+        return;
+    }
+    const QString name = freshName(suffix);
+    m_dialogs.saveAnswers = {name};
+    m_model.notice = told + name;
 }
 
 void FrameWalk::addAnalysisSteps()
@@ -117,7 +132,7 @@ void FrameWalk::addAnalysisSteps()
         "export, or not", [this] { return m_model.isActive(Kind::Analysis); },
         [this] {
             m_model.commit();
-            m_dialogs.saveAnswers = {flag() ? std::optional(freshName()) : std::nullopt};
+            saveOrNot(QStringLiteral("Exportado: "));
             if (flag())
                 m_hands.press(Qt::Key_E, Qt::ControlModifier);
             else
@@ -135,8 +150,7 @@ void FrameWalk::runTest(const char* approach, const char* test, const QString& s
     runBy("SpeedButton1");
     Child& child = m_model.child();
     child.exact = child.order == 3 ? statistic : QString();
-    m_model.status =
-        QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
+    m_model.say(QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados."));
 }
 
 void FrameWalk::addGraphSteps()
@@ -151,14 +165,14 @@ void FrameWalk::addGraphSteps()
     const auto isGraph = [this] { return m_model.isActive(Kind::Graph); };
     const QString menu = QStringLiteral("&Gráfica");
     add("the graph's table, or not", isGraph, [this, menu] {
-        m_dialogs.saveAnswers = {flag() ? std::optional(freshName()) : std::nullopt};
+        saveOrNot(QStringLiteral("Guardado: "));
         if (flag())
             m_hands.press(Qt::Key_F2);
         else
             choose({menu, QStringLiteral("Guardar &Datos...")});
     });
     add("the graph's picture, or not", isGraph, [this, menu] {
-        m_dialogs.saveAnswers = {flag() ? std::optional(freshName()) : std::nullopt};
+        saveOrNot(QStringLiteral("Guardado: "), QStringLiteral(".bmp"));
         choose({menu, QStringLiteral("&Guardar Gráfica...")});
     });
     add("copy the graph", isGraph, [this, menu] {
@@ -189,7 +203,7 @@ void FrameWalk::addPowerSteps()
     add(
         "the power's report, or not", [this] { return m_model.isActive(Kind::Power); },
         [this] {
-            m_dialogs.saveAnswers = {flag() ? std::optional(freshName()) : std::nullopt};
+            saveOrNot(QStringLiteral("Guardado: "));
             choose({QStringLiteral("&Potencia"), QStringLiteral("Guardar &Reporte...")});
         });
 }
@@ -201,6 +215,7 @@ void FrameWalk::runStudy()
     m_model.focus(QStringLiteral("UpDown2"));
     m_hands.press(Qt::Key_PageDown); // down to 500 trials
     runBy("BtnCalcular");
+    m_model.say(QStringLiteral("Listo."));
 }
 
 /// By mouse as a rule: a button that is pressed by its key stays down for a tenth of a second.

@@ -35,6 +35,8 @@ protected:
         m_editor = new square::TEditor(m_handOff, m_dialogs, m_host.get());
         QObject::connect(m_editor, &window::ChildWindow::statusText,
                          [this](const QString& text) { m_status.append(text); });
+        QObject::connect(m_editor, &window::ChildWindow::notice,
+                         [this](const QString& text) { m_notices.append(text); });
         QObject::connect(m_editor, &square::TEditor::analysisRequested, [this] {
             EXPECT_TRUE(m_editor->Saved());
             m_requests.append(squarebytes::utf8("analyse ") + m_handOff.pendingFileName);
@@ -180,6 +182,7 @@ protected:
     std::unique_ptr<QMainWindow> m_host;
     QPointer<square::TEditor> m_editor;
     QStringList m_status;
+    QStringList m_notices;
     QStringList m_requests;       ///< What the editor asked of the frame.
     bool m_analysisStands = true; ///< Whether an analysis that it asks for can open the file.
 };

@@ -6,12 +6,6 @@
 
 using namespace squarebytes;
 
-namespace {
-
-const QString roundedNotice = QStringLiteral("Se guardaron 8 cifras significativas de cada dato.");
-
-} // namespace
-
 TEST_F(EditorFiles, AFirstSaveAsksForAName)
 {
     open();
@@ -96,13 +90,15 @@ TEST_F(EditorFiles, ASaveThatRoundsSaysSoAndKeepsWhatWasTyped)
     open();
     enterIntoCell(1, 1, "123456789");
     saveAs("nuevo.asc");
-    EXPECT_EQ(lastStatus(), roundedNotice);
+    EXPECT_EQ(m_notices.last(),
+              utf8("Guardado con 8 cifras significativas de cada dato: ") + path("nuevo.asc"));
     EXPECT_EQ(datos().value(1, 1), 123456789.0);
     EXPECT_TRUE(bytesOf("nuevo.asc").contains("\t 1.2345679E+0008\t"));
 
     enterIntoCell(1, 1, "12345678");
     action("Guardar1").trigger();
-    EXPECT_NE(lastStatus(), roundedNotice); // the note of the save before is not true of this one
+    // The note of the save before is not true of this one.
+    EXPECT_EQ(m_notices.last(), utf8("Guardado: ") + path("nuevo.asc"));
 }
 
 TEST_F(EditorFiles, ACellBeingEditedIsTakenOverBeforeASave)

@@ -396,7 +396,7 @@ TEST_F(Editor, MessagesOfTheGridsReachTheStatusLine)
 {
     open();
     emit datos().Notice(utf8("copiado"));
-    EXPECT_EQ(m_status, QStringList(utf8("copiado")));
+    EXPECT_EQ(m_notices, QStringList(utf8("copiado")));
 }
 
 // ---- Focus -------------------------------------------------------------------------------------

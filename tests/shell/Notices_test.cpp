@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the status line says of a command that was carried out, and for how long.
+#include "shell/PrincipalFixture.h"
+
+#include "support/CellTyping.h"
+
+#include <QClipboard>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+
+class Notices : public Principal {
+protected:
+    QWidget& child() { return *area().activeSubWindow()->widget(); }
+    QTableView& table(const char* name)
+    {
+        return *child().findChild<QTableView*>(QString::fromLatin1(name));
+    }
+
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void enter(int column, int row, const char* text)
+    {
+        typeIntoCell(table("Datos"), column, row, QString::fromLatin1(text));
+        press(Qt::Key_Return);
+    }
+
+    QString saveEditor(const char* name = "lote.asc")
+    {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        dialogs.saveAnswers.push_back(path);
+        press(Qt::Key_F2);
+        return path;
+    }
+    void saveAndAnalyse()
+    {
+        entry({QStringLiteral("E&ditor"), QStringLiteral("Guardar y &Analizar...")})->trigger();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void openAnalysis()
+    {
+        dialogs.openAnswers.push_back(sample("orden3.asc"));
+        frame.AnlisisdeDatos1Click();
+    }
+    void openGraph()
+    {
+        openAnalysis();
+        child().findChild<QRadioButton*>(QStringLiteral("RadioGroup1Item2"))->click();
+        child().findChild<QToolButton*>(QStringLiteral("SpeedButton1"))->click();
+        child().findChild<QToolButton*>(QStringLiteral("ve"))->click();
+    }
+
+    /// The texts of the active window without a notice in front of it.
+    QString greeting()
+    {
+        if (child().objectName() == QStringLiteral("Editor"))
+            return QStringLiteral("Puede manejar archivos de datos para el análisis aquí. Para "
+                                  "analizar los datos actuales use la opción 'Guardar y Analizar'");
+        return QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
+    }
+};
+
+} // namespace
+
+TEST_F(Notices, ASaveIsToldUntilTheNextEdit)
+{
+    frame.NuevoArchivo1Click();
+    const QString saved = QStringLiteral("Guardado: ") + saveEditor();
+    EXPECT_EQ(status(), saved);
+    enter(1, 1, "7");
+    EXPECT_EQ(status(), greeting());
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), saved);
+    enter(1, 1, "8");
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), saved);
+
+    // A file that holds it already is not written again, but holds it.
+    openAnalysis();
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    ASSERT_EQ(status(), greeting());
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), saved);
+}
+
+TEST_F(Notices, ASaveThatFailedOrWasGivenUpIsNotTold)
+{
+    frame.NuevoArchivo1Click();
+    dialogs.saveAnswers = {folder.filePath(QStringLiteral("no/lote.asc")), std::nullopt};
+    press(Qt::Key_F2);
+    EXPECT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, AControlCharacterInANameDoesNotBreakTheLine)
+{
+    frame.NuevoArchivo1Click();
+    saveEditor("dos\nlotes.asc");
+    EXPECT_TRUE(status().endsWith(QStringLiteral("dos lotes.asc"))) << status().toStdString();
+}
+
+TEST_F(Notices, ThatASaveRoundedStaysThroughTheChangeToTheAnalysis)
+{
+    frame.NuevoArchivo1Click();
+    enter(1, 1, "123456789");
+    const QString rounded =
+        QStringLiteral("Guardado con 8 cifras significativas de cada dato: ") + saveEditor();
+    EXPECT_EQ(status(), rounded);
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), rounded); // no less true the second time
+    saveAndAnalyse();
+    ASSERT_EQ(child().objectName(), QStringLiteral("Analisis"));
+    ASSERT_EQ(children().size(), 1);
+    EXPECT_EQ(status(), rounded);
+    enter(1, 1, "5");
+    EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, TheAnalysisGreetsWhereNothingWasRounded)
+{
+    frame.NuevoArchivo1Click();
+    enter(1, 1, "12345678");
+    saveEditor();
+    saveAndAnalyse();
+    ASSERT_EQ(child().objectName(), QStringLiteral("Analisis"));
+    EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, ALoadMakesThemOld)
+{
+    frame.NuevoArchivo1Click();
+    saveEditor();
+    dialogs.openAnswers.push_back(sample("orden3.asc"));
+    press(Qt::Key_F3);
+    EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, ExportsAndGraphFilesAreTold)
+{
+    const QString report = folder.filePath(QStringLiteral("r.txt"));
+    openAnalysis();
+    dialogs.saveAnswers = {report};
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(status(), QStringLiteral("Exportado: ") + report);
+
+    openGraph();
+    dialogs.saveAnswers = {folder.filePath(QStringLiteral("g.png"))};
+    entry({QStringLiteral("&Gráfica"), QStringLiteral("&Guardar Gráfica...")})->trigger();
+    EXPECT_EQ(status(), QStringLiteral("Guardado: ") + folder.filePath(QStringLiteral("g.bmp")));
+    dialogs.saveAnswers = {folder.filePath(QStringLiteral("d.txt"))};
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), QStringLiteral("Guardado: ") + folder.filePath(QStringLiteral("d.txt")));
+}
+
+TEST_F(Notices, AnUndoneChangeIsOldNewsWithTheNextOne)
+{
+    frame.NuevoArchivo1Click();
+    enter(1, 1, "5");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(status(), QStringLiteral("Se deshizo el último cambio de la tabla."));
+    enter(1, 1, "6");
+    EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, WhoPastesOrClearsWhereNothingCanBeChangedIsTold)
+{
+    frame.NuevoArchivo1Click();
+    QGuiApplication::clipboard()->setText(QStringLiteral("5"));
+    table("RefTratamientos").setFocus();
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
+        {Qt::Key_V, Qt::ControlModifier},
+        {Qt::Key_Delete, Qt::NoModifier},
+        {Qt::Key_7, Qt::NoModifier},
+        {Qt::Key_Z, Qt::ControlModifier},
+    };
+    saveEditor();
+    for (const auto& [key, modifiers] : keys) {
+        press(Qt::Key_F2);
+        ASSERT_TRUE(status().startsWith(QStringLiteral("Guardado")));
+        press(key, modifiers);
+        if (key != Qt::Key_Z) { // there is nothing to undo
+            EXPECT_EQ(status(), QStringLiteral("Esta tabla es solo para consultar.")) << key;
+        }
+    }
+
+    table("Datos").setFocus();
+    enter(1, 1, "5");
+    for (QAction* action : table("Datos").findChild<QMenu*>(QStringLiteral("CellMenu"))->actions())
+        if (action->text() == QStringLiteral("Edit on/Off"))
+            action->trigger();
+    for (const auto& [key, modifiers] : keys) {
+        press(Qt::Key_F2);
+        ASSERT_TRUE(status().startsWith(QStringLiteral("Guardado")));
+        press(key, modifiers);
+        EXPECT_EQ(status(), QStringLiteral("La edición de la tabla está desactivada.")) << key;
+    }
+}
