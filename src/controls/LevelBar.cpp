@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
+#include <QWheelEvent>
 
 namespace controls {
 
@@ -12,6 +13,14 @@ LevelBar::LevelBar(QWidget* parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setInvertedControls(false); // the keys that point right raise the level
+}
+
+void LevelBar::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QScrollBar::wheelEvent(event);
+    else
+        event->ignore(); // who scrolls past it changes nothing
 }
 
 void LevelBar::paintEvent(QPaintEvent* event)

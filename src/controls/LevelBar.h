@@ -5,8 +5,8 @@
 
 namespace controls {
 
-/// A horizontal scroll bar that can be reached with Tab, moves with the arrow keys and shows that
-/// it has the focus.
+/// A horizontal scroll bar that can be reached with Tab, moves with the arrow keys and, while it
+/// has the focus, with the wheel, and shows that it has the focus.
 class LevelBar : public QScrollBar {
     Q_OBJECT
 
@@ -14,6 +14,7 @@ public:
     explicit LevelBar(QWidget* parent = nullptr);
 
 protected:
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

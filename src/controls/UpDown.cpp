@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -27,6 +28,7 @@ UpDown::UpDown(int low, int high, int increment, Typing typing, QWidget* parent)
     setRange(low, high);
     setSingleStep(increment);
     setValue(low);
+    setFocusPolicy(Qt::StrongFocus); // which the wheel does not give
     if (typing == Typing::Nothing) {
         edit()->setReadOnly(true);
         // Assistive technology sets values without a step.
@@ -49,6 +51,14 @@ void UpDown::stepBy(int steps)
         QSpinBox::stepBy(steps);
     if (!changeTells)
         takeOver();
+}
+
+void UpDown::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QSpinBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 /// Both arrows work at the limits too, where a click is a click all the same.

@@ -7,8 +7,9 @@
 
 namespace controls {
 
-/// Up and down arrows that drive an edit, without wrap-around. Arrows, wheel and keys step. The
-/// position is in the edit with its thousands set apart by a point: "1.000".
+/// Up and down arrows that drive an edit, without wrap-around. Arrows and keys step, and the wheel
+/// where the control has the focus: who scrolls past it changes nothing. The position is in the
+/// edit with its thousands set apart by a point: "1.000".
 class UpDown : public QSpinBox {
     Q_OBJECT
 
@@ -37,6 +38,7 @@ signals:
     void Click();
 
 protected:
+    void wheelEvent(QWheelEvent* event) override;
     StepEnabled stepEnabled() const override;
     QString textFromValue(int value) const override;
     int valueFromText(const QString& text) const override;

@@ -51,24 +51,24 @@ void SquareData::resize(int columns, int rows)
 
 QString SquareData::columnName(int column) const
 {
-    return hasColumn(column) ? m_columnNames.value(column, defaultColumnName(column)) : QString();
+    return hasColumn(column) ? m_names.columns.value(column, defaultColumnName(column)) : QString();
 }
 
 QString SquareData::rowName(int row) const
 {
-    return hasRow(row) ? m_rowNames.value(row, defaultRowName(row)) : QString();
+    return hasRow(row) ? m_names.rows.value(row, defaultRowName(row)) : QString();
 }
 
 void SquareData::setColumnName(int column, const QString& name)
 {
     if (hasColumn(column))
-        keep(m_columnNames, column, cutName(name), defaultColumnName(column));
+        keep(m_names.columns, column, cutName(name), defaultColumnName(column));
 }
 
 void SquareData::setRowName(int row, const QString& name)
 {
     if (hasRow(row))
-        keep(m_rowNames, row, cutName(name), defaultRowName(row));
+        keep(m_names.rows, row, cutName(name), defaultRowName(row));
 }
 
 quint8 SquareData::rowAttribute(int row) const

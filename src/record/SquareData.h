@@ -15,6 +15,15 @@ inline constexpr int longestName = 50;
 QString defaultColumnName(int column); ///< "C-1", "C-2", ...
 QString defaultRowName(int row);       ///< "R-1", "R-2", ...
 
+/// The names of columns and rows by their number, those that a smaller size hides included; default
+/// ones are not kept.
+struct Names {
+    QHash<int, QString> columns;
+    QHash<int, QString> rows;
+
+    bool operator==(const Names&) const = default;
+};
+
 /// One experiment as the file, the grids and the analysis carry it: names, row marks and values.
 ///
 /// Columns, rows and cells are counted from 1. Outside the square a read gives 0 or an empty name
@@ -44,6 +53,9 @@ public:
     QString rowName(int row) const;
     void setColumnName(int column, const QString& name);
     void setRowName(int row, const QString& name);
+    /// All names at once, for who keeps them to put them back.
+    const Names& names() const { return m_names; }
+    void setNames(const Names& names) { m_names = names; }
 
     /// 0 for a plain row; other values are the marks that its file gives it.
     quint8 rowAttribute(int row) const;
@@ -64,8 +76,7 @@ private:
     int m_rows;
     QByteArray m_identifier;
     // Only what differs from the default.
-    QHash<int, QString> m_columnNames;
-    QHash<int, QString> m_rowNames;
+    Names m_names;
     QHash<int, quint8> m_rowAttributes;
     CellBox<double> m_values;
 };

@@ -6,6 +6,7 @@
 #include "window/Dialogs.h"
 #include "window/OpenQuestion.h"
 
+#include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QSettings>
 #include <QWidget>
@@ -14,6 +15,17 @@
 #include <exception>
 
 namespace shell {
+
+namespace {
+
+/// Ctrl+Y, which redoes in spreadsheets.
+bool isSecondRedoKey(const QEvent& event)
+{
+    return (event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride) &&
+           static_cast<const QKeyEvent&>(event).keyCombination() == (Qt::CTRL | Qt::Key_Y);
+}
+
+} // namespace
 
 Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
     : QApplication(argc, argv)
@@ -41,7 +53,13 @@ bool Application::notify(QObject* receiver, QEvent* event)
     if (event->type() == QEvent::Polish && receiver->isWidgetType())
         namePart(static_cast<QWidget&>(*receiver));
     try {
-        return QApplication::notify(receiver, event);
+        if (!isSecondRedoKey(*event))
+            return QApplication::notify(receiver, event);
+        const QKeyCombination known = QKeySequence(QKeySequence::Redo)[0];
+        QKeyEvent redo(event->type(), known.key(), known.keyboardModifiers());
+        const bool handled = QApplication::notify(receiver, &redo);
+        event->setAccepted(redo.isAccepted());
+        return handled;
     } catch (const std::exception& error) {
         m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()), applicationName());
     }

@@ -13,8 +13,8 @@ class Dialogs;
 namespace shell {
 
 /// The application: Qt's own texts in Spanish, nothing remembered between sessions, an error box
-/// for every error that escapes a handler, nothing past an open question, and a name for every part
-/// that can be named.
+/// for every error that escapes a handler, nothing past an open question, a second key to redo, and
+/// a name for every part that can be named.
 class Application : public QApplication {
     Q_OBJECT
 

@@ -20,6 +20,12 @@ public:
     const Change& change() const { return m_change; }
     void redo() override { m_forth(); }
     void undo() override { m_back(); }
+    int id() const override { return m_change.kind > 0 ? m_change.kind : -1; }
+    bool mergeWith(const QUndoCommand* next) override
+    {
+        m_forth = static_cast<const Command*>(next)->m_forth;
+        return true;
+    }
 
 private:
     Change m_change;
@@ -87,10 +93,40 @@ void EditHistory::setIdentifier(const QByteArray& identifier)
 
 void EditHistory::replaceTable(TableData table)
 {
-    const auto exchange = [this, other = std::make_shared<TableData>(std::move(table))] {
-        m_model.exchange(*other);
-    };
+    const std::function<void()> exchange = exchangeWith(std::move(table));
     run({}, exchange, exchange);
+}
+
+void EditHistory::replaceTable(TableData table, const Alongside& alongside)
+{
+    const std::function<void()> exchange = exchangeWith(std::move(table));
+    runWith(alongside, 0, exchange, exchange);
+}
+
+std::function<void()> EditHistory::exchangeWith(TableData table)
+{
+    return
+        [this, other = std::make_shared<TableData>(std::move(table))] { m_model.exchange(*other); };
+}
+
+void EditHistory::keepShape(const TableShape& before, const Alongside& alongside, int kind)
+{
+    const auto put = [this](const TableShape& shape) {
+        return [this, shape] { m_model.setShape(shape); };
+    };
+    runWith(alongside, kind, put(m_model.table().shape()), put(before));
+}
+
+void EditHistory::runWith(const Alongside& alongside, int kind, const std::function<void()>& forth,
+                          const std::function<void()>& back)
+{
+    const auto both = [](const std::function<void()>& table, const std::function<void()>& window) {
+        return [table, window] {
+            table();
+            window();
+        };
+    };
+    run({{}, true, true, kind}, both(forth, alongside.forth), both(back, alongside.back));
 }
 
 template <typename T, typename Put>
@@ -139,6 +175,8 @@ void EditHistory::tell(const Change& change, Step step)
     const int rows = m_model.square().NrOfRows();
     step();
     emit changed();
+    if (change.ofWindow)
+        return;
     if (columns != m_model.square().NrOfColumns() || rows != m_model.square().NrOfRows())
         emit resized(m_model.square().NrOfColumns(), m_model.square().NrOfRows());
     if (change.ofContents)

@@ -15,6 +15,13 @@
 
 namespace grid {
 
+/// What a window changes beside its table as a step is taken forth and back. It is told of the step
+/// by these and by no signal but changed().
+struct Alongside {
+    std::function<void()> forth;
+    std::function<void()> back;
+};
+
 /// The user's edits of a table and the way back from them. An edit that would change nothing is
 /// none. Steps survive a resize of the table: they reach the cells that it has hidden.
 ///
@@ -34,7 +41,14 @@ public:
     void setPrecision(int column, int decimals);
     void setIdentifier(const QByteArray& identifier);
     void replaceTable(TableData table);
+    void replaceTable(TableData table, const Alongside& alongside);
+    /// Takes in what the window has done: the table had another shape before, or something beside
+    /// it has changed.
+    /// @param kind consecutive steps of one kind, 1 and up, become one; 0 stays alone
+    void keepShape(const TableShape& before, const Alongside& alongside, int kind);
 
+    bool canUndo() const { return m_stack.canUndo(); }
+    bool canRedo() const { return m_stack.canRedo(); }
     /// Whether the step that undo() or redo() would take changes what the table holds.
     bool undoChangesContents() const { return changesContents(m_stack.index() - 1); }
     bool redoChangesContents() const { return changesContents(m_stack.index()); }
@@ -56,10 +70,12 @@ signals:
 
 private:
     /// What a step changes: cells (none where it is something else), and whether what the table
-    /// holds rather than how it is shown.
+    /// holds rather than how it is shown. Of a row of steps of one kind, 1 and up, one is made.
     struct Change {
         CellRange place;
         bool ofContents = true;
+        bool ofWindow = false; ///< Made by the window, which knows what it changes.
+        int kind = 0;
     };
     class Command;
 
@@ -67,6 +83,9 @@ private:
     /// Puts `after` in the place of `before`, through put(), where the two differ.
     template <typename T, typename Put>
     void replace(const Change& change, T before, T after, Put put);
+    std::function<void()> exchangeWith(TableData table);
+    void runWith(const Alongside& alongside, int kind, const std::function<void()>& forth,
+                 const std::function<void()>& back);
     void run(const Change& change, std::function<void()> forth, std::function<void()> back);
     /// The change of the command at an index of the history; nothing beyond its ends.
     std::optional<Change> changeAt(int index) const;

@@ -60,4 +60,16 @@ void TableData::setPrecision(int column, int decimals)
         m_precisions.insert(column, stored);
 }
 
+TableShape TableData::shape() const
+{
+    return {square.NrOfColumns(), square.NrOfRows(), square.names(), m_precisions};
+}
+
+void TableData::setShape(const TableShape& shape)
+{
+    resize(shape.columns, shape.rows);
+    square.setNames(shape.names);
+    m_precisions = shape.precisions;
+}
+
 } // namespace grid

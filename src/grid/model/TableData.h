@@ -16,6 +16,17 @@ enum Mark : std::uint8_t { NoMark = 0, MarkA = 1, MarkB = 2, MarkBoth = MarkA | 
 
 constexpr int defaultPrecision = 3; ///< Decimals.
 
+/// What a table is but for what its cells hold: its size, its names and the decimals of its
+/// columns.
+struct TableShape {
+    int columns;
+    int rows;
+    record::Names names;
+    QHash<int, int> precisions; ///< By column, where they are not the default.
+
+    bool operator==(const TableShape&) const = default;
+};
+
 /// What a grid holds, without a window: a square, the marks of its cells and the precisions of its
 /// columns.
 ///
@@ -44,6 +55,10 @@ public:
     /// Decimals shown in a column, -1 for as many as it takes. Stored within -1..8.
     int precision(int column) const;
     void setPrecision(int column, int decimals);
+
+    TableShape shape() const;
+    /// @throws GridError as resize()
+    void setShape(const TableShape& shape);
 
     record::SquareData square; ///< Its size changes through resize() above.
     QStringList treatments;    ///< Names of 1, 2, ... where an extraction has told them.

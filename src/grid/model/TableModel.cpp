@@ -60,6 +60,13 @@ void TableModel::resize(int columns, int rows)
     }
 }
 
+void TableModel::setShape(const TableShape& shape)
+{
+    resize(shape.columns, shape.rows);
+    m_table.setShape(shape);
+    announceAll();
+}
+
 void TableModel::exchange(TableData& other)
 {
     beginResetModel();
@@ -141,9 +148,7 @@ void TableModel::setSilent(bool silent)
     if (m_silent == silent)
         return;
     m_silent = silent;
-    announce(m_table.range());
-    announceHeader(Qt::Horizontal, 1, square().NrOfColumns());
-    announceHeader(Qt::Vertical, 1, square().NrOfRows());
+    announceAll();
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const
@@ -227,6 +232,13 @@ void TableModel::announce(const CellRange& range)
         lastRow < range.row)
         return;
     emit dataChanged(index(range.row - 1, range.column - 1), index(lastRow - 1, lastColumn - 1));
+}
+
+void TableModel::announceAll()
+{
+    announce(m_table.range());
+    announceHeader(Qt::Horizontal, 1, square().NrOfColumns());
+    announceHeader(Qt::Vertical, 1, square().NrOfRows());
 }
 
 void TableModel::announceHeader(Qt::Orientation orientation, int first, int last)

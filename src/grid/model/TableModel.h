@@ -39,8 +39,9 @@ public:
 
     const TableData& table() const { return m_table; }
     const record::SquareData& square() const { return m_table.square; }
-    /// @throws GridError, with everything as it was
+    /// Both throw GridError, with everything as it was.
     void resize(int columns, int rows);
+    void setShape(const TableShape& shape);
     /// Swaps the whole table.
     void exchange(TableData& other);
 
@@ -78,6 +79,7 @@ private:
     const QColor& colorOf(std::uint8_t marks) const;
     /// Tells the views that the shown part of a range has changed.
     void announce(const CellRange& range);
+    void announceAll();
     void announceHeader(Qt::Orientation orientation, int first, int last);
 
     TableData m_table;

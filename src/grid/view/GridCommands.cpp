@@ -74,9 +74,13 @@ void GridCommands::setRights(const EditRights& rights)
         m_view.setCurrentIndex({});
 }
 
-bool GridCommands::isShortcut(const QKeyEvent& key)
+bool GridCommands::isShortcut(const QKeyEvent& key) const
 {
-    return shortcutOf(key) != nullptr;
+    const Shortcut* shortcut = shortcutOf(key);
+    if (shortcut == nullptr)
+        return false;
+    return (shortcut->key != QKeySequence::Undo || m_history.canUndo()) &&
+           (shortcut->key != QKeySequence::Redo || m_history.canRedo());
 }
 
 bool GridCommands::take(const QKeyEvent& key)

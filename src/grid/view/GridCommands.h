@@ -62,8 +62,9 @@ public:
     void setExtractor(Extractor extractor) { m_extractor = std::move(extractor); }
     void setSizeAdvice(SizeAdvice advice) { m_sizeAdvice = std::move(advice); }
 
-    /// Whether a key belongs to the table even where a menu has the same shortcut.
-    static bool isShortcut(const QKeyEvent& key);
+    /// Whether a key belongs to the table even where a menu or the window has the same shortcut: a
+    /// table without a step to take leaves it to its window.
+    bool isShortcut(const QKeyEvent& key) const;
     /// Runs the command of a key. @return false where it has none
     bool take(const QKeyEvent& key);
 

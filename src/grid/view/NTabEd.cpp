@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/view/NTabEd.h"
 
-#include "grid/model/EditHistory.h"
 #include "grid/view/CellDelegate.h"
 #include "grid/view/ContextMenus.h"
 #include "grid/view/NameHeader.h"
@@ -128,6 +127,28 @@ void TNTabEd::setSquare(record::SquareData square)
     clearHistory();
 }
 
+void TNTabEd::exchangeSquare(record::SquareData square, const Alongside& alongside)
+{
+    TableData fresh(std::move(square));
+    m_widths->forgetUsers();
+    m_history->replaceTable(std::move(fresh), alongside);
+}
+
+void TNTabEd::keepShape(const TableShape& before, const Alongside& alongside, int kind)
+{
+    m_history->keepShape(before, alongside, kind);
+}
+
+void TNTabEd::undo()
+{
+    m_commands->run([this] { m_commands->undo(); });
+}
+
+void TNTabEd::redo()
+{
+    m_commands->run([this] { m_commands->redo(); });
+}
+
 void TNTabEd::clearHistory()
 {
     m_history->forget();
@@ -192,7 +213,7 @@ void TNTabEd::keyboardSearch(const QString&)
 bool TNTabEd::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride && state() != EditingState &&
-        GridCommands::isShortcut(*static_cast<QKeyEvent*>(event))) {
+        m_commands->isShortcut(*static_cast<QKeyEvent*>(event))) {
         event->accept();
         return true;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "grid/model/EditHistory.h"
 #include "grid/model/GridError.h"
 #include "grid/model/TableModel.h"
 #include "grid/view/ColumnWidths.h"
@@ -21,7 +22,6 @@ namespace grid {
 
 class CellDelegate;
 class ContextMenus;
-class EditHistory;
 class NameHeader;
 
 /// The colour of a blue-green-red integer, red in its low byte: 255 is red.
@@ -55,8 +55,19 @@ public:
     /// The square in the table: its size, names, attributes, identifier and values.
     const record::SquareData& square() const { return m_model->square(); }
     /// Another square in the place of the whole table: with 3 decimals, without marks or history.
-    /// @throws GridError where the memory does not suffice, with everything as it was
+    /// This and the next throw GridError where the memory does not suffice, with everything as it
+    /// was.
     void setSquare(record::SquareData square);
+
+    /// The same as a step that the user can take back, with what else it changes in the window.
+    void exchangeSquare(record::SquareData square, const Alongside& alongside);
+
+    /// Size, names and precisions together.
+    TableShape shape() const { return m_model->table().shape(); }
+    void setShape(const TableShape& shape) { m_model->setShape(shape); }
+    /// Makes a step that the user can take back of a change of the shape, as
+    /// EditHistory::keepShape().
+    void keepShape(const TableShape& before, const Alongside& alongside, int kind);
 
     /// Decimals shown in a column, stored within -1..8; -1 shows as many as the number has.
     /// An index outside the table is ignored, and 0 when asked for.
@@ -139,7 +150,7 @@ public:
 
 signals:
     /// The user changed what the table holds: typing, "Paste", "Clear", "Extract from Clpbrd",
-    /// "Edit Identifier", undo and redo of these.
+    /// "Edit Identifier", undo and redo of these; not where the window was told of it alongside.
     void OnChange();
     /// The user changed the size of the table: "Extract from Clpbrd", its undo and redo. Comes
     /// before OnChange.
@@ -150,6 +161,10 @@ signals:
     void Notice(const QString& text);
 
 public slots:
+    /// Takes the last of the user's changes back, and forth again, as the keys do.
+    void undo();
+    void redo();
+
     /// Reached by typing where no cell opens: there is no search, the table may be huge, but the
     /// user is told why.
     void keyboardSearch(const QString& search) override;

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QPointer>
 
+#include <memory>
 #include <utility>
 
 namespace square {
@@ -57,6 +58,12 @@ QString numbered(const QString& prefix, int number)
     return QStringLiteral("%1 %2").arg(prefix, QString::number(number));
 }
 
+void setPrecisions(grid::TNTabEd& table, int decimals)
+{
+    for (int column = 1; column <= table.NrOfColumns(); ++column)
+        table.setPrecision(column, decimals);
+}
+
 } // namespace
 
 TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* parent)
@@ -66,10 +73,12 @@ TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* pa
 {
     createControls();
     createMenu();
+    createShortcuts();
     connectControls();
 
     const bool openOnCreate = std::exchange(m_handOff.openOnCreate, false);
     FormCreate(openOnCreate);
+    m_datos->clearHistory();
     // Without a file the editor goes again, and the keyboard stays where it was.
     if (m_handOff.fileOpened)
         m_datos->setFocus();
@@ -78,7 +87,7 @@ TEditor::TEditor(window::HandOff& handOff, window::Dialogs& dialogs, QWidget* pa
 void TEditor::FormCreate(bool openFile)
 {
     if (openFile) {
-        m_saved = true; // unless a file is loaded there is nothing here to ask about
+        m_file.saved = true; // unless a file is loaded there is nothing here to ask about
         loadFile();
         return;
     }
@@ -102,7 +111,7 @@ bool TEditor::mayClose()
 {
     if (!m_datos->commitEdit())
         return false;
-    if (m_saved)
+    if (m_file.saved)
         return true;
     emit frontRequested();
     switch (
@@ -132,7 +141,7 @@ void TEditor::GuardaryAnalizar1Click()
 {
     if (!m_datos->commitEdit() || !saveFile())
         return;
-    m_handOff.pendingFileName = m_fileName;
+    m_handOff.pendingFileName = m_file.name;
     m_handOff.fileOpened = false;
     const QPointer<TEditor> stillThere(this); // whoever answers may delete the editor
     emit analysisRequested();
@@ -143,7 +152,7 @@ void TEditor::GuardaryAnalizar1Click()
     if (!m_handOff.fileOpened)
         return;
     m_handedOver = true;
-    if (m_fileIsRounded) // the analysis has greeted its user since that was told
+    if (m_file.rounded) // the analysis has greeted its user since that was told
         tellFile();
     closeUnasked();
 }
@@ -159,23 +168,17 @@ void TEditor::NumTratamientosClick()
 
 void TEditor::NFilasChange()
 {
-    if (!takePrefix(*m_nFilas, m_rowPrefix))
-        return;
-    nameRows(*m_refTratamientos);
-    nameRows(*m_datos);
+    takePrefix(*m_nFilas, m_rowPrefix, RowPrefix, &TEditor::nameRows);
 }
 
 void TEditor::NColumnasChange()
 {
-    if (!takePrefix(*m_nColumnas, m_columnPrefix))
-        return;
-    nameColumns(*m_refTratamientos);
-    nameColumns(*m_datos);
+    takePrefix(*m_nColumnas, m_columnPrefix, ColumnPrefix, &TEditor::nameColumns);
 }
 
 void TEditor::DatosChange()
 {
-    m_saved = false;
+    m_file.saved = false;
 }
 
 void TEditor::aleatorizar()
@@ -200,35 +203,49 @@ bool TEditor::loadFile()
     if (!fileName)
         return false;
     base::Outcome<LoadedSquare> loaded = loadSquare(*fileName);
-    const QString problem =
-        loaded.value ? showLoaded(std::move(loaded.value->square)) : loaded.reason;
+    const QString problem = loaded.value
+                                ? showLoaded(std::move(loaded.value->square),
+                                             {*fileName, loaded.value->fingerprint, false, true})
+                                : loaded.reason;
     if (!problem.isEmpty()) {
         dialogs().showError(dialogParent(), problem, QStringLiteral("Abrir Archivo"));
         return false;
     }
     m_handOff.fileOpened = true;
-    rememberFile(*fileName, loaded.value->fingerprint, false);
-    FormActivate(); // the status line speaks of the new square
     return true;
 }
 
 /// Shows a square that was read, with its treatments beside it, all or nothing.
 /// @return what stood in the way
-QString TEditor::showLoaded(record::SquareData square)
+QString TEditor::showLoaded(record::SquareData square, const File& file)
 {
     const int order = square.NrOfColumns();
-    const int previousOrder = m_refTratamientos->NrOfColumns();
+    const Layout before = layoutNow();
+    const auto step = [this, other = std::make_shared<File>(file)](const Layout& wanted) {
+        return [this, other, wanted] {
+            exchangeFile(*other);
+            putAround(wanted);
+        };
+    };
     try {
         m_refTratamientos->resizeTable(order, order);
-        m_datos->setSquare(std::move(square));
+        setPrecisions(*m_refTratamientos, treatmentDecimals);
+        m_datos->exchangeSquare(std::move(square), {step(layoutNow()), step(before)});
     } catch (const grid::GridError& error) {
-        m_refTratamientos->resizeTable(previousOrder, previousOrder);
+        m_refTratamientos->setShape(before.treatments);
         return QString::fromUtf8(error.what());
     }
-    m_numTratamientos->setPosition(order);
-    setPrecisions();
-    aleatorizar();
     return {};
+}
+
+/// Another file in the place of this one.
+void TEditor::exchangeFile(File& other)
+{
+    std::swap(m_file, other);
+    // What was saved then may have been written over since.
+    m_file.saved = m_file.saved && !m_file.fingerprint.isEmpty() &&
+                   base::fingerprint(m_file.name) == m_file.fingerprint;
+    showFileName();
 }
 
 /// Writes the square to its file, or to one that the user is asked for. A file that holds it
@@ -237,23 +254,23 @@ QString TEditor::showLoaded(record::SquareData square)
 /// @return whether a file holds the square now
 bool TEditor::saveFile()
 {
-    const QByteArray onDisk = base::fingerprint(m_fileName);
-    const bool canCompare = !onDisk.isEmpty() && !m_fileFingerprint.isEmpty();
-    if (m_saved && canCompare && onDisk == m_fileFingerprint) {
+    const QByteArray onDisk = base::fingerprint(m_file.name);
+    const bool canCompare = !onDisk.isEmpty() && !m_file.fingerprint.isEmpty();
+    if (m_file.saved && canCompare && onDisk == m_file.fingerprint) {
         tellFile();
         return true;
     }
-    QString known = m_fileName;
-    if (canCompare && onDisk != m_fileFingerprint) {
+    QString known = m_file.name;
+    if (canCompare && onDisk != m_file.fingerprint) {
         const window::Answer answer =
-            dialogs().askYesNo(this, changedElsewhere(m_fileName), plainCaption());
+            dialogs().askYesNo(this, changedElsewhere(m_file.name), plainCaption());
         if (answer == window::Answer::None)
             return false;
         if (answer == window::Answer::No)
             known.clear();
     }
     window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
-    request.fileName = m_fileName;
+    request.fileName = m_file.name;
     bool rounded = false;
     const auto write = [this, &rounded](const QString& chosen) {
         const base::Outcome<bool> written = Export(*m_datos, chosen);
@@ -263,39 +280,37 @@ bool TEditor::saveFile()
     const std::optional<QString> fileName = save(request, write, known);
     if (!fileName)
         return false;
-    rememberFile(*fileName, base::fingerprint(*fileName), rounded);
+    m_file = {*fileName, base::fingerprint(*fileName), rounded, true};
+    showFileName();
     if (rounded)
         tellFile();
     return true;
 }
 
-void TEditor::rememberFile(const QString& fileName, const QByteArray& fingerprint, bool rounded)
+void TEditor::showFileName()
 {
-    m_fileName = fileName;
-    m_fileFingerprint = fingerprint;
-    m_fileIsRounded = rounded;
-    setWindowTitle(window::fileCaption(plainCaption(), fileName));
-    m_saved = true;
+    setWindowTitle(m_file.name.isEmpty() ? plainCaption()
+                                         : window::fileCaption(plainCaption(), m_file.name));
 }
 
 /// Tells the user that the file holds the square.
 void TEditor::tellFile()
 {
-    tellSaved(savedNotice(m_fileIsRounded), m_fileName);
+    tellSaved(savedNotice(m_file.rounded), m_file.name);
 }
 
 /// A new order for both grids, with the headers named after the prefixes.
 void TEditor::setOrder(int order)
 {
-    m_refTratamientos->resizeTable(order, order);
-    m_datos->resizeTable(order, order);
-    m_saved = false;
-    setPrecisions();
+    const Layout before = layoutNow();
     for (grid::TNTabEd* const table : {m_refTratamientos, m_datos}) {
+        table->resizeTable(order, order);
         nameColumns(*table);
         nameRows(*table);
     }
-    aleatorizar();
+    setPrecisions(*m_refTratamientos, treatmentDecimals);
+    setPrecisions(*m_datos, observationDecimals);
+    keepChange(before, Alone);
 }
 
 /// The user brought a whole experiment into the grid: everything around it follows.
@@ -303,34 +318,66 @@ void TEditor::DatosResized(int columns)
 {
     m_refTratamientos->resizeTable(columns, columns);
     m_numTratamientos->setPosition(columns);
-    setPrecisions();
+    setPrecisions(*m_refTratamientos, treatmentDecimals);
+    setPrecisions(*m_datos, observationDecimals);
     nameColumns(*m_refTratamientos);
     nameRows(*m_refTratamientos);
     aleatorizar();
 }
 
-void TEditor::setPrecisions()
-{
-    for (int column = 1; column <= m_refTratamientos->NrOfColumns(); ++column) {
-        m_refTratamientos->setPrecision(column, treatmentDecimals);
-        m_datos->setPrecision(column, observationDecimals);
-    }
-}
-
-/// @return whether the user has changed the prefix
-bool TEditor::takePrefix(QLineEdit& edit, QString& prefix)
+/// What the user has made of a prefix, and of the names by it.
+void TEditor::takePrefix(QLineEdit& edit, QString& prefix, ChangeKind kind,
+                         void (TEditor::*name)(grid::TNTabEd&) const)
 {
     // A character that the edit refuses comes here too, without a change.
     if (edit.text() == prefix)
-        return false;
+        return;
     if (window::isAsking()) {
         edit.setText(prefix);
-        return false;
+        return;
     }
+    const Layout before = layoutNow();
     prefix = edit.text();
-    m_saved = false;
-    emit notice({});
-    return true;
+    for (grid::TNTabEd* const table : {m_refTratamientos, m_datos})
+        (this->*name)(*table);
+    keepChange(before, kind);
+}
+
+TEditor::Layout TEditor::layoutNow() const
+{
+    return {m_datos->shape(), m_refTratamientos->shape(), m_rowPrefix, m_columnPrefix};
+}
+
+/// Makes what stands around the observations follow their layout.
+void TEditor::putAround(const Layout& layout)
+{
+    m_refTratamientos->setShape(layout.treatments);
+    aleatorizar();
+    m_numTratamientos->setPosition(layout.treatments.columns);
+    m_rowPrefix = layout.rowPrefix;
+    m_columnPrefix = layout.columnPrefix;
+    for (const auto& [edit, prefix] :
+         {std::pair(m_nFilas, m_rowPrefix), std::pair(m_nColumnas, m_columnPrefix)}) {
+        if (edit->text() != prefix) // not while it is typed: the cursor would go to its end
+            edit->setText(prefix);
+    }
+    FormActivate(); // the status line speaks of the square that is there now
+}
+
+/// Makes a step of what has just been done to names and order.
+void TEditor::keepChange(const Layout& before, ChangeKind kind)
+{
+    m_file.saved = false;
+    const Layout after = layoutNow();
+    if (after == before)
+        return;
+    const auto step = [this](const Layout& wanted) {
+        return [this, wanted] {
+            m_file.saved = false;
+            putAround(wanted);
+        };
+    };
+    m_datos->keepShape(before.observations, {step(after), step(before)}, kind);
 }
 
 void TEditor::nameColumns(grid::TNTabEd& table) const

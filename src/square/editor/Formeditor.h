@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "grid/model/TableData.h"
 #include "window/ChildWindow.h"
 
 class QLineEdit;
@@ -11,9 +12,6 @@ class UpDown;
 namespace grid {
 class TNTabEd;
 }
-namespace record {
-class SquareData;
-}
 namespace window {
 struct HandOff;
 }
@@ -22,6 +20,9 @@ namespace square {
 
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
+///
+/// What the user does to the square can be undone step by step, a load, a change of the order and a
+/// new name included: with the grids, names, order, file and caption come back.
 ///
 /// Every command first takes over the cell that is being edited, and does nothing when its text is
 /// refused; nothing changes the square while a question is open. A file that holds what the editor
@@ -43,9 +44,9 @@ public:
     bool mayClose() override;
 
     /// Whether the grids hold nothing unsaved. False for a new square, though nothing was typed.
-    bool Saved() const { return m_saved; }
+    bool Saved() const { return m_file.saved; }
     /// The file last loaded or saved; empty for a new square.
-    const QString& FileName() const { return m_fileName; }
+    const QString& FileName() const { return m_file.name; }
 
     QSize sizeHint() const override;
 
@@ -70,26 +71,52 @@ signals:
     void analysisRequested();
 
 private:
+    /// The file last loaded or saved, and how it stands to the square.
+    struct File {
+        QString name;
+        QByteArray fingerprint; ///< As it was last loaded or saved.
+        bool rounded = false;   ///< It has fewer digits than the grid had as it was saved.
+        bool saved = false;     ///< It holds what the grids show.
+    };
+
+    /// Order and names, and what they are made of.
+    struct Layout {
+        grid::TableShape observations;
+        grid::TableShape treatments;
+        QString rowPrefix;
+        QString columnPrefix;
+
+        bool operator==(const Layout&) const = default;
+    };
+
+    /// Changes that become one step where they come in a row, as a name is typed.
+    enum ChangeKind { Alone, RowPrefix, ColumnPrefix };
+
     void createControls();
     QWidget* createOptions();
     QWidget* createPanes();
     void createMenu();
+    void createShortcuts();
     void connectControls();
 
     void FormCreate(bool openFile);
 
     bool loadFile();
     bool saveFile();
-    QString showLoaded(record::SquareData square);
-    void rememberFile(const QString& fileName, const QByteArray& fingerprint, bool rounded);
+    QString showLoaded(record::SquareData square, const File& file);
+    void exchangeFile(File& other);
+    void showFileName();
     void tellFile();
     void setOrder(int order);
     void DatosResized(int columns);
-    bool takePrefix(QLineEdit& edit, QString& prefix);
+    void takePrefix(QLineEdit& edit, QString& prefix, ChangeKind kind,
+                    void (TEditor::*name)(grid::TNTabEd&) const);
     void nameColumns(grid::TNTabEd& table) const;
     void nameRows(grid::TNTabEd& table) const;
-    void setPrecisions();
     QString treatmentTip(int column, int row) const;
+    Layout layoutNow() const;
+    void putAround(const Layout& layout);
+    void keepChange(const Layout& before, ChangeKind kind);
     QWidget* dialogParent();
 
     window::HandOff& m_handOff;
@@ -100,10 +127,7 @@ private:
     grid::TNTabEd* m_refTratamientos = nullptr;
     QString m_rowPrefix;    ///< Of the names that the rows have now.
     QString m_columnPrefix; ///< Of the names that the columns have now.
-    QString m_fileName;
-    QByteArray m_fileFingerprint; ///< Of the file as it was last loaded or saved.
-    bool m_fileIsRounded = false; ///< It has fewer digits than the grid had as it was saved.
-    bool m_saved = false;
+    File m_file;
     bool m_handedOver = false; ///< "Guardar y Analizar" has left the file to an analysis window.
 };
 

@@ -14,9 +14,11 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -37,9 +39,26 @@ constexpr int treatmentWidth = 32; // pixels
 constexpr int dataShare = 3; // of the window's width, in fifths
 constexpr int paneShares = 5;
 
+/// An edit whose changes are undone and redone with all others of the editor.
+class PrefixEdit : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::ShortcutOverride)
+            return QLineEdit::event(event);
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool isEditors = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
+        event->setAccepted(false);
+        return isEditors || QLineEdit::event(event);
+    }
+};
+
 QLineEdit* prefixEdit(const QString& name, const QString& text, const QString& accessibleName)
 {
-    auto* edit = controls::named(new QLineEdit(text), name, accessibleName);
+    auto* edit = controls::named(new PrefixEdit(text), name, accessibleName);
     edit->setMaxLength(longestPrefix);
     edit->setValidator(new PrefixValidator(edit));
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 10);
@@ -177,6 +196,22 @@ void TEditor::createMenu()
               QStringLiteral("Guarda el cuadrado y abre su análisis en lugar del editor"),
               Picture::SaveAndAnalyse},
              this, &TEditor::GuardaryAnalizar1Click);
+}
+
+/// Undoing and redoing wherever in the editor the keyboard is; the table has the same keys itself.
+void TEditor::createShortcuts()
+{
+    const auto add = [this](const QList<QKeySequence>& keys, void (grid::TNTabEd::*step)()) {
+        auto* shortcut = new QShortcut(this);
+        shortcut->setKeys(keys);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, m_datos, step);
+    };
+    add(QKeySequence::keyBindings(QKeySequence::Undo), &grid::TNTabEd::undo);
+    QList<QKeySequence> redo = QKeySequence::keyBindings(QKeySequence::Redo);
+    if (const QKeySequence second(Qt::CTRL | Qt::Key_Y); !redo.contains(second))
+        redo << second;
+    add(redo, &grid::TNTabEd::redo);
 }
 
 void TEditor::connectControls()
