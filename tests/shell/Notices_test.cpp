@@ -3,6 +3,7 @@
 #include "shell/PrincipalFixture.h"
 
 #include "support/CellTyping.h"
+#include "support/UserLocale.h"
 
 #include <QClipboard>
 #include <QRadioButton>
@@ -13,6 +14,8 @@
 namespace {
 
 class Notices : public Principal {
+    UserLocale m_spanish{"es_ES"};
+
 protected:
     QWidget& child() { return *area().activeSubWindow()->widget(); }
     QTableView& table(const char* name)
@@ -165,6 +168,33 @@ TEST_F(Notices, AnUndoneChangeIsOldNewsWithTheNextOne)
     EXPECT_EQ(status(), QStringLiteral("Se deshizo el último cambio de la tabla."));
     enter(1, 1, "6");
     EXPECT_EQ(status(), greeting());
+}
+
+TEST_F(Notices, ANumberThatMayHaveBeenMeantInThousandsIsToldAsItWasRead)
+{
+    frame.NuevoArchivo1Click();
+    enter(1, 1, "1.250");
+    EXPECT_EQ(status(), QStringLiteral("«1.250» se leyó como 1,25"));
+    EXPECT_EQ(table("Datos").model()->index(0, 0).data().toString(), QStringLiteral("1,250"));
+    enter(1, 1, "1.5");
+    EXPECT_EQ(status(), greeting());
+
+    // Told also where the user clicks elsewhere, and where nothing changes.
+    typeIntoCell(table("Datos"), 2, 2, QStringLiteral("1.500"));
+    table("RefTratamientos").setFocus();
+    EXPECT_EQ(status(), QStringLiteral("«1.500» se leyó como 1,5"));
+    table("Datos").setFocus();
+    enter(2, 2, "1.500");
+    EXPECT_EQ(status(), QStringLiteral("«1.500» se leyó como 1,5"));
+
+    table("Datos").setCurrentIndex(table("Datos").model()->index(0, 0));
+    QGuiApplication::clipboard()->setText(QStringLiteral("2,5\t1.125\n3.875\t4"));
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(status(), QStringLiteral("«1.125» se leyó como 1,125 (el primero de 2 números así)"));
+
+    openAnalysis();
+    enter(1, 1, "2.750");
+    EXPECT_EQ(status(), QStringLiteral("«2.750» se leyó como 2,75"));
 }
 
 TEST_F(Notices, WhoPastesOrClearsWhereNothingCanBeChangedIsTold)

@@ -3,6 +3,7 @@
 #include "shell/PrincipalFixture.h"
 
 #include "support/CellTyping.h"
+#include "support/UserLocale.h"
 
 #include <QFile>
 #include <QLineEdit>
@@ -17,6 +18,8 @@
 namespace {
 
 class Undo : public Principal {
+    UserLocale m_spanish{"es_ES"};
+
 protected:
     QWidget& child() { return *area().activeSubWindow()->widget(); }
     template <typename Control>

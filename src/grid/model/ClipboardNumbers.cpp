@@ -111,6 +111,7 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
                 return Result::refused(number.reason + QLatin1Char(' ') + adviceOn(field, cell));
             }
             block.values.push_back(*number.value);
+            block.foreignMarks.look(fields[i], *number.value);
         }
     }
     return table.unclearNumbers ? Result::refused(base::unclearCommas())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ForeignMarks.h"
 #include "base/Outcome.h"
 #include "grid/model/CellRange.h"
 #include "record/SquareData.h"
@@ -17,6 +18,7 @@ struct NumberBlock {
     int columns = 0;
     int rows = 0;
     std::vector<double> values;
+    base::ForeignMarks foreignMarks; ///< Of the texts that were read.
 };
 
 /// Cells as text for the clipboard: the columns of a row separated by tabs, the rows by line feeds.

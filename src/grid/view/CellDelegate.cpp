@@ -2,6 +2,7 @@
 #include "grid/view/CellDelegate.h"
 
 #include "base/FieldLines.h"
+#include "base/ForeignMarks.h"
 #include "base/NumberText.h"
 #include "grid/model/TableModel.h"
 #include "window/Dialogs.h"
@@ -141,6 +142,10 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
     const base::Outcome<double> number = base::readTypedNumber(text);
     if (number.value) {
         emit entered(index.column() + 1, index.row() + 1, *number.value);
+        base::ForeignMarks marks;
+        marks.look(text, *number.value);
+        if (const QString told = marks.notice(); !told.isEmpty())
+            emit notice(told);
         return;
     }
     const QString refusal = base::readTypedNumber(base::shortened(text)).reason +

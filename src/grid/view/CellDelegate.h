@@ -46,6 +46,8 @@ public:
 signals:
     /// The user gave a cell another number.
     void entered(int column, int row, double value) const;
+    /// How a number was read that its writer may have meant otherwise, for a status line.
+    void notice(const QString& text) const;
     /// The user left a cell by a key, its text taken over.
     void left(grid::CursorStep step);
 

@@ -56,6 +56,7 @@ GridCommands::GridCommands(TableModel& model, EditHistory& history, CellDelegate
     connect(&cells, &CellDelegate::entered, this, [this](int column, int row, double value) {
         attempt([&] { m_history.setValue(column, row, value); });
     });
+    connect(&cells, &CellDelegate::notice, this, &GridCommands::notice);
     connect(&history, &EditHistory::stepped, this,
             [this](const CellRange& place) { select(m_view, place); });
 }
@@ -149,6 +150,8 @@ void GridCommands::paste()
         return;
     }
     m_history.paste(*read.value, place.column, place.row);
+    if (const QString told = read.value->foreignMarks.notice(); !told.isEmpty())
+        emit notice(told);
     select(m_view, {place.column, place.row, read.value->columns, read.value->rows});
 }
 
