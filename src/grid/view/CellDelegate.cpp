@@ -13,14 +13,17 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QStyle>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace grid {
 
 namespace {
 
+constexpr int numberMargin = 3;  // pixels left and right of a number
 constexpr int editorMargin = 12; // pixels left and right of the text, together
 
 /// The step by which a key leaves an open cell; nothing for keys that edit it.
@@ -86,9 +89,18 @@ bool CellDelegate::accept()
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const
 {
-    QStyleOptionViewItem plain = option;
-    plain.state &= ~QStyle::State_HasFocus;
-    QStyledItemDelegate::paint(painter, plain, index);
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    cell.state &= ~QStyle::State_HasFocus;
+    const QString number = std::exchange(cell.text, QString());
+    const QStyle& style = *m_view->style();
+    style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, m_view);
+    // As a header draws a name, and as high as the row with its line: both stand on one line.
+    const QRect place = cell.rect.adjusted(numberMargin, 0, -numberMargin, 1);
+    painter->setFont(cell.font);
+    style.drawItemText(painter, place, static_cast<int>(cell.displayAlignment), cell.palette, true,
+                       cell.fontMetrics.elidedText(number, cell.textElideMode, place.width()),
+                       QPalette::Text);
     if (!(option.state & QStyle::State_HasFocus))
         return;
     // The cursor: a frame that stands out on selected and other cells alike.

@@ -114,6 +114,7 @@ void TNTabEd::connectParts()
     connect(m_widths, &ColumnWidths::fitted, this, [this] {
         updateGeometries();
         viewport()->update();
+        emit WidthChanged();
     });
     connect(m_model, &TableModel::modelReset, this,
             [this] { setCurrentIndex(readOnly() ? QModelIndex() : m_model->index(0, 0)); });

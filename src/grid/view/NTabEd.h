@@ -157,6 +157,8 @@ signals:
     void TableResized(int columns, int rows);
     /// The user changed the table, be it only its marks and precisions. Comes before all others.
     void Edited();
+    /// wholeSize() may have another width.
+    void WidthChanged();
     /// A short message for a status line.
     void Notice(const QString& text);
 

@@ -18,6 +18,8 @@ struct HandOff;
 
 namespace square {
 
+class TablePanes;
+
 /// The data editor: the observations of one square, next to them the treatment of each cell, and
 /// the file that they are saved in and loaded from.
 ///
@@ -125,6 +127,7 @@ private:
     QLineEdit* m_nColumnas = nullptr;
     grid::TNTabEd* m_datos = nullptr;
     grid::TNTabEd* m_refTratamientos = nullptr;
+    TablePanes* m_panes = nullptr;
     QString m_rowPrefix;    ///< Of the names that the rows have now.
     QString m_columnPrefix; ///< Of the names that the columns have now.
     File m_file;

@@ -7,6 +7,7 @@
 #include "grid/view/NTabEd.h"
 #include "record/SquareData.h"
 #include "square/editor/PrefixValidator.h"
+#include "square/editor/TablePanes.h"
 #include "square/extraction/ExtractionAnswer.h"
 #include "square/extraction/TreatmentKey.h"
 #include "window/Command.h"
@@ -19,7 +20,6 @@
 #include <QMenu>
 #include <QScreen>
 #include <QShortcut>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -35,9 +35,6 @@ constexpr int highestOrder = 6;
 constexpr int longestPrefix = record::longestName - 4;
 
 constexpr int treatmentWidth = 32; // pixels
-
-constexpr int dataShare = 3; // of the window's width, in fifths
-constexpr int paneShares = 5;
 
 /// An edit whose changes are undone and redone with all others of the editor.
 class PrefixEdit : public QLineEdit {
@@ -74,30 +71,16 @@ QString orderAdvice(int columns, int rows)
                                  : QString();
 }
 
-QWidget* paneOf(grid::TNTabEd* table, const QString& title)
-{
-    auto* pane = new QWidget;
-    auto* layout = new QVBoxLayout(pane);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(controls::labelOf(table, title));
-    layout->addWidget(table, 1);
-    return pane;
-}
-
 } // namespace
 
 /// Both tables whole, as far as the screen has room for them.
 QSize TEditor::sizeHint() const
 {
     constexpr QSize least(640, 400);
-    const QSize most = screen()->availableSize() * 0.85;
+    const QSize most = screen()->availableSize() * 0.9;
     constexpr int optionsHeight = 110;
     constexpr int around = 60; // pixels for margins, the divider and a scroll bar
-    const QSize observations = m_datos->wholeSize();
-    const QSize treatments = m_refTratamientos->wholeSize();
-    const int width = std::max(observations.width() * paneShares / dataShare,
-                               treatments.width() * paneShares / (paneShares - dataShare));
-    const QSize wanted(width + around, observations.height() + optionsHeight + around);
+    const QSize wanted = m_panes->wholeSize() + QSize(around, optionsHeight + around);
     return wanted.boundedTo(most).expandedTo(least);
 }
 
@@ -155,14 +138,10 @@ QWidget* TEditor::createPanes()
     m_refTratamientos->setCellTip(
         [this](int column, int row) { return treatmentTip(column, row); });
 
-    auto* splitter = controls::named(new QSplitter(Qt::Horizontal), QStringLiteral("Splitter1"),
-                                     QStringLiteral("Datos y tratamientos"));
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(paneOf(m_datos, QStringLiteral("DATOS")));
-    splitter->addWidget(paneOf(m_refTratamientos, QStringLiteral("REFERENCIA: TRATAMIENTOS")));
-    splitter->setStretchFactor(0, dataShare);
-    splitter->setStretchFactor(1, paneShares - dataShare);
-    return splitter;
+    m_panes = controls::named(new TablePanes(*m_datos, QStringLiteral("DATOS"), *m_refTratamientos,
+                                             QStringLiteral("REFERENCIA: TRATAMIENTOS")),
+                              QStringLiteral("Splitter1"), QStringLiteral("Datos y tratamientos"));
+    return m_panes;
 }
 
 /// "1 = A" for a cell of the reference, where the treatments have names.

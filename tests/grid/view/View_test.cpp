@@ -13,6 +13,17 @@ namespace {
 
 class View : public GridFixture {};
 
+/// The lowest line of a picture on which something stands, from its top; a frame is left out.
+int lowestInk(const QPixmap& picture, const QRect& place)
+{
+    const QImage image = picture.copy(place.adjusted(3, 3, -3, -3)).toImage();
+    for (int y = image.height() - 1; y >= 0; --y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128)
+                return y;
+    return -1;
+}
+
 } // namespace
 
 TEST_F(View, StartsAsTheFormsHaveIt)
@@ -288,4 +299,25 @@ TEST_F(View, APaletteOfADarkDesktopLeavesTheTableLight)
     EXPECT_EQ(table.palette().color(QPalette::Base), QColor(Qt::white));
     const QColor selection = table.palette().color(QPalette::Highlight);
     EXPECT_GT(selection.lightness(), 200);
+}
+
+TEST_F(View, ANumberStandsOnOneLineWithTheNameOfItsRow)
+{
+    for (const int points : {8, 9, 10, 11, 12, 15, 20}) {
+        QFont font = table.font();
+        font.setPointSize(points);
+        table.setFont(font);
+        for (const int row : {1, 2}) { // that of the cursor and another
+            table.setRowName(row, QStringLiteral("1"));
+            table.setPrecision(1, 0);
+            table.setValue(1, row, 1);
+            QApplication::processEvents();
+            const QRect cell = table.visualRect(indexOf(1, row));
+            const QRect name(0, cell.top(), table.verticalHeader()->width(), cell.height());
+            const int number = lowestInk(table.viewport()->grab(), cell);
+            EXPECT_GT(number, 0);
+            EXPECT_EQ(number, lowestInk(table.verticalHeader()->viewport()->grab(), name))
+                << points << " points, row " << row;
+        }
+    }
 }

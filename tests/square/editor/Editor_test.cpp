@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
@@ -397,6 +398,59 @@ TEST_F(Editor, MessagesOfTheGridsReachTheStatusLine)
     open();
     emit datos().Notice(utf8("copiado"));
     EXPECT_EQ(m_notices, QStringList(utf8("copiado")));
+}
+
+// ---- Room --------------------------------------------------------------------------------------
+
+TEST_F(Editor, TheDataGetTheRoomThatTheTreatmentsCanSpare)
+{
+    openWith(ofOrder5());
+    const auto isCut = [](const grid::TNTabEd& table) {
+        return table.horizontalScrollBar()->maximum() > 0;
+    };
+    const auto resizeTo = [this](int width) {
+        m_host->resize(width, 500);
+        QApplication::processEvents();
+    };
+    const int both = datos().wholeSize().width() + reference().wholeSize().width();
+    resizeTo(both + 60);
+    EXPECT_FALSE(isCut(datos()));
+    EXPECT_FALSE(isCut(reference()));
+
+    QFont large = datos().font();
+    large.setPointSize(15);
+    datos().setFont(large);
+    reference().setFont(large);
+    resizeTo(datos().wholeSize().width() + reference().wholeSize().width() * 3 / 4);
+    EXPECT_FALSE(isCut(datos())); // the data come first
+    EXPECT_TRUE(isCut(reference()));
+    resizeTo(2 * both);
+    EXPECT_NEAR(datos().width(), 1.5 * reference().width(), 10);
+
+    // A longer name or number takes what it needs at once.
+    resizeTo(datos().wholeSize().width() * 5 / 3 + 40);
+    ASSERT_FALSE(isCut(datos()));
+    enterIntoCell(1, 1, "12345678901234");
+    EXPECT_FALSE(isCut(datos()));
+    clickUp();
+    QApplication::processEvents();
+    EXPECT_FALSE(isCut(datos()));
+}
+
+TEST_F(Editor, WhereTheUserHasDrawnTheDividerItStays)
+{
+    openWith(ofOrder5());
+    m_host->resize(1000, 500);
+    QApplication::processEvents();
+    auto& panes = *m_editor->findChild<QSplitter*>(QStringLiteral("Splitter1"));
+    QWidget& divider = *panes.handle(1);
+    const QPoint at = divider.rect().center();
+    QTest::mousePress(&divider, Qt::LeftButton, {}, at);
+    QTest::mouseMove(&divider, at - QPoint(150, 0));
+    QTest::mouseRelease(&divider, Qt::LeftButton, {}, at - QPoint(150, 0));
+    const QList<int> drawn = panes.sizes();
+    enterIntoCell(1, 1, "12345678901234");
+    EXPECT_EQ(panes.sizes(), drawn);
 }
 
 // ---- Focus -------------------------------------------------------------------------------------
