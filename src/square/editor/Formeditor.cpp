@@ -225,6 +225,7 @@ QString TEditor::showLoaded(record::SquareData square, const File& file)
         return [this, other, wanted] {
             exchangeFile(*other);
             putAround(wanted);
+            aleatorizar();
         };
     };
     try {
@@ -310,7 +311,7 @@ void TEditor::setOrder(int order)
     }
     setPrecisions(*m_refTratamientos, treatmentDecimals);
     setPrecisions(*m_datos, observationDecimals);
-    keepChange(before, Alone);
+    keepChange(before, Order);
 }
 
 /// The user brought a whole experiment into the grid: everything around it follows.
@@ -348,11 +349,10 @@ TEditor::Layout TEditor::layoutNow() const
     return {m_datos->shape(), m_refTratamientos->shape(), m_rowPrefix, m_columnPrefix};
 }
 
-/// Makes what stands around the observations follow their layout.
+/// Makes what stands around the observations follow their layout, but for the treatments' values.
 void TEditor::putAround(const Layout& layout)
 {
     m_refTratamientos->setShape(layout.treatments);
-    aleatorizar();
     m_numTratamientos->setPosition(layout.treatments.columns);
     m_rowPrefix = layout.rowPrefix;
     m_columnPrefix = layout.columnPrefix;
@@ -371,10 +371,12 @@ void TEditor::keepChange(const Layout& before, ChangeKind kind)
     const Layout after = layoutNow();
     if (after == before)
         return;
-    const auto step = [this](const Layout& wanted) {
-        return [this, wanted] {
+    const auto step = [this, isOrder = kind == Order](const Layout& wanted) {
+        return [this, isOrder, wanted] {
             m_file.saved = false;
             putAround(wanted);
+            if (isOrder)
+                aleatorizar();
         };
     };
     m_datos->keepShape(before.observations, {step(after), step(before)}, kind);

@@ -91,8 +91,8 @@ private:
         bool operator==(const Layout&) const = default;
     };
 
-    /// Changes that become one step where they come in a row, as a name is typed.
-    enum ChangeKind { Alone, RowPrefix, ColumnPrefix };
+    /// Of the changes of a prefix, made letter by letter, those in a row become one step.
+    enum ChangeKind { Order, RowPrefix, ColumnPrefix };
 
     void createControls();
     QWidget* createOptions();
