@@ -66,11 +66,9 @@ void TablePanes::share()
     const int all = width() - handleWidth();
     const int usual = all * usualTreatmentShares / shares;
     const int spare = all - m_observations.wholeSize().width();
-    int treatments = usual;
-    if (spare < usual)
-        treatments = std::max(spare, all * leastTreatmentShares / shares);
-    else
-        treatments = std::clamp(m_treatments.wholeSize().width(), usual, spare);
+    const int treatments = spare < usual
+                               ? std::max(spare, all * leastTreatmentShares / shares)
+                               : std::clamp(m_treatments.wholeSize().width(), usual, spare);
     setSizes({all - treatments, treatments});
 }
 
