@@ -2,7 +2,6 @@
 #include "shell/Application.h"
 
 #include "shell/PartNames.h"
-#include "shell/SpanishTexts.h"
 #include "window/Dialogs.h"
 #include "window/OpenQuestion.h"
 
@@ -38,7 +37,7 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
     // Qt's file dialog would keep its last folder in a settings file; below a device no file can be
     // made, so nothing is kept.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-    loadSpanishTexts(m_spanish, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    m_spanish.loadFrom(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     installTranslator(&m_spanish);
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "shell/LateActivation.h"
+#include "shell/SpanishTexts.h"
 
 #include <QApplication>
-#include <QTranslator>
 
 namespace window {
 class Dialogs;
@@ -26,7 +26,7 @@ public:
 
 private:
     window::Dialogs& m_dialogs;
-    QTranslator m_spanish;
+    SpanishTexts m_spanish;
     LateActivation m_lateActivation;
 };
 

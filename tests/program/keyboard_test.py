@@ -91,7 +91,7 @@ class Keyboard(ProgramTest):
 
     def test_tab_in_a_file_dialog(self):
         self.program.press("F2")
-        self.program.wait_for_focus("text «Nombre de fichero:»")
+        self.program.wait_for_focus("text «Nombre de archivo:»")
         self.program.type("zzz")  # a name that none in the folder completes
         places = f"combo box «{os.getcwd()}»"
         controls = (
@@ -105,7 +105,7 @@ class Keyboard(ProgramTest):
             "push button «Vista detallada»",
             "list «Barra lateral»",
             "tree «Archivos»",
-            "text «Nombre de fichero:»",
+            "text «Nombre de archivo:»",
         )
         walk(self.program, "Tab", *controls)
         walk(self.program, "shift+Tab", *controls[-2::-1])

@@ -197,11 +197,11 @@ class Names(ProgramTest):
     def test_menus_of_texts(self):
         program = self.program
         xdotool("mousemove", *self.middle(program.find("text", "Nombre de filas")), "click", 3)
-        self.check("menu of a line", ("popup menu", "Menú"), ("menu item", "Pegar\tControl+V"))
+        self.check("menu of a line", ("popup menu", "Menú"), ("menu item", "Pegar\tCtrl+V"))
         program.press("Escape")
         open_analysis(self.program)
         xdotool("mousemove", *self.middle(program.find("text", "Reporte")), "click", 3)
-        self.check("menu of the report", ("popup menu", "Menú"), ("menu item", "Copiar\tControl+C"))
+        self.check("menu of the report", ("popup menu", "Menú"), ("menu item", "Copiar\tCtrl+C"))
 
     @staticmethod
     def middle(control):

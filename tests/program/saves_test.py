@@ -19,7 +19,7 @@ from stranger import wait_for
 class Saves(DiskTest):
     def file_name(self, program):
         """What stands in the file dialog that is open."""
-        program.wait_for_focus("text «Nombre de fichero:»")
+        program.wait_for_focus("text «Nombre de archivo:»")
         return program.text(program.focus)
 
     def tell_error(self, program, reason):
@@ -118,7 +118,7 @@ class Saves(DiskTest):
                 self.assertIsNone(program.process.poll())
                 self.assertEqual(sorted(file.name for file in self.folder.iterdir()), sorted(names))
                 mend(program)
-                program.wait_for_focus("text «Nombre de fichero:»")
+                program.wait_for_focus("text «Nombre de archivo:»")
                 program.press("Return")
                 wait_for("the file", path.is_file)
                 names.append(name)

@@ -292,7 +292,7 @@ class Program:
 
     def answer_file_dialog(self, path):
         """Types a file name into the file dialog that is open and confirms it."""
-        self.wait_for_focus("text «Nombre de fichero:»")
+        self.wait_for_focus("text «Nombre de archivo:»")
         self.press("ctrl+a")
         self.type(str(path))
         self.press("Return")

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QInputDialog>
@@ -20,11 +21,14 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTranslator>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -51,7 +55,7 @@ class SpanishTexts : public testing::TestWithParam<const char*> {
 protected:
     SpanishTexts()
     {
-        shell::loadSpanishTexts(spanish, QString::fromUtf8(GetParam()));
+        spanish.loadFrom(QString::fromUtf8(GetParam()));
         qApp->installTranslator(&untranslated);
         qApp->installTranslator(&spanish); // asked first
     }
@@ -67,9 +71,64 @@ protected:
         return untranslated.texts.join(QLatin1Char('|')).toStdString();
     }
 
-    QTranslator spanish;
+    shell::SpanishTexts spanish;
     Untranslated untranslated;
 };
+
+/// A text that a catalogue translates: where it stands in Qt, and in which words.
+struct Source {
+    QByteArray context;
+    QByteArray text;
+    QByteArray comment;
+};
+
+quint32 numberAt(const QByteArray& bytes, qsizetype place)
+{
+    return qFromBigEndian<quint32>(bytes.constData() + place);
+}
+
+/// The section of a compiled catalogue that holds its messages: each is a row of tagged texts.
+QByteArray messagesOf(const QByteArray& catalogue)
+{
+    constexpr char messages = 0x69;
+    constexpr qsizetype magic = 16;
+    for (qsizetype place = magic; place + 5 <= catalogue.size();) {
+        const qsizetype size = numberAt(catalogue, place + 1);
+        if (catalogue[place] == messages)
+            return catalogue.mid(place + 5, size);
+        place += 5 + size;
+    }
+    return {};
+}
+
+std::vector<Source> sourcesOf(const QByteArray& catalogue)
+{
+    enum Tag : char { End = 1, Translation = 3, Obsolete = 5, Text = 6, Context = 7, Comment = 8 };
+    const QByteArray messages = messagesOf(catalogue);
+    std::vector<Source> sources;
+    Source source;
+    for (qsizetype place = 0; place < messages.size();) {
+        const char tag = messages[place++];
+        if (tag == End) {
+            sources.push_back(std::exchange(source, {}));
+            continue;
+        }
+        const quint32 written = numberAt(messages, place);
+        place += 4;
+        if (tag == Obsolete) // a number
+            continue;
+        const qsizetype size = written == 0xFFFFFFFF ? 0 : static_cast<qsizetype>(written);
+        const QByteArray value = messages.mid(place, size);
+        place += size;
+        if (tag == Text)
+            source.text = value;
+        else if (tag == Context)
+            source.context = value;
+        else if (tag == Comment)
+            source.comment = value;
+    }
+    return sources;
+}
 
 std::string textsOf(const QMenu& menu)
 {
@@ -87,6 +146,7 @@ TEST_P(SpanishTexts, FileDialog)
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("parcela")));
     QString kind;
     QString accept;
+    QStringList labels;
     QTimer::singleShot(200, qApp, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
@@ -95,6 +155,8 @@ TEST_P(SpanishTexts, FileDialog)
         const QModelIndex parcel = files->index(folder.filePath(QStringLiteral("parcela")));
         kind = parcel.siblingAtColumn(2).data().toString();
         accept = dialog->labelText(QFileDialog::Accept);
+        for (const QFileDialog::DialogLabel label : {QFileDialog::FileName, QFileDialog::FileType})
+            labels << dialog->labelText(label);
         dialog->reject();
     });
     window::FileRequest request;
@@ -103,6 +165,7 @@ TEST_P(SpanishTexts, FileDialog)
     EXPECT_EQ(window::QtDialogs().saveFileName(nullptr, request), std::nullopt);
     EXPECT_EQ(kind.toStdString(), "Carpeta");
     EXPECT_EQ(accept.toStdString(), "&Guardar");
+    EXPECT_EQ(labels.join(QLatin1Char('|')).toStdString(), "&Nombre de archivo:|Archivos de tipo:");
     EXPECT_EQ(leftInEnglish(), "");
 }
 
@@ -135,6 +198,39 @@ TEST_P(SpanishTexts, ContextAndSystemMenus)
         textsOf(*child->systemMenu()),
         "Restaurar|Mover|Redimensionar|Minimizar|Maximizar|Permanecer en primer plano||Cerrar");
     EXPECT_EQ(leftInEnglish(), "");
+}
+
+TEST_P(SpanishTexts, EveryTextOfTheCatalogueCallsAFileArchivoAndAFolderCarpeta)
+{
+    QFile file(spanish.filePath());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::vector<Source> sources = sourcesOf(file.readAll());
+    EXPECT_GT(sources.size(), 1000U);
+    int changed = 0;
+    const auto plain = [](QString text) { return text.remove(QLatin1Char('&')).toLower(); };
+    for (const auto& [context, text, comment] : sources) {
+        const QString theirs =
+            plain(spanish.QTranslator::translate(context, text, comment.constData(), -1));
+        const QString ours = plain(spanish.translate(context, text, comment.constData(), -1));
+        EXPECT_FALSE(ours.contains(QStringLiteral("fichero"))) << ours.toStdString();
+        EXPECT_FALSE(ours.contains(QStringLiteral("directorio"))) << ours.toStdString();
+        EXPECT_FALSE(ours.contains(QStringLiteral("el carpeta"))) << ours.toStdString();
+        EXPECT_FALSE(ours.contains(QStringLiteral("un carpeta"))) << ours.toStdString();
+        EXPECT_EQ(ours.isEmpty(), theirs.isEmpty());
+        changed += ours != theirs ? 1 : 0;
+    }
+    EXPECT_GT(changed, 20);
+}
+
+TEST_P(SpanishTexts, KeysAreNamedAsOnAKeyboard)
+{
+    const auto named = [](const QKeySequence& key) {
+        return key.toString(QKeySequence::NativeText).toStdString();
+    };
+    EXPECT_EQ(named(Qt::CTRL | Qt::Key_N), "Ctrl+N");
+    EXPECT_EQ(named(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), "Ctrl+Mayúsculas+Z");
+    EXPECT_EQ(named(Qt::Key_Delete), "Supr");
+    EXPECT_EQ(named(Qt::Key_Escape), "Esc");
 }
 
 INSTANTIATE_TEST_SUITE_P(FromTheSystemAndFromInside, SpanishTexts,

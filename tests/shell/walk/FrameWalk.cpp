@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/walk/FrameWalk.h"
 
-#include "shell/SpanishTexts.h"
 #include "shell/walk/Differences.h"
 
 #include <QAbstractScrollArea>
@@ -18,7 +17,7 @@ namespace walk {
 FrameWalk::FrameWalk(unsigned seed)
     : m_random(seed)
 {
-    shell::loadSpanishTexts(m_spanish, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    m_spanish.loadFrom(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     QApplication::installTranslator(&m_spanish);
     m_frame.showMaximized();
     m_frame.activateWindow();

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/SpanishTexts.h"
 #include "shell/walk/FrameHands.h"
 #include "shell/walk/FrameModel.h"
 
 #include "support/ScriptedDialogs.h"
 
 #include <QTemporaryDir>
-#include <QTranslator>
 
 #include <functional>
 #include <optional>
@@ -112,7 +112,7 @@ private:
     void readAndLeave(QMenu& menu);
 
     std::mt19937 m_random;
-    QTranslator m_spanish;
+    shell::SpanishTexts m_spanish;
     QTemporaryDir m_folder;
     ScriptedDialogs m_dialogs;
     shell::TPrincipal m_frame{m_dialogs};
