@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/Frmanalisis.h"
 
+#include "analysis/Tips.h"
 #include "controls/Memo.h"
 #include "controls/RadioGroup.h"
 #include "distribution/Frmgraf.h"
@@ -28,14 +29,6 @@ constexpr int decimalsShown = 3;
 QString invitation()
 {
     return QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
-}
-
-QStringList testCaptions(stats::Approach approach)
-{
-    QStringList captions;
-    for (const stats::TestKind kind : stats::testsOf(approach))
-        captions << stats::caption(kind);
-    return captions;
 }
 
 QString failureText(const std::exception& failure)
@@ -87,7 +80,13 @@ void TAnalisis::FormActivate()
 void TAnalisis::RadioGroup1Click()
 {
     const stats::Approach approach = selectedApproach();
-    m_tests->setItems(testCaptions(approach));
+    QStringList captions;
+    QStringList tips;
+    for (const stats::TestKind test : stats::testsOf(approach)) {
+        captions << stats::caption(test);
+        tips << tipOf(test);
+    }
+    m_tests->setItems(captions, tips);
     m_tests->setTitle(QStringLiteral("Prueba"));
     // Beyond the last item for "Rangos", whose last item is the one wanted.
     m_tests->setItemIndex(approach == stats::Approach::Ranks ? 2 : 0);

@@ -2,6 +2,7 @@
 // The second file of Frmanalisis: the form, its components, their names and where they stand.
 #include "analysis/Frmanalisis.h"
 
+#include "analysis/Tips.h"
 #include "controls/LevelBar.h"
 #include "controls/Memo.h"
 #include "controls/Named.h"
@@ -24,14 +25,6 @@
 namespace analysis {
 
 namespace {
-
-QStringList approachCaptions()
-{
-    QStringList captions;
-    for (const stats::Approach approach : stats::approaches())
-        captions << stats::caption(approach);
-    return captions;
-}
 
 int mostTests()
 {
@@ -149,7 +142,13 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     m_tests =
         new controls::RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
     connect(m_approaches, &controls::RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
-    m_approaches->setItems(approachCaptions());
+    QStringList captions;
+    QStringList tips;
+    for (const stats::Approach approach : stats::approaches()) {
+        captions << stats::caption(approach);
+        tips << tipOf(approach);
+    }
+    m_approaches->setItems(captions, tips);
     m_approaches->setItemIndex(0); // which offers its tests
     m_tests->reserve(mostTests());
 
@@ -158,6 +157,8 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     m_levelBar = controls::named(new controls::LevelBar(options), QStringLiteral("ScrollBar1"),
                                  QStringLiteral("Nivel de significancia, en porcentaje"));
     connect(m_levelBar, &QScrollBar::valueChanged, this, &TAnalisis::ScrollBar1Change);
+    m_level->setToolTip(tipOfLevel());
+    m_levelBar->setToolTip(tipOfLevel());
     m_levelBar->setRange(1, 99);
     m_levelBar->setValue(95); // which labels it
 

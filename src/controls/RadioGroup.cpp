@@ -27,7 +27,7 @@ RadioGroup::RadioGroup(const QString& name, const QString& caption, QWidget* par
     });
 }
 
-void RadioGroup::setItems(const QStringList& items)
+void RadioGroup::setItems(const QStringList& items, const QStringList& tips)
 {
     deselect();
     // Buttons are kept where they are: a new one goes to the end of the window's tab order, and
@@ -39,6 +39,7 @@ void RadioGroup::setItems(const QStringList& items)
     for (int index = 0; index < items.size(); ++index) {
         m_buttons->button(index)->setText(items[index]);
         m_buttons->button(index)->setAccessibleName(items[index]);
+        m_buttons->button(index)->setToolTip(tips.value(index));
     }
 }
 

@@ -17,8 +17,8 @@ public:
     /// The buttons take their object names from `name`.
     RadioGroup(const QString& name, const QString& caption, QWidget* parent = nullptr);
 
-    /// Replaces all items; none of the new ones is selected.
-    void setItems(const QStringList& items);
+    /// Replaces all items; none of the new ones is selected. Each may have a tool tip.
+    void setItems(const QStringList& items, const QStringList& tips = {});
     QStringList items() const;
 
     /// Keeps room for so many items, so that nothing around moves when there are more than now.

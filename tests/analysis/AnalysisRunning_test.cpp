@@ -81,6 +81,42 @@ TEST_F(AnalysisRunning, EachApproachOffersItsTests)
     EXPECT_TRUE(statusTexts.isEmpty());
 }
 
+TEST_F(AnalysisRunning, WhatCanBeChosenSaysWhatItAsksAndAssumes)
+{
+    openSquare(orderThree);
+    const auto expectTip = [](const QWidget& control) {
+        const QStringList lines = control.toolTip().split(QLatin1Char('\n'));
+        EXPECT_TRUE(lines.size() == 2 || lines.size() == 3) << control.toolTip().toStdString();
+        for (const QString& line : lines)
+            EXPECT_LE(line.size(), 100) << line.toStdString();
+    };
+    QStringList tips;
+    for (const int approach : {classical, ranks, sequences}) {
+        choose(approaches(), approach);
+        for (const auto* group : {&approaches(), &tests()}) {
+            for (const auto* button : group->findChildren<QRadioButton*>()) {
+                expectTip(*button);
+                tips << button->toolTip();
+            }
+        }
+    }
+    tips.removeDuplicates();
+    EXPECT_EQ(tips.size(), 3 + 5);
+    expectTip(level());
+    EXPECT_EQ(find<QLabel>("LabelConf")->toolTip(), level().toolTip());
+    EXPECT_TRUE(level().toolTip().startsWith(QStringLiteral("Alfa es")));
+}
+
+TEST_F(AnalysisRunning, BennettWarnsOfTiesBeforeItIsRun)
+{
+    openSquare(orderThree);
+    choose(approaches(), ranks);
+    const auto* bennett = find<QRadioButton>("RadioGroup2Item1");
+    EXPECT_TRUE(bennett->toolTip().contains(QStringLiteral("empates")));
+    run();
+    EXPECT_FALSE(report().toPlainText().contains(QStringLiteral("empate")));
+}
+
 TEST_F(AnalysisRunning, TheOffersOfAllApproachesFitTheirBox)
 {
     openSquare(orderThree);

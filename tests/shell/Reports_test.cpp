@@ -3,9 +3,12 @@
 #include "shell/PrincipalFixture.h"
 
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTest>
 #include <QToolButton>
+#include <QToolTip>
 
 namespace {
 
@@ -19,9 +22,15 @@ protected:
         frame.AnlisisdeDatos1Click();
     }
 
+    template <typename Control>
+    Control* child(const char* name)
+    {
+        return activeChild()->findChild<Control*>(QString::fromUtf8(name));
+    }
+
     QPlainTextEdit& focusedText(const char* name)
     {
-        auto* text = activeChild()->findChild<QPlainTextEdit*>(QString::fromUtf8(name));
+        auto* text = child<QPlainTextEdit>(name);
         text->setFocus();
         return *text;
     }
@@ -37,10 +46,22 @@ protected:
 
 } // namespace
 
+TEST_F(Reports, TheMouseOverATestTellsWhatItAsks)
+{
+    openAnalysis("orden3.asc");
+    QTest::mouseClick(child<QRadioButton>("RadioGroup1Item1"), Qt::LeftButton);
+    auto* bennett = child<QRadioButton>("RadioGroup2Item1");
+    QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), bennett->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(bennett, &help);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("empates")))
+        << QToolTip::text().toStdString();
+    QToolTip::hideText();
+}
+
 TEST_F(Reports, CtrlASelectsTheReportToBeCopied)
 {
     openAnalysis("orden3.asc");
-    activeChild()->findChild<QToolButton*>(QStringLiteral("SpeedButton1"))->click();
+    child<QToolButton>("SpeedButton1")->click();
     const QPlainTextEdit& report = focusedText("Reporte");
     EXPECT_TRUE(report.toPlainText().contains(QStringLiteral("Fuentes de")));
     EXPECT_EQ(copied(), report.toPlainText());
