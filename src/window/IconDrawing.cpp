@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the program, all of one family: outlines in the colour of the text on a ground of
-// the colour of paper, with three accents. Coordinates are units of a sixteenth of the side.
+// the colour of paper, with four accents. Coordinates are units of a sixteenth of the side.
 #include "window/IconDrawing.h"
 
 #include <QPalette>
@@ -13,6 +13,7 @@ namespace {
 constexpr QColor blue(0x37, 0x7f, 0xc8);
 constexpr QColor green(0x35, 0x8f, 0x4f);
 constexpr QColor amber(0xc0, 0x74, 0x1a);
+constexpr QColor red(0xdc, 0x4c, 0x46);
 
 struct Colors {
     QColor line;
@@ -185,6 +186,128 @@ void drawExit(PixelCanvas& canvas, const Colors& colors)
     canvas.shape({{12, 4}, {16, 8}, {12, 12}}, amber);
 }
 
+void drawError(PixelCanvas& canvas, const Colors& colors)
+{
+    canvas.disc({8, 8}, 7.5, red);
+    QPainterPath cross(QPointF(5.2, 5.2));
+    cross.lineTo(10.8, 10.8);
+    cross.moveTo(10.8, 5.2);
+    cross.lineTo(5.2, 10.8);
+    canvas.curve(cross, colors.paper, 1.8);
+}
+
+void drawWarning(PixelCanvas& canvas, const Colors& colors)
+{
+    canvas.shape({{8, 0.5}, {15.8, 15}, {0.2, 15}}, amber);
+    canvas.fill(7, 5, 2, 5, colors.paper);
+    canvas.disc({8, 12.3}, 1.2, colors.paper);
+}
+
+void drawQuestion(PixelCanvas& canvas, const Colors& colors)
+{
+    canvas.disc({8, 8}, 7.5, blue);
+    QPainterPath mark(QPointF(5.6, 6));
+    mark.cubicTo(5.6, 2.6, 10.6, 2.6, 10.6, 5.8);
+    mark.cubicTo(10.6, 7.8, 8, 7.6, 8, 9.8);
+    canvas.curve(mark, colors.paper, 1.7);
+    canvas.disc({8, 12.4}, 1.1, colors.paper);
+}
+
+void drawFolder(PixelCanvas& canvas, const Colors&)
+{
+    canvas.shape({{1, 2}, {6, 2}, {8, 4}, {15, 4}, {15, 14}, {1, 14}}, amber);
+    canvas.fill(1, 5, 14, 1, between(amber, Qt::white, 0.5));
+}
+
+void drawNewFolder(PixelCanvas& canvas, const Colors& colors)
+{
+    drawFolder(canvas, colors);
+    canvas.disc({11.5, 11.5}, 4.5, colors.paper);
+    canvas.disc({11.5, 11.5}, 4, green);
+    canvas.fill(9, 11, 5, 1, colors.paper);
+    canvas.fill(11, 9, 1, 5, colors.paper);
+}
+
+/// A page of text.
+void drawFile(PixelCanvas& canvas, const Colors& colors)
+{
+    drawPage(canvas, colors);
+    for (const int y : {4, 6, 8, 10})
+        canvas.fill(4, y, y == 10 ? 5 : 8, 1, colors.line);
+}
+
+void drawComputer(PixelCanvas& canvas, const Colors& colors)
+{
+    canvas.box(1, 2, 14, 10, blue, colors.line);
+    canvas.fill(7, 12, 2, 2, colors.line);
+    canvas.fill(4, 14, 8, 1, colors.line);
+}
+
+void drawBack(PixelCanvas& canvas, const Colors&)
+{
+    canvas.shape({{1, 8}, {8, 1.5}, {8, 5}, {15, 5}, {15, 11}, {8, 11}, {8, 14.5}}, blue);
+}
+
+void drawForward(PixelCanvas& canvas, const Colors&)
+{
+    canvas.shape({{15, 8}, {8, 1.5}, {8, 5}, {1, 5}, {1, 11}, {8, 11}, {8, 14.5}}, blue);
+}
+
+void drawUp(PixelCanvas& canvas, const Colors&)
+{
+    canvas.shape({{8, 1}, {14.5, 8}, {11, 8}, {11, 15}, {5, 15}, {5, 8}, {1.5, 8}}, blue);
+}
+
+/// Names in columns.
+void drawList(PixelCanvas& canvas, const Colors& colors)
+{
+    for (const int x : {1, 9})
+        for (const int y : {2, 7, 12}) {
+            canvas.fill(x, y, 2, 2, blue);
+            canvas.fill(x + 3, y, 3, 2, colors.line);
+        }
+}
+
+/// A name a line, with what is known of it.
+void drawDetails(PixelCanvas& canvas, const Colors& colors)
+{
+    for (const int y : {2, 7, 12}) {
+        canvas.fill(1, y, 2, 2, blue);
+        canvas.fill(4, y, 11, 2, colors.line);
+    }
+}
+
+void drawMinimise(PixelCanvas& canvas, const Colors& colors)
+{
+    canvas.fill(4, 10, 8, 2, colors.line);
+}
+
+void drawPane(PixelCanvas& canvas, const Colors& colors, qreal x, qreal y, qreal side)
+{
+    canvas.frame(x, y, side, side, colors.line);
+    canvas.fill(x, y, side, 2, colors.line);
+}
+
+void drawMaximise(PixelCanvas& canvas, const Colors& colors)
+{
+    drawPane(canvas, colors, 3, 3, 10);
+}
+
+void drawRestore(PixelCanvas& canvas, const Colors& colors)
+{
+    drawPane(canvas, colors, 6, 2, 8);
+    drawPane(canvas, colors, 2, 6, 8);
+}
+
+void drawClose(PixelCanvas& canvas, const Colors& colors)
+{
+    QPainterPath cross(QPointF(4, 4));
+    cross.lineTo(12, 12);
+    cross.moveTo(12, 4);
+    cross.lineTo(4, 12);
+    canvas.curve(cross, colors.line, 1.8);
+}
+
 } // namespace
 
 void drawPicture(PixelCanvas& canvas, Picture picture, const QPalette& palette)
@@ -221,6 +344,38 @@ void drawPicture(PixelCanvas& canvas, Picture picture, const QPalette& palette)
         return drawAbout(canvas, colors);
     case Picture::Exit:
         return drawExit(canvas, colors);
+    case Picture::Error:
+        return drawError(canvas, colors);
+    case Picture::Warning:
+        return drawWarning(canvas, colors);
+    case Picture::Question:
+        return drawQuestion(canvas, colors);
+    case Picture::Folder:
+        return drawFolder(canvas, colors);
+    case Picture::NewFolder:
+        return drawNewFolder(canvas, colors);
+    case Picture::File:
+        return drawFile(canvas, colors);
+    case Picture::Computer:
+        return drawComputer(canvas, colors);
+    case Picture::Back:
+        return drawBack(canvas, colors);
+    case Picture::Forward:
+        return drawForward(canvas, colors);
+    case Picture::Up:
+        return drawUp(canvas, colors);
+    case Picture::List:
+        return drawList(canvas, colors);
+    case Picture::Details:
+        return drawDetails(canvas, colors);
+    case Picture::Minimise:
+        return drawMinimise(canvas, colors);
+    case Picture::Maximise:
+        return drawMaximise(canvas, colors);
+    case Picture::Restore:
+        return drawRestore(canvas, colors);
+    case Picture::Close:
+        return drawClose(canvas, colors);
     }
 }
 

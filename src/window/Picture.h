@@ -3,7 +3,8 @@
 
 namespace window {
 
-/// The pictures of the program's commands and windows.
+/// The pictures of the program's commands and windows, of message boxes, of file dialogs and of the
+/// buttons in title bars.
 enum class Picture {
     Program,
     Editor,
@@ -20,6 +21,22 @@ enum class Picture {
     Tile,
     About,
     Exit,
+    Error,
+    Warning,
+    Question,
+    Folder,
+    NewFolder,
+    File,
+    Computer,
+    Back,
+    Forward,
+    Up,
+    List,
+    Details,
+    Minimise,
+    Maximise,
+    Restore,
+    Close,
 };
 
 } // namespace window

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int pictureCount = static_cast<int>(window::Picture::Exit) + 1;
+constexpr int pictureCount = static_cast<int>(window::Picture::Close) + 1;
 constexpr std::array sizes{16, 24, 48};
 
 /// What the eye needs to tell a picture's lines from the ground: a contrast of 3 to 1 (Web Content
