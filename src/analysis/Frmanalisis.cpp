@@ -31,6 +31,11 @@ QString invitation()
     return QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
 }
 
+QString completion()
+{
+    return QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
+}
+
 QString failureText(const std::exception& failure)
 {
     const QString reason = dynamic_cast<const std::bad_alloc*>(&failure)
@@ -73,8 +78,8 @@ QSize TAnalisis::sizeHint() const
 
 void TAnalisis::FormActivate()
 {
-    const QString notice = square::shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
-    emit statusText(notice.isEmpty() ? invitation() : notice);
+    const QString shape = square::shapeNotice(m_datos->NrOfColumns(), m_datos->NrOfRows());
+    emit statusText(!m_stale.isEmpty() ? m_stale : !shape.isEmpty() ? shape : invitation());
 }
 
 void TAnalisis::RadioGroup1Click()
@@ -100,6 +105,15 @@ void TAnalisis::ScrollBar1Change()
     m_alpha = (100 - percent) / 100.0;
     m_level->setText(QStringLiteral("Nivel de Significancia: %1%").arg(percent));
     m_level->setAccessibleName(m_level->text());
+    tellWhetherStale();
+}
+
+void TAnalisis::DatosChange()
+{
+    tellWhetherStale();
+    if (!std::exchange(m_wasEdited, true))
+        emit notice(
+            QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo."));
 }
 
 void TAnalisis::SpeedButton1Click()
@@ -108,23 +122,26 @@ void TAnalisis::SpeedButton1Click()
         return;
     emit statusText(QStringLiteral("Analizando, Espere..."));
     m_report->clear();
+    m_reported.reset();
+    m_stale.clear();
     // Until a test has handed over a whole distribution there is none to see.
     m_ve->setEnabled(false);
     try {
-        const stats::TestKind test = selectedTest();
+        ReportBasis asked = basis();
+        const stats::TestKind test = asked.test;
         const stats::TestReport report =
-            m_runTest(test, observations(), m_datos->NrOfColumns(), m_alpha);
+            m_runTest(test, asked.observations, m_datos->NrOfColumns(), asked.alpha);
         if (test == stats::TestKind::C || test == stats::TestKind::M)
             keepExact(report,
                       test == stats::TestKind::C ? QStringLiteral("c") : QStringLiteral("m"));
         m_report->setPlainText(report.lines.join(QLatin1Char('\n')));
+        m_reported = std::move(asked);
     } catch (const std::exception& failure) {
         emit statusText(invitation());
         dialogs().showError(this, failureText(failure), plainCaption());
         return;
     }
-    emit statusText(
-        QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados."));
+    emit statusText(completion());
 }
 
 void TAnalisis::veClick()
@@ -142,9 +159,22 @@ void TAnalisis::Exportar1Click()
     window::FileRequest request{QStringLiteral("Exportar"), QStringLiteral("reporte.txt"),
                                 QStringLiteral("txt"),
                                 QStringLiteral("Archivo de Texto (*.txt)|*.txt")};
-    request.savedNotice = QStringLiteral("Exportado: %1");
+    request.savedNotice = m_stale.isEmpty()
+                              ? QStringLiteral("Exportado: %1")
+                              : QStringLiteral("Exportado el reporte de antes del cambio: %1");
     // A report that a failed analysis has cleared has no lines.
     saveLines(request, m_report->document()->isEmpty() ? QStringList() : m_report->lines());
+}
+
+void TAnalisis::tellWhetherStale()
+{
+    if (!m_reported)
+        return;
+    const QString stale = staleNotice(*m_reported, basis());
+    if (stale == m_stale)
+        return;
+    m_stale = stale;
+    emit statusText(stale.isEmpty() ? completion() : stale);
 }
 
 void TAnalisis::keepExact(const stats::TestReport& report, const QString& statistic)
@@ -206,6 +236,11 @@ stats::Approach TAnalisis::selectedApproach() const
 stats::TestKind TAnalisis::selectedTest() const
 {
     return stats::testsOf(selectedApproach()).at(static_cast<std::size_t>(m_tests->itemIndex()));
+}
+
+ReportBasis TAnalisis::basis() const
+{
+    return {selectedApproach(), selectedTest(), m_alpha, observations()};
 }
 
 stats::TMatrix TAnalisis::observations() const

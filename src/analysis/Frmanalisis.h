@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "analysis/ReportBasis.h"
 #include "stats/words/Estad.h"
 #include "window/ChildWindow.h"
 
 #include <functional>
+#include <optional>
 
 class QLabel;
 class QScrollBar;
@@ -66,6 +68,7 @@ public slots:
     void FormActivate() override;
     void RadioGroup1Click();
     void ScrollBar1Change();
+    void DatosChange();
     void SpeedButton1Click();
     void veClick();
     void Exportar1Click();
@@ -87,6 +90,10 @@ private:
     stats::Approach selectedApproach() const;
     stats::TestKind selectedTest() const;
     stats::TMatrix observations() const;
+    ReportBasis basis() const;
+    /// Tells of a change after which the report no longer answers what stands in the window, and
+    /// of one that takes such a change back.
+    void tellWhetherStale();
     /// Keeps the distribution of a sequence test for the graph.
     void keepExact(const stats::TestReport& report, const QString& statistic);
 
@@ -100,6 +107,9 @@ private:
     controls::Memo* m_report = nullptr;
 
     double m_alpha = 0.05;
+    std::optional<ReportBasis> m_reported; ///< Of the report in view; none before the first.
+    QString m_stale;                       ///< What is told of a stale report; empty without one.
+    bool m_wasEdited = false;
     stats::ExactDistribution m_exact;
     bool m_exactAvailable = false;
     QString m_exactTitle;

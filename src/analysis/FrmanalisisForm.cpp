@@ -117,6 +117,7 @@ QWidget* TAnalisis::createScrollBox()
     square::answerExtractions(*m_datos);
     connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::notice);
     connect(m_datos, &grid::TNTabEd::Edited, this, [this] { emit notice({}); });
+    connect(m_datos, &grid::TNTabEd::OnChange, this, &TAnalisis::DatosChange);
 
     auto* layout = new QGridLayout(content);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -142,6 +143,7 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     m_tests =
         new controls::RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
     connect(m_approaches, &controls::RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
+    connect(m_tests, &controls::RadioGroup::selected, this, &TAnalisis::tellWhetherStale);
     QStringList captions;
     QStringList tips;
     for (const stats::Approach approach : stats::approaches()) {

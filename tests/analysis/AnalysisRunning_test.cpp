@@ -29,8 +29,10 @@ protected:
     {
         for (const auto& [approach, test] :
              {std::pair{classical, 0}, {ranks, 0}, {ranks, 1}, {sequences, 0}, {sequences, 1}}) {
+            choose(approaches(), approach);
+            choose(tests(), test);
             statusTexts.clear();
-            run(approach, test);
+            run();
             EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
             EXPECT_GE(reportLines().size(), 3);
             EXPECT_TRUE(dialogs.errors.empty());

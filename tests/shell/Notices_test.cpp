@@ -121,6 +121,9 @@ TEST_F(Notices, ThatASaveRoundedStaysThroughTheChangeToTheAnalysis)
     ASSERT_EQ(children().size(), 1);
     EXPECT_EQ(status(), rounded);
     enter(1, 1, "5");
+    EXPECT_EQ(status(),
+              QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo."));
+    enter(1, 1, "6");
     EXPECT_EQ(status(), greeting());
 }
 

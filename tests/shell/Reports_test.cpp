@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the keyboard does in the texts that report results, within the frame and its shortcuts.
+// The reports of the analysis and of the power study within the frame: what the keyboard does in
+// them, and what the status line says of a report that rests on what has changed since.
 #include "shell/PrincipalFixture.h"
 
+#include "support/CellTyping.h"
+
 #include <QClipboard>
+#include <QFile>
 #include <QHelpEvent>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 #include <QToolTip>
@@ -28,6 +34,22 @@ protected:
         return activeChild()->findChild<Control*>(QString::fromUtf8(name));
     }
 
+    void analyse() { child<QToolButton>("SpeedButton1")->click(); }
+    void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    void enterFirstCell(const char* text)
+    {
+        typeIntoCell(*child<QTableView>("Datos"), 1, 1, QString::fromUtf8(text));
+        press(Qt::Key_Return);
+    }
+
+    QByteArray exported()
+    {
+        QFile file(folder.filePath(QStringLiteral("reporte.txt")));
+        dialogs.saveAnswers.push_back(file.fileName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
     QPlainTextEdit& focusedText(const char* name)
     {
         auto* text = child<QPlainTextEdit>(name);
@@ -44,7 +66,93 @@ protected:
     }
 };
 
+const QString complete =
+    QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
+const QString invitation =
+    QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
+const QString levelChanged = QStringLiteral("Cambió el nivel: pulse Analizar");
+const QString dataChanged = QStringLiteral("Cambiaron los datos: pulse Analizar");
+
 } // namespace
+
+TEST_F(Reports, AChangedLevelMakesTheReportStaleUntilItIsRunAgain)
+{
+    openAnalysis("orden3.asc");
+    child<QScrollBar>("ScrollBar1")->setFocus();
+    press(Qt::Key_Left);
+    EXPECT_EQ(status(), invitation) << "there is no report yet";
+    analyse();
+    EXPECT_EQ(status(), complete);
+    press(Qt::Key_Left);
+    EXPECT_EQ(status(), levelChanged);
+    press(Qt::Key_Right);
+    EXPECT_EQ(status(), complete) << "the report answers again";
+    press(Qt::Key_Right);
+    EXPECT_EQ(status(), levelChanged);
+    analyse();
+    EXPECT_EQ(status(), complete);
+}
+
+TEST_F(Reports, AnotherTestOrApproachMakesTheReportStale)
+{
+    openAnalysis("orden3.asc");
+    QTest::mouseClick(child<QRadioButton>("RadioGroup1Item2"), Qt::LeftButton);
+    analyse();
+    QTest::mouseClick(child<QRadioButton>("RadioGroup2Item1"), Qt::LeftButton);
+    EXPECT_EQ(status(), QStringLiteral("Cambió la prueba: pulse Analizar"));
+    QTest::mouseClick(child<QRadioButton>("RadioGroup1Item1"), Qt::LeftButton);
+    EXPECT_EQ(status(), QStringLiteral("Cambió el enfoque: pulse Analizar"));
+    analyse();
+    EXPECT_EQ(status(), complete);
+}
+
+TEST_F(Reports, AStaleReportStaysSoWhileOtherWindowsComeAndGo)
+{
+    openAnalysis("orden3.asc");
+    QTest::mouseClick(child<QRadioButton>("RadioGroup1Item2"), Qt::LeftButton);
+    analyse();
+    child<QScrollBar>("ScrollBar1")->setFocus();
+    press(Qt::Key_Home);
+    EXPECT_EQ(status(), levelChanged);
+    child<QToolButton>("ve")->click();
+    EXPECT_NE(status(), levelChanged) << "the graph has something else to say";
+    area().activeSubWindow()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(status(), levelChanged);
+    analyse();
+    EXPECT_EQ(status(), complete);
+}
+
+TEST_F(Reports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
+{
+    openAnalysis("orden3.asc");
+    const QString once =
+        QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo.");
+    enterFirstCell("1,5");
+    EXPECT_EQ(status(), once) << "before the first report too";
+    analyse();
+    EXPECT_EQ(status(), complete);
+    enterFirstCell("2,5");
+    EXPECT_EQ(status(), dataChanged) << "the file was spoken of once";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(child<QTableView>("Datos")->model()->index(0, 0).data().toString().left(1),
+              QStringLiteral("1"));
+    enterFirstCell("3");
+    EXPECT_EQ(status(), dataChanged);
+}
+
+TEST_F(Reports, AStaleReportIsExportedAsItIsAndSaysSo)
+{
+    openAnalysis("orden3.asc");
+    analyse();
+    const QByteArray fresh = exported();
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Exportado: "))) << status().toStdString();
+    child<QScrollBar>("ScrollBar1")->setFocus();
+    press(Qt::Key_Left);
+    EXPECT_EQ(exported(), fresh);
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Exportado el reporte de antes del cambio: ")))
+        << status().toStdString();
+}
 
 TEST_F(Reports, TheMouseOverATestTellsWhatItAsks)
 {
@@ -61,7 +169,7 @@ TEST_F(Reports, TheMouseOverATestTellsWhatItAsks)
 TEST_F(Reports, CtrlASelectsTheReportToBeCopied)
 {
     openAnalysis("orden3.asc");
-    child<QToolButton>("SpeedButton1")->click();
+    analyse();
     const QPlainTextEdit& report = focusedText("Reporte");
     EXPECT_TRUE(report.toPlainText().contains(QStringLiteral("Fuentes de")));
     EXPECT_EQ(copied(), report.toPlainText());
