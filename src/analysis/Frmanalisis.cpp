@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/Frmanalisis.h"
 
-#include "analysis/Tips.h"
+#include "analysis/Offer.h"
 #include "controls/Memo.h"
 #include "controls/RadioGroup.h"
 #include "distribution/Frmgraf.h"
@@ -85,13 +85,7 @@ void TAnalisis::FormActivate()
 void TAnalisis::RadioGroup1Click()
 {
     const stats::Approach approach = selectedApproach();
-    QStringList captions;
-    QStringList tips;
-    for (const stats::TestKind test : stats::testsOf(approach)) {
-        captions << stats::caption(test);
-        tips << tipOf(test);
-    }
-    m_tests->setItems(captions, tips);
+    offer(*m_tests, stats::testsOf(approach));
     m_tests->setTitle(QStringLiteral("Prueba"));
     // Beyond the last item for "Rangos", whose last item is the one wanted.
     m_tests->setItemIndex(approach == stats::Approach::Ranks ? 2 : 0);

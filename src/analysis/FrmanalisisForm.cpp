@@ -2,6 +2,7 @@
 // The second file of Frmanalisis: the form, its components, their names and where they stand.
 #include "analysis/Frmanalisis.h"
 
+#include "analysis/Offer.h"
 #include "analysis/Tips.h"
 #include "controls/LevelBar.h"
 #include "controls/Memo.h"
@@ -26,12 +27,12 @@ namespace analysis {
 
 namespace {
 
-int mostTests()
+QList<QStringList> testsOfEachApproach()
 {
-    std::size_t most = 0;
+    QList<QStringList> captions;
     for (const stats::Approach approach : stats::approaches())
-        most = std::max(most, stats::testsOf(approach).size());
-    return static_cast<int>(most);
+        captions << captionsOf(stats::testsOf(approach));
+    return captions;
 }
 
 } // namespace
@@ -144,15 +145,9 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
         new controls::RadioGroup(QStringLiteral("RadioGroup2"), QStringLiteral("Prueba"), options);
     connect(m_approaches, &controls::RadioGroup::selected, this, &TAnalisis::RadioGroup1Click);
     connect(m_tests, &controls::RadioGroup::selected, this, &TAnalisis::tellWhetherStale);
-    QStringList captions;
-    QStringList tips;
-    for (const stats::Approach approach : stats::approaches()) {
-        captions << stats::caption(approach);
-        tips << tipOf(approach);
-    }
-    m_approaches->setItems(captions, tips);
+    m_tests->reserve(testsOfEachApproach());
+    offer(*m_approaches, stats::approaches());
     m_approaches->setItemIndex(0); // which offers its tests
-    m_tests->reserve(mostTests());
 
     m_level = new QLabel(options);
     m_level->setObjectName(QStringLiteral("LabelConf"));

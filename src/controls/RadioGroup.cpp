@@ -3,6 +3,7 @@
 
 #include <QButtonGroup>
 #include <QRadioButton>
+#include <QStyleOptionGroupBox>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -51,14 +52,23 @@ QStringList RadioGroup::items() const
     return texts;
 }
 
-void RadioGroup::reserve(int items)
+void RadioGroup::reserve(const QList<QStringList>& offers)
 {
-    const QList<QAbstractButton*> buttons = m_buttons->buttons();
-    if (buttons.isEmpty())
-        return;
-    const int missing = std::max(0, items - static_cast<int>(buttons.size()));
-    const int rowHeight = buttons.constFirst()->sizeHint().height() + m_column->spacing();
-    setMinimumHeight(minimumSizeHint().height() + missing * rowHeight);
+    QSize room;
+    for (const QStringList& items : offers) {
+        setItems(items);
+        room = room.expandedTo(minimumSizeHint());
+    }
+    setItems({});
+    setMinimumSize(room);
+}
+
+/// The selected item shows the focus. The frame has it too, by proxy, but is not told when it goes,
+/// so its mark would stay.
+void RadioGroup::initStyleOption(QStyleOptionGroupBox* option) const
+{
+    QGroupBox::initStyleOption(option);
+    option->state &= ~QStyle::State_HasFocus;
 }
 
 int RadioGroup::itemIndex() const

@@ -21,8 +21,9 @@ public:
     void setItems(const QStringList& items, const QStringList& tips = {});
     QStringList items() const;
 
-    /// Keeps room for so many items, so that nothing around moves when there are more than now.
-    void reserve(int items);
+    /// Keeps room for each of these sets of items, so that nothing around moves when one takes the
+    /// place of another. Leaves the group empty.
+    void reserve(const QList<QStringList>& offers);
 
     /// The selected item, -1 when none is.
     int itemIndex() const;
@@ -34,6 +35,9 @@ public:
 signals:
     /// Another item was selected, by the user or by setItemIndex().
     void selected(int index);
+
+protected:
+    void initStyleOption(QStyleOptionGroupBox* option) const override;
 
 private:
     void deselect();

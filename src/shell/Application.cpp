@@ -2,6 +2,7 @@
 #include "shell/Application.h"
 
 #include "shell/PartNames.h"
+#include "shell/Style.h"
 #include "window/Dialogs.h"
 #include "window/OpenQuestion.h"
 
@@ -39,6 +40,7 @@ Application::Application(int& argc, char** argv, window::Dialogs& dialogs)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     m_spanish.loadFrom(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     installTranslator(&m_spanish);
+    setStyle(new Style);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

@@ -74,7 +74,7 @@ TEST_F(AnalysisOpening, ShowsEveryComponentAsItStandsAtFirst)
 
     const auto* options = find<QGroupBox>("GroupBox1");
     EXPECT_EQ(options->title(), QStringLiteral("Opciones"));
-    EXPECT_EQ(options->width(), 198);
+    EXPECT_GE(options->width(), 198);
     EXPECT_GT(options->mapTo(window, QPoint()).x(), datos().mapTo(window, QPoint()).x());
     EXPECT_EQ(approaches().title(), QStringLiteral("Enfoque"));
     EXPECT_EQ(approaches().items(),
@@ -92,6 +92,18 @@ TEST_F(AnalysisOpening, ShowsEveryComponentAsItStandsAtFirst)
     EXPECT_EQ(window->Alpha(), 0.05);
 
     EXPECT_EQ(find<QSplitter>("Splitter1")->handleWidth(), 8);
+}
+
+TEST_F(AnalysisOpening, TheOptionsAreWiderOnlyForLargerLetters)
+{
+    const QFont before = QApplication::font();
+    QFont small = before;
+    small.setPixelSize(9);
+    QApplication::setFont(small);
+    openFile(std::nullopt);
+    show();
+    EXPECT_EQ(find<QGroupBox>("GroupBox1")->width(), 198);
+    QApplication::setFont(before);
 }
 
 TEST_F(AnalysisOpening, TheReportIsAReadOnlyAreaOfFixedPitch)

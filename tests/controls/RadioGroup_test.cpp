@@ -116,11 +116,30 @@ TEST(RadioGroupInAWindow, NewItemsKeepTheirPlaceInTheTabOrder)
 
 TEST_F(RadioGroup, KeepsRoomForTheItemsToCome)
 {
-    group.setItems({QStringLiteral("uno")});
-    const int low = group.sizeHint().height();
-    group.reserve(3);
-    const int reserved = group.minimumHeight();
-    EXPECT_GT(reserved, low);
+    const QStringList wide{QStringLiteral("uno que es mucho más ancho que los otros tres")};
+    group.reserve({wide, threeItems});
+    EXPECT_TRUE(group.items().isEmpty());
+    group.setItems(wide);
+    const QSize low = group.minimumSizeHint();
     group.setItems(threeItems);
-    EXPECT_LE(group.sizeHint().height(), reserved);
+    const QSize narrow = group.minimumSizeHint();
+    EXPECT_GT(low.width(), narrow.width());
+    EXPECT_GT(narrow.height(), low.height());
+    EXPECT_EQ(group.minimumSize(), low.expandedTo(narrow));
+}
+
+TEST_F(RadioGroup, OnlyTheItemShowsTheFocus)
+{
+    group.setItems(threeItems);
+    group.setItemIndex(0);
+    group.show();
+    group.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&group));
+    item(group, 0)->clearFocus();
+    const auto title = [this] { return group.grab(QRect(0, 0, group.width(), 14)).toImage(); };
+    const QImage before = title();
+    group.setAttribute(Qt::WA_KeyboardFocusChange);
+    group.setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(item(group, 0)->hasFocus());
+    EXPECT_EQ(title(), before);
 }

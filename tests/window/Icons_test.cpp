@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/Icons.h"
 
+#include "support/Contrast.h"
+
 #include <QApplication>
 #include <QImage>
 #include <QPalette>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <set>
 
 namespace {
@@ -17,10 +17,8 @@ namespace {
 constexpr int pictureCount = static_cast<int>(window::Picture::Close) + 1;
 constexpr std::array sizes{16, 24, 48};
 
-/// What the eye needs to tell a picture's lines from the ground: a contrast of 3 to 1 (Web Content
-/// Accessibility Guidelines 2.1, 1.4.11), in enough of the picture. Outlines and accents are a
-/// third of it or more; the rest is the paper that they enclose, as light or dark as the ground.
-constexpr double legibleContrast = 3.0;
+/// Outlines and accents are a third of a picture or more; the rest is the paper that they enclose,
+/// as light or dark as the ground.
 constexpr double leastLegibleShare = 0.35;
 
 /// The application's palette for the length of a test.
@@ -45,22 +43,6 @@ QImage drawn(int picture, int pixels, QIcon::Mode mode = QIcon::Normal)
     return icon.pixmap(QSize(pixels, pixels), 1.0, mode)
         .toImage()
         .convertToFormat(QImage::Format_ARGB32);
-}
-
-double luminance(const QColor& color)
-{
-    const auto linear = [](double channel) {
-        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-/// The contrast ratio of the Web Content Accessibility Guidelines 2.1: 1 to 21.
-double contrast(const QColor& a, const QColor& b)
-{
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
 }
 
 /// The share of the picture's pixels that stand out from the ground.

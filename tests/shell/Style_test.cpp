@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What is seen of controls in a dark theme, and the pictures of dialogs.
+#include "shell/Style.h"
+
+#include "support/Contrast.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionTitleBar>
+
+namespace {
+
+const QColor darkGround(49, 54, 59);
+
+/// The program's style on a dark desktop.
+class DarkStyle : public ::testing::Test {
+protected:
+    DarkStyle()
+        : before(QApplication::palette())
+    {
+        QApplication::setStyle(new shell::Style(QStringLiteral("fusion")));
+        QPalette dark(darkGround, darkGround);
+        QApplication::setPalette(dark);
+    }
+    ~DarkStyle() override
+    {
+        QApplication::setStyle(QStringLiteral("fusion"));
+        QApplication::setPalette(before);
+    }
+
+    /// Pixels of a picture that stand out from a ground.
+    static int seen(const QImage& image, const QColor& ground)
+    {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += contrast(image.pixelColor(x, y), ground) >= legibleContrast ? 1 : 0;
+        return count;
+    }
+
+    const QPalette before;
+};
+
+} // namespace
+
+TEST_F(DarkStyle, ARadioButtonThatIsNotChosenIsSeen)
+{
+    QRadioButton button;
+    button.show();
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const QRect circle =
+        button.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &button);
+    EXPECT_GE(seen(button.grab(circle).toImage(), darkGround), circle.width())
+        << "a good part of its outline";
+}
+
+TEST_F(DarkStyle, TheButtonsOfAChildBehindOthersAreSeen)
+{
+    QMdiArea area;
+    area.resize(800, 500);
+    QMdiSubWindow* behind = area.addSubWindow(new QWidget);
+    QMdiSubWindow* front = area.addSubWindow(new QWidget);
+    area.show();
+    behind->setGeometry(0, 0, 300, 200);
+    front->setGeometry(400, 0, 300, 200);
+    area.setActiveSubWindow(front);
+    QStyleOptionTitleBar bar;
+    bar.initFrom(behind);
+    bar.subControls = QStyle::SC_All;
+    bar.titleBarFlags = behind->windowFlags();
+    bar.rect = QRect(0, 0, behind->width(),
+                     behind->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, behind));
+    const QImage picture = behind->grab().toImage();
+    for (const QStyle::SubControl control :
+         {QStyle::SC_TitleBarMinButton, QStyle::SC_TitleBarMaxButton,
+          QStyle::SC_TitleBarCloseButton}) {
+        const QRect place =
+            behind->style()->subControlRect(QStyle::CC_TitleBar, &bar, control, behind);
+        ASSERT_FALSE(place.isEmpty());
+        const QImage button = picture.copy(place);
+        EXPECT_GE(seen(button, darkGround), 8) << control;
+    }
+}
+
+TEST_F(DarkStyle, PicturesOfDialogsAreSharpAtEveryScale)
+{
+    for (const QStyle::StandardPixmap standard :
+         {QStyle::SP_MessageBoxCritical, QStyle::SP_MessageBoxQuestion, QStyle::SP_DirIcon,
+          QStyle::SP_FileIcon, QStyle::SP_FileDialogToParent, QStyle::SP_FileDialogNewFolder,
+          QStyle::SP_FileDialogListView, QStyle::SP_FileDialogDetailedView, QStyle::SP_ArrowBack,
+          QStyle::SP_ArrowForward, QStyle::SP_TitleBarCloseButton}) {
+        const QIcon icon = QApplication::style()->standardIcon(standard);
+        EXPECT_EQ(icon.pixmap(QSize(32, 32), 2.0).size(), QSize(64, 64)) << standard;
+    }
+}
+
+TEST_F(DarkStyle, ButtonsOfDialogsSayInWordsWhatTheyDo)
+{
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    for (const QAbstractButton* button : box.buttons()) {
+        EXPECT_TRUE(button->icon().isNull());
+        EXPECT_FALSE(button->text().isEmpty());
+    }
+}
