@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/Memo.h"
 
+#include "window/Paper.h"
+
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QWheelEvent>
@@ -41,6 +43,9 @@ MemoKey meaningOf(const QKeyEvent& event)
 Memo::Memo(const QString& text, QWidget* parent)
     : QPlainTextEdit(text, parent)
 {
+    QPalette colors = palette();
+    window::makePaper(colors);
+    setPalette(colors);
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setUndoRedoEnabled(false);

@@ -2,8 +2,12 @@
 // How the windows stand in the frame.
 #include "shell/PrincipalFixture.h"
 
+#include "support/Contrast.h"
+
 #include <QGroupBox>
+#include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -42,4 +46,19 @@ TEST_F(Looks, TheOptionsKeepTheirWidthFromTestToTest)
         QApplication::processEvents();
         EXPECT_EQ(options->width(), width) << approach;
     }
+}
+
+TEST_F(Looks, TableAndReportAreOfOnePaperOnADarkDesktop)
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(49, 54, 59), QColor(49, 54, 59)));
+    openAnalysis();
+    const auto* table = find<QTableView>("Datos");
+    const auto* report = find<QPlainTextEdit>("Reporte");
+    for (const QPalette::ColorRole ground : {QPalette::Base, QPalette::Highlight}) {
+        const QColor color = report->palette().color(ground);
+        EXPECT_EQ(color, table->palette().color(ground));
+        EXPECT_GE(contrast(report->palette().color(QPalette::Text), color), 7.0);
+    }
+    QApplication::setPalette(before);
 }

@@ -4,6 +4,7 @@
 #include "grid/view/CellDelegate.h"
 #include "grid/view/ContextMenus.h"
 #include "grid/view/NameHeader.h"
+#include "window/Paper.h"
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>
@@ -23,19 +24,12 @@ constexpr int usualHeaderColumnWidth = 80;
 constexpr int narrowestColumn = 16;
 constexpr int textMargin = 6; // pixels above and below a number, together
 
-/// The colours of marked and other numbers are made for white cells, so the table is light in a
-/// dark desktop too; the selection is pale for their sake.
-QPalette lightColors(QPalette palette, const QColor& number)
+/// The colours of marked and other numbers are made for white cells.
+QPalette paperFor(QPalette palette, const QColor& number)
 {
-    palette.setColor(QPalette::Base, Qt::white);
+    window::makePaper(palette);
     palette.setColor(QPalette::Text, number);
-    palette.setColor(QPalette::Window, QColor(0xF2, 0xF4, 0xF6));
-    palette.setColor(QPalette::WindowText, QColor(0x20, 0x28, 0x30));
-    palette.setColor(QPalette::Button, QColor(0xE8, 0xEC, 0xF0));
-    palette.setColor(QPalette::ButtonText, QColor(0x20, 0x28, 0x30));
-    palette.setColor(QPalette::Highlight, QColor(0xCF, 0xE3, 0xF7));
     palette.setColor(QPalette::HighlightedText, number);
-    palette.setColor(QPalette::Link, QColor(0x1F, 0x5F, 0xA8));
     return palette;
 }
 
@@ -83,7 +77,7 @@ void TNTabEd::setUpView()
     setSelectionMode(ContiguousSelection);
     setWordWrap(false);
     setCornerButtonEnabled(true);
-    setPalette(lightColors(palette(), ColorNormal()));
+    setPalette(paperFor(palette(), ColorNormal()));
 }
 
 void TNTabEd::setUpNames()
