@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/ActivationTiling.h"
 
+#include "shell/Tiling.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QMdiArea>
@@ -34,7 +36,7 @@ void ActivationTiling::frameActivated()
 {
     if (!m_wasSeen) {
         m_wasSeen = true;
-        m_area.tileSubWindows();
+        tile(m_area);
         return;
     }
     qApp->installEventFilter(this);
@@ -72,7 +74,7 @@ void ActivationTiling::tileUnlessBusy()
         return;
     }
     qApp->removeEventFilter(this);
-    m_area.tileSubWindows();
+    tile(m_area);
 }
 
 } // namespace shell

@@ -9,6 +9,7 @@
 #include "shell/Arrangement.h"
 #include "shell/ChildPlace.h"
 #include "shell/StatusLine.h"
+#include "shell/Tiling.h"
 #include "square/editor/Formeditor.h"
 #include "window/ChildWindow.h"
 #include "window/Icons.h"
@@ -125,7 +126,7 @@ void TPrincipal::Cascada1Click()
 
 void TPrincipal::Mosaico1Click()
 {
-    m_area->tileSubWindows();
+    tile(*m_area);
 }
 
 void TPrincipal::Salir1Click()

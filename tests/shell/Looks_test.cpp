@@ -26,6 +26,20 @@ protected:
         dialogs.openAnswers.push_back(sample("orden3.asc"));
         frame.AnlisisdeDatos1Click();
     }
+    /// All children are within the area, and none covers another.
+    void expectTiled()
+    {
+        frame.Mosaico1Click();
+        QApplication::processEvents();
+        for (const QMdiSubWindow* one : children()) {
+            const std::string kind = one->widget()->objectName().toStdString();
+            EXPECT_TRUE(area().viewport()->rect().contains(one->geometry()))
+                << kind << " among " << children().size();
+            for (const QMdiSubWindow* other : children())
+                EXPECT_TRUE(one == other || !one->geometry().intersects(other->geometry()))
+                    << kind << " among " << children().size();
+        }
+    }
     void openGraph()
     {
         find<QRadioButton>("RadioGroup1Item2")->click();
@@ -61,4 +75,35 @@ TEST_F(Looks, TableAndReportAreOfOnePaperOnADarkDesktop)
         EXPECT_GE(contrast(report->palette().color(QPalette::Text), color), 7.0);
     }
     QApplication::setPalette(before);
+}
+
+TEST_F(Looks, TiledChildrenStandSideBySideOnASmallScreen)
+{
+    frame.resize(1280, 780);
+    openAnalysis();
+    openGraph();
+    frame.ClculodePotencia1Click();
+    expectTiled();
+    for (int editors = 1; editors <= 2; ++editors) {
+        frame.NuevoArchivo1Click();
+        expectTiled();
+    }
+    openAnalysis();
+    expectTiled();
+    area().activeSubWindow()->showMinimized();
+    expectTiled();
+}
+
+TEST_F(Looks, TiledChildrenStandSideBySideInLargeLetters)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(15);
+    QApplication::setFont(large);
+    frame.resize(1280, 780);
+    frame.NuevoArchivo1Click();
+    openAnalysis();
+    frame.ClculodePotencia1Click();
+    expectTiled();
+    QApplication::setFont(before);
 }
