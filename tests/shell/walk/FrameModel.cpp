@@ -2,6 +2,7 @@
 #include "shell/walk/FrameModel.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace walk {
 
@@ -21,10 +22,29 @@ QString menuOf(Kind kind)
     }
 }
 
-/// What a child says as it becomes the active one.
-QString greetingOf(Kind kind)
+const QString complete =
+    QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
+
+/// What an analysis says of a report that no longer answers what stands in it.
+QString staleText(const Child& analysis)
 {
-    switch (kind) {
+    const Choice& choice = analysis.choice;
+    const std::optional<Choice>& reported = analysis.reported;
+    const QString other = reported->approach != choice.approach ? QStringLiteral("el enfoque")
+                          : reported->test != choice.test       ? QStringLiteral("la prueba")
+                                                                : QString();
+    if (analysis.hasOtherData)
+        return QStringLiteral("Cambiaron los datos%1: pulse Analizar")
+            .arg(other.isEmpty() ? QString() : QStringLiteral(" y ") + other);
+    return other.isEmpty() ? QString() : QStringLiteral("Cambió %1: pulse Analizar").arg(other);
+}
+
+/// What a child says as it becomes the active one.
+QString greetingOf(const Child& child)
+{
+    if (!child.stale.isEmpty())
+        return child.stale;
+    switch (child.kind) {
     case Kind::Editor:
         return QStringLiteral("Puede manejar archivos de datos para el análisis aquí. Para "
                               "analizar los datos actuales use la opción 'Guardar y Analizar'");
@@ -130,7 +150,7 @@ void FrameModel::close(int index)
 
 void FrameModel::comeBack()
 {
-    say(greetingOf(child().kind));
+    say(greetingOf(child()));
 }
 
 void FrameModel::maximise()
@@ -164,6 +184,36 @@ void FrameModel::changed()
     notice.clear();
     if (isActive(Kind::Editor))
         child().isSaved = false;
+    if (!isActive(Kind::Analysis))
+        return;
+    child().hasOtherData = true;
+    tellWhetherStale();
+    if (!std::exchange(child().wasEdited, true))
+        notice = QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo.");
+}
+
+void FrameModel::choose(const Choice& choice)
+{
+    child().choice = choice;
+    tellWhetherStale();
+}
+
+void FrameModel::report()
+{
+    child().reported = child().choice;
+    child().hasOtherData = false;
+    child().stale.clear();
+    say(complete);
+}
+
+void FrameModel::tellWhetherStale()
+{
+    if (!child().reported)
+        return;
+    const QString text = staleText(child());
+    if (text == std::exchange(child().stale, text))
+        return;
+    say(text.isEmpty() ? complete : text);
 }
 
 void FrameModel::focus(const QString& control)
@@ -241,7 +291,7 @@ void FrameModel::becomeActive(int index)
     active = index;
     std::erase(m_history, index);
     m_history.push_back(index);
-    say(greetingOf(child().kind));
+    say(greetingOf(child()));
     if (isMaximised)
         child().isMinimised = false;
 }

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace walk {
@@ -13,6 +14,12 @@ enum class Kind { Editor, Analysis, Graph, Power };
 
 /// Whose window is the active one of the desktop.
 enum class Foreground { Frame, About, OtherProgram };
+
+/// An approach and a test as an analysis has them: the names of their buttons.
+struct Choice {
+    QString approach = QStringLiteral("RadioGroup1Item0");
+    QString test = QStringLiteral("RadioGroup2Item0");
+};
 
 /// A child window as its user knows it.
 struct Child {
@@ -25,6 +32,11 @@ struct Child {
     bool cellIsOpen = false; ///< Something new is typed in it.
     int order = 3;           ///< Of the square.
     QString exact;           ///< An analysis's: the statistic whose distribution it can show.
+    Choice choice;           ///< An analysis's.
+    std::optional<Choice> reported; ///< Of an analysis's report; none before the first.
+    bool hasOtherData = false;      ///< Than those of its report.
+    QString stale;                  ///< What an analysis says of a report that answers no more.
+    bool wasEdited = false;         ///< An analysis's data were, once at least.
 };
 
 Child editor();
@@ -78,6 +90,10 @@ public:
     /// The active child's open cell is taken over.
     void commit();
     void changed();
+    /// Another test, or another approach with its test, is chosen in the active analysis.
+    void choose(const Choice& choice);
+    /// The active analysis has run its test.
+    void report();
     /// The user clicks on a control of the active child.
     void focus(const QString& control);
 
@@ -90,6 +106,7 @@ public:
 
 private:
     void becomeActive(int index);
+    void tellWhetherStale();
 
     QString m_text = QStringLiteral("Listo.");
     std::vector<int> m_history; ///< The last one is the active child.

@@ -132,7 +132,9 @@ void FrameWalk::addAnalysisSteps()
         "export, or not", [this] { return m_model.isActive(Kind::Analysis); },
         [this] {
             m_model.commit();
-            saveOrNot(QStringLiteral("Exportado: "));
+            saveOrNot(m_model.child().stale.isEmpty()
+                          ? QStringLiteral("Exportado: ")
+                          : QStringLiteral("Exportado el reporte de antes del cambio: "));
             if (flag())
                 m_hands.press(Qt::Key_E, Qt::ControlModifier);
             else
@@ -142,15 +144,19 @@ void FrameWalk::addAnalysisSteps()
 
 void FrameWalk::runTest(const char* approach, const char* test, const QString& statistic)
 {
+    const QString approachName = QString::fromLatin1(approach);
     click(approach);
+    if (m_model.child().choice.approach != approachName) // which chooses the first of its tests
+        m_model.choose({approachName, QStringLiteral("RadioGroup2Item0")});
     m_hands.settle();
     if (!canClick(test)) // not in so small a window
         return;
     click(test);
+    m_model.choose({approachName, QString::fromLatin1(test)});
     runBy("SpeedButton1");
     Child& child = m_model.child();
     child.exact = child.order == 3 ? statistic : QString();
-    m_model.say(QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados."));
+    m_model.report();
 }
 
 void FrameWalk::addGraphSteps()
