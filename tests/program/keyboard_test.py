@@ -99,7 +99,7 @@ class Keyboard(ProgramTest):
             "push button «Guardar»",
             "push button «Cancelar»",
             places,
-            "push button «Directorio superior»",
+            "push button «Carpeta superior»",
             "push button «Crear nueva carpeta»",
             "push button «Vista de lista»",
             "push button «Vista detallada»",
