@@ -3,6 +3,7 @@
 
 #include "window/Icons.h"
 
+#include <QDialog>
 #include <QStyleOption>
 
 #include <optional>
@@ -83,6 +84,16 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0; // what a button does stands on it
     return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+/// Without a picture the words on a dialog's button would touch its edges.
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const
+{
+    const bool isOfDialog = type == CT_PushButton && widget != nullptr &&
+                            qobject_cast<const QDialog*>(widget->window()) != nullptr;
+    const QSize margin(isOfDialog ? 2 * option->fontMetrics.averageCharWidth() : 0, 0);
+    return QProxyStyle::sizeFromContents(type, option, contents + margin, widget);
 }
 
 /// Outlines are drawn in a darker shade of the window's colour, which is darker still where the

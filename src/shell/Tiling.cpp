@@ -5,9 +5,9 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace shell {
@@ -34,20 +34,24 @@ int leastWidthOf(const Column& column)
     return widest;
 }
 
-/// The least lengths, lengthened by equal parts of what is left; nothing where they are too long.
+/// Lengths that are alike as far as none is less than its least one; nothing where there is no room
+/// for these.
 template <typename Things, typename Least>
 std::optional<std::vector<int>> shares(int length, const Things& things, Least least)
 {
     std::vector<int> lengths;
     for (const auto& thing : things)
         lengths.push_back(least(thing));
-    int rest = length - std::accumulate(lengths.begin(), lengths.end(), 0);
-    if (rest < 0)
+    if (std::accumulate(lengths.begin(), lengths.end(), 0) > length)
         return std::nullopt;
-    for (std::size_t i = 0; i < lengths.size(); ++i) {
-        const int part = rest / static_cast<int>(lengths.size() - i);
-        lengths[i] += part;
-        rest -= part;
+    // The longest one first: what it does not need is for the others.
+    std::vector<int*> byLength;
+    for (int& one : lengths)
+        byLength.push_back(&one);
+    std::ranges::sort(byLength, std::ranges::greater(), [](const int* one) { return *one; });
+    for (std::size_t i = 0; i < byLength.size(); ++i) {
+        *byLength[i] = std::max(*byLength[i], length / static_cast<int>(byLength.size() - i));
+        length -= *byLength[i];
     }
     return lengths;
 }
@@ -64,29 +68,43 @@ std::vector<Column> columnsOf(const Column& children, std::size_t rows)
     return columns;
 }
 
-/// @return whether there is room; otherwise nothing is moved
-bool arrange(const std::vector<Column>& columns, const QRect& room)
+struct Place {
+    QMdiSubWindow* child;
+    QRect rect;
+};
+
+/// Where the children of these columns go; nothing where there is no room for them.
+std::optional<std::vector<Place>> placesOf(const std::vector<Column>& columns, const QRect& room)
 {
     const auto widths = shares(room.width(), columns, leastWidthOf);
     if (!widths)
-        return false;
-    std::vector<std::vector<int>> heights;
-    for (const Column& column : columns) {
-        auto inColumn = shares(room.height(), column, leastHeight);
-        if (!inColumn)
-            return false;
-        heights.push_back(std::move(*inColumn));
-    }
+        return std::nullopt;
+    std::vector<Place> places;
     int x = room.x();
     for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto heights = shares(room.height(), columns[i], leastHeight);
+        if (!heights)
+            return std::nullopt;
         int y = room.y();
         for (std::size_t j = 0; j < columns[i].size(); ++j) {
-            columns[i][j]->setGeometry(x, y, (*widths)[i], heights[i][j]);
-            y += heights[i][j];
+            places.push_back({columns[i][j], QRect(x, y, (*widths)[i], (*heights)[j])});
+            y += (*heights)[j];
         }
         x += (*widths)[i];
     }
-    return true;
+    return places;
+}
+
+/// The smallest share that a child has of the size that it would like.
+double comfort(const std::vector<Place>& places)
+{
+    double least = 1.0;
+    for (const auto& [child, rect] : places) {
+        const QSize wanted = child->widget()->sizeHint();
+        least = std::min({least, rect.width() / double(wanted.width()),
+                          rect.height() / double(wanted.height())});
+    }
+    return least;
 }
 
 } // namespace
@@ -107,11 +125,14 @@ void tile(QMdiArea& area)
     if (isAllWithin)
         return;
     std::ranges::stable_sort(children, std::ranges::greater(), leastWidth);
-    const auto rowsOfQt = static_cast<std::size_t>(std::sqrt(children.size()));
-    for (std::size_t rows = std::max<std::size_t>(rowsOfQt, 1); rows <= children.size(); ++rows) {
-        if (arrange(columnsOf(children, rows), room))
-            return;
+    std::optional<std::vector<Place>> best;
+    for (std::size_t rows = 1; rows <= children.size(); ++rows) {
+        auto places = placesOf(columnsOf(children, rows), room);
+        if (places && (!best || comfort(*places) > comfort(*best)))
+            best = std::move(places);
     }
+    for (const auto& [child, rect] : best.value_or(std::vector<Place>()))
+        child->setGeometry(rect);
 }
 
 } // namespace shell

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -103,9 +104,17 @@ TEST_F(DarkStyle, PicturesOfDialogsAreSharpAtEveryScale)
 
 TEST_F(DarkStyle, ButtonsOfDialogsSayInWordsWhatTheyDo)
 {
-    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QFont large;
+    large.setPointSize(20);
+    QDialog dialog;
+    dialog.setFont(large);
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal,
+                               &dialog);
     for (const QAbstractButton* button : box.buttons()) {
         EXPECT_TRUE(button->icon().isNull());
         EXPECT_FALSE(button->text().isEmpty());
+        const QFontMetrics letters = button->fontMetrics();
+        EXPECT_GE(button->sizeHint().width(),
+                  letters.horizontalAdvance(button->text()) + 2 * letters.averageCharWidth());
     }
 }
