@@ -135,9 +135,6 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     const QString title = QStringLiteral("Opciones");
     auto* options =
         controls::named(new QGroupBox(title, parent), QStringLiteral("GroupBox1"), title);
-    // Wider only where the font makes a caption wider.
-    options->setMinimumWidth(198);
-    options->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 
     m_approaches =
         new controls::RadioGroup(QStringLiteral("RadioGroup1"), QStringLiteral("Enfoque"), options);
@@ -166,6 +163,8 @@ QWidget* TAnalisis::createOptions(QWidget* parent)
     column->addWidget(m_level);
     column->addWidget(m_levelBar);
     column->addStretch();
+    // Wider only where the font makes a caption wider.
+    options->setFixedWidth(std::max(198, options->sizeHint().width()));
     return options;
 }
 

@@ -60,6 +60,10 @@ TEST_F(Looks, TheOptionsKeepTheirWidthFromTestToTest)
         QApplication::processEvents();
         EXPECT_EQ(options->width(), width) << approach;
     }
+    area().activeSubWindow()->showNormal();
+    area().activeSubWindow()->resize(300, 400); // where the window scrolls
+    QApplication::processEvents();
+    EXPECT_EQ(options->width(), width);
 }
 
 TEST_F(Looks, TableAndReportAreOfOnePaperOnADarkDesktop)
