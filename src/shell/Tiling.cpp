@@ -39,15 +39,13 @@ int leastWidthOf(const Column& column)
 template <typename Things, typename Least>
 std::optional<std::vector<int>> shares(int length, const Things& things, Least least)
 {
-    std::vector<int> lengths;
-    for (const auto& thing : things)
-        lengths.push_back(least(thing));
+    std::vector<int> lengths(things.size());
+    std::ranges::transform(things, lengths.begin(), least);
     if (std::accumulate(lengths.begin(), lengths.end(), 0) > length)
         return std::nullopt;
     // The longest one first: what it does not need is for the others.
-    std::vector<int*> byLength;
-    for (int& one : lengths)
-        byLength.push_back(&one);
+    std::vector<int*> byLength(lengths.size());
+    std::ranges::transform(lengths, byLength.begin(), [](int& one) { return &one; });
     std::ranges::sort(byLength, std::ranges::greater(), [](const int* one) { return *one; });
     for (std::size_t i = 0; i < byLength.size(); ++i) {
         *byLength[i] = std::max(*byLength[i], length / static_cast<int>(byLength.size() - i));
