@@ -295,6 +295,9 @@ TRChart* createChart(const ChartForm& form)
     chart->setIdOrdinate(form.idOrdinate);
     chart->setDecPlaceX(form.decPlaceX);
     chart->setDecPlaceY(form.decPlaceY);
+    chart->setRangeHiX(form.rangeHi);
+    chart->setRangeHiY(form.rangeHi);
+    chart->makeFullView();
     chart->setGridStyle(GridStyle::gsHorizDotLines);
     chart->setMouseAction(MouseAction::maZoomDrag);
     return chart;

@@ -92,6 +92,8 @@ public:
     /// One step back in the history, and back to the full view.
     void zoomBack();
     void zoomToFullView();
+    /// Makes what is shown the full view, as fitting does.
+    void makeFullView() { m_view.makeFull(); }
 
     // Axes.
     QString IdAbscissa() const { return m_contents.x.id; }
@@ -301,6 +303,7 @@ struct ChartForm {
     QString idOrdinate;
     int decPlaceX;
     int decPlaceY;
+    long double rangeHi = 10.0L; ///< Of both axes while nothing is drawn; they begin at 0.
 };
 
 /// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines,

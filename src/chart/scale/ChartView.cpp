@@ -99,7 +99,7 @@ void ChartView::fit(const Bounds& x, const Bounds& y)
     fitted = widthOf(byX.y) >= widthOf(fitted.y) ? byX : isometric(fitted, Axis::Y);
     requireDates(fitted);
     m_shown = fitted;
-    m_history.restart(fitted);
+    makeFull();
 }
 
 void ChartView::zoomTo(const Bounds& x, const Bounds& y)

@@ -81,6 +81,8 @@ public:
     void setRange(Axis axis, const AxisRange& range);
     /// Shows at least these bounds, as the full view. @throws ChartError as requireDateTimeRange()
     void fit(const Bounds& x, const Bounds& y);
+    /// Makes what is shown the full view, and forgets how it came to it.
+    void makeFull() { m_history.restart(m_shown); }
 
     /// Shows what the user asked for, on an axis of dates only where it can.
     void zoomTo(const Bounds& x, const Bounds& y);

@@ -153,6 +153,7 @@ QWidget* TPotencia::createSettings()
     connect(m_order, &controls::UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
     connect(m_trials, &controls::UpDown::Click, this, &TPotencia::UpDown2Click);
+    m_trials->setFirstText(QStringLiteral("1.000"));
     m_btnSig = buttonOf(QStringLiteral("BtnSig"), levelText());
     window::connectCommand(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
@@ -175,10 +176,9 @@ QWidget* TPotencia::createSettings()
 
 QWidget* TPotencia::createChart()
 {
-    m_graph = chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
-                                  QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2});
-    m_graph->setRangeHiX(1.0);
-    m_graph->setRangeHiY(1.0);
+    m_graph =
+        chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
+                            QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2, 1.0L});
     return m_graph;
 }
 

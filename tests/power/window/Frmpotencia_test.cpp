@@ -4,6 +4,7 @@
 #include "power/study/StudyLines.h"
 #include "support/FileSizeLimit.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QFrame>
@@ -132,6 +133,26 @@ TEST_F(PowerWindow, RunsEverySetting)
     }
 }
 
+TEST_F(PowerWindow, TheFullViewOfTheEmptyChartIsTheOneItOpenedWith)
+{
+    const auto expectOpeningView = [this](const char* how) {
+        EXPECT_EQ(graph().RangeLoX(), 0.0L) << how;
+        EXPECT_EQ(graph().RangeHiX(), 1.0L) << how;
+        EXPECT_EQ(graph().RangeLoY(), 0.0L) << how;
+        EXPECT_EQ(graph().RangeHiY(), 1.0L) << how;
+    };
+    QTest::mouseDClick(&graph(), Qt::LeftButton, {}, graph().geometry().layout.plot.center());
+    expectOpeningView("double click");
+    QTest::keyClick(&graph(), Qt::Key_Plus);
+    EXPECT_LT(graph().RangeHiX(), 1.0L);
+    QTest::keyClick(&graph(), Qt::Key_Escape);
+    expectOpeningView("one step back");
+    QTest::keyClick(&graph(), Qt::Key_Escape);
+    expectOpeningView("no step left");
+    QTest::keyClick(&graph(), Qt::Key_Home);
+    expectOpeningView("Home");
+}
+
 TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
 {
     click(button("BtnCalcular"));
@@ -146,14 +167,18 @@ TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
 
 TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
 {
-    edit("Edit1").selectAll();
-    QTest::keyClicks(&edit("Edit1"), QStringLiteral("5"));
-    edit("Edit2").selectAll();
-    QTest::keyClicks(&edit("Edit2"), QStringLiteral("700"));
+    const auto type = [this] {
+        for (const auto& [name, text] : {std::pair("Edit1", "5"), {"Edit2", "700"}}) {
+            edit(name).selectAll();
+            QTest::keyClicks(&edit(name), QString::fromUtf8(text));
+        }
+    };
+    type();
     const QStringList expected = QStringList{QString()} + nextLog({3, 1000, 0.95});
     click(button("BtnCalcular"));
     EXPECT_EQ(log(), expected);
 
+    type();
     QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up); // from the 5 that stands there
     EXPECT_EQ(upDown("UpDown1").Position(), 6);
     QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
@@ -163,6 +188,81 @@ TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
     EXPECT_EQ(log(), next);
 }
 
+TEST_F(PowerWindow, WhatWasTypedInVainIsSetBackAndTheStatusLineSaysSo)
+{
+    QSignalSpy status(window.get(), &TPotencia::statusText);
+    const auto lastStatus = [&] { return status.last().at(0).toString(); };
+    QApplication::setActiveWindow(window.get());
+    for (const char* const typed : {"5", ""}) { // a size of its own, and none
+        edit("Edit1").setFocus();
+        edit("Edit1").selectAll();
+        QTest::keyClick(&edit("Edit1"), Qt::Key_Delete);
+        QTest::keyClicks(&edit("Edit1"), QString::fromUtf8(typed));
+        status.clear();
+        QTest::keyClick(&edit("Edit1"), Qt::Key_F9); // which leaves the edit as it is
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !status.isEmpty(); }));
+        EXPECT_EQ(edit("Edit1").text(), QStringLiteral("3"));
+        EXPECT_EQ(lastStatus(),
+                  QStringLiteral("Calculado con tamaño 3 y 1000 pruebas: un número escrito solo "
+                                 "cuenta cuando después se pulsa una flecha."));
+    }
+    edit("Edit2").selectAll();
+    QTest::keyClicks(&edit("Edit2"), QStringLiteral("1200"));
+    edit("Edit1").setFocus(); // which rewrites what was typed
+    click(button("BtnCalcular"));
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000"));
+    EXPECT_TRUE(lastStatus().startsWith(QStringLiteral("Calculado con tamaño 3 y 1000")));
+
+    edit("Edit2").selectAll();
+    QTest::keyClicks(&edit("Edit2"), QStringLiteral("1000")); // what counts anyway
+    click(button("BtnCalcular"));
+    EXPECT_EQ(lastStatus(), QStringLiteral("Listo."));
+}
+
+/// As a screen reader or a voice sets them: by value, and by text.
+TEST_F(PowerWindow, AssistiveTechnologySetsTheNumbersAsAClickDoes)
+{
+    const auto interfaceOf = [this](const char* name) {
+        return QAccessible::queryAccessibleInterface(&upDown(name));
+    };
+    interfaceOf("UpDown1")->valueInterface()->setCurrentValue(4);
+    EXPECT_EQ(upDown("UpDown1").Position(), 4);
+    QAccessibleInterface* const trials = interfaceOf("UpDown2");
+    trials->editableTextInterface()->replaceText(0, trials->textInterface()->characterCount(),
+                                                 QStringLiteral("500"));
+    EXPECT_EQ(upDown("UpDown2").Position(), 500);
+    QAccessible::queryAccessibleInterface(&edit("Edit1"))
+        ->setText(QAccessible::Value, QStringLiteral("5"));
+    EXPECT_EQ(upDown("UpDown1").Position(), 5);
+    const QStringList expected = QStringList{QString()} + nextLog({5, 500, 0.95});
+    click(button("BtnCalcular"));
+    EXPECT_EQ(log(), expected);
+}
+
+TEST_F(PowerWindow, AfterAClickTheTrialsHaveNoMarkThatCouldBeADecimalSign)
+{
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000"));
+    edit("Edit2").setFocus();
+    button("BtnCalcular").setFocus();
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000")) << "nobody clicked";
+    for (const char* const shown : {"1100", "1200"}) {
+        QTest::keyClick(&upDown("UpDown2"), Qt::Key_Up);
+        EXPECT_EQ(edit("Edit2").text(), QString::fromUtf8(shown));
+    }
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1000"));
+}
+
+TEST_F(PowerWindow, EveryStepIsOneClick)
+{
+    QSignalSpy clicks(&upDown("UpDown1"), &controls::UpDown::Click);
+    for (int i = 1; i <= 5; ++i) {
+        QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up); // the last two at the limit
+        EXPECT_EQ(clicks.size(), i);
+    }
+}
+
 TEST_F(PowerWindow, ArrowsStopAtTheirLimits)
 {
     for (int i = 0; i < 10; ++i)
@@ -170,7 +270,7 @@ TEST_F(PowerWindow, ArrowsStopAtTheirLimits)
     EXPECT_EQ(edit("Edit1").text(), QStringLiteral("6"));
     for (int i = 0; i < 60; ++i)
         QTest::keyClick(&upDown("UpDown2"), Qt::Key_Up);
-    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("5.000"));
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("5000"));
     for (int i = 0; i < 60; ++i)
         QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
     EXPECT_EQ(edit("Edit2").text(), QStringLiteral("500"));
@@ -214,9 +314,14 @@ TEST_F(PowerWindow, InAFrameThePopupsCountFromTheChildsFrame)
     area.show();
     frame->move(15, 25);
     const auto& opener = in<QPushButton>(*child, "BtnSig");
-    in<QPushButton>(*child, "BtnSig").click();
-    EXPECT_EQ(in<QMenu>(*child, "MenuSig").pos(),
-              QPoint(15 + opener.x() + 10, 25 + opener.y() + opener.height() + 90));
+    auto& menu = in<QMenu>(*child, "MenuSig");
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(-120, 40)}) {
+        area.move(corner);
+        in<QPushButton>(*child, "BtnSig").click();
+        EXPECT_EQ(menu.pos(),
+                  corner + QPoint(15 + opener.x() + 10, 25 + opener.y() + opener.height() + 90));
+        menu.close();
+    }
 }
 
 TEST_F(PowerWindow, SavesTheLogWithItsEmptyFirstLine)
