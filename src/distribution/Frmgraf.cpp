@@ -159,6 +159,7 @@ void TGrafica::createCharts()
     splitter->addWidget(m_graph);
     splitter->addWidget(m_graph2);
     splitter->setHandleWidth(splitterHeight);
+    splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     const int lower = lowerChartHeight();
@@ -194,7 +195,7 @@ void TGrafica::saveBitmap(const chart::TRChart& chart, const QString& title)
     window::FileRequest request{title, QStringLiteral("grafica.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de Bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, false); });
+    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, true); });
 }
 
 void TGrafica::copyBitmap(const chart::TRChart& chart)

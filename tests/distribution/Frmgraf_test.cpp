@@ -119,6 +119,24 @@ TEST_F(Grafica, ChartsShareTheWindowBySplitter)
     EXPECT_EQ(lower().height(), 160);
 }
 
+TEST_F(Grafica, NoChartCanBePushedToNothing)
+{
+    window->show();
+    QApplication::processEvents();
+    auto* splitter = window->findChild<QSplitter*>(QStringLiteral("Splitter1"));
+    QWidget* handle = splitter->handle(1);
+    for (const int way : {500, -500}) {
+        const QPoint from = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, {}, from);
+        QTest::mouseMove(handle, from + QPoint(0, way));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, from + QPoint(0, way));
+        for (TRChart* chart : {&upper(), &lower()}) {
+            EXPECT_TRUE(chart->isVisible()) << way;
+            EXPECT_GE(chart->height(), chart->minimumSizeHint().height()) << way;
+        }
+    }
+}
+
 TEST_F(Grafica, MenuHasItsEntries)
 {
     QMenu* menu = window->menu();
@@ -263,8 +281,8 @@ TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
     const auto read = [&](const char* name) {
         return QImage::fromData(bytesOf(path(name)), "BMP").convertToFormat(QImage::Format_RGB32);
     };
-    EXPECT_EQ(read("uno.bmp"), upper().picture(false));
-    EXPECT_EQ(read("acumulada.bmp"), lower().picture(false));
+    EXPECT_EQ(read("uno.bmp"), upper().picture(true));
+    EXPECT_EQ(read("acumulada.bmp"), lower().picture(true));
     const window::FileRequest& request = dialogs.saveRequests.front();
     EXPECT_EQ(request.fileName, QStringLiteral("grafica.bmp"));
     EXPECT_EQ(request.suffix, QStringLiteral("bmp"));
@@ -273,6 +291,31 @@ TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
     ASSERT_TRUE(request.writtenName);
     EXPECT_EQ(request.writtenName(path("uno.dos.dat")), path("uno.bmp"));
     EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(Grafica, SavedOnADarkDesktopItHasAWhiteGroundAndDarkLetters)
+{
+    window->setPalette(QPalette(QColor(45, 45, 45)));
+    showC();
+    dialogs.saveAnswers = {path("uno.bmp"), path("dos.bmp")};
+    entry("GuardarGrfica1").trigger();
+    entry("GuardaGrficaAcumulada1").trigger();
+    for (const auto& [name, chart] : {std::pair("uno.bmp", &upper()), {"dos.bmp", &lower()}}) {
+        const QImage saved = QImage::fromData(bytesOf(path(name)), "BMP");
+        const QRect plot = chart->geometry().layout.plot;
+        EXPECT_EQ(saved.pixelColor(0, 0), QColor(Qt::white));
+        EXPECT_EQ(saved.pixelColor(plot.left() - 1, plot.bottom() + 1), QColor(Qt::white));
+        EXPECT_GT(saved.pixelColor(plot.right() + 2, plot.center().y()).lightness(), 80)
+            << "the shadow, in the palette's grey on white";
+        const QRect caption = chart->geometry().layout.caption;
+        int dark = 0;
+        for (int x = caption.left(); x <= caption.right(); ++x) {
+            for (int y = caption.top(); y <= caption.bottom(); ++y)
+                dark += saved.pixelColor(x, y).lightness() < 80 ? 1 : 0;
+        }
+        EXPECT_GT(dark, 50) << "its letters";
+        EXPECT_LT(chart->picture(false).pixelColor(0, 0).lightness(), 80) << "the screen's";
+    }
 }
 
 TEST_F(Grafica, CancelledDialogsWriteNothing)

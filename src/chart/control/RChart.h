@@ -100,7 +100,7 @@ public:
     QString IdOrdinate() const { return m_contents.y.id; }
     void setIdAbscissa(const QString& caption) { assign(m_contents.x.id, caption); }
     void setIdOrdinate(const QString& caption) { assign(m_contents.y.id, caption); }
-    /// Decimals of the tick labels, kept within -3..12.
+    /// Decimals of the tick labels, kept within -3..12; labels that would read alike get more.
     int DecPlaceX() const { return m_contents.x.labels.decimals; }
     int DecPlaceY() const { return m_contents.y.labels.decimals; }
     void setDecPlaceX(int decimals) { setDecPlace(m_contents.x, decimals); }

@@ -142,7 +142,7 @@ void TPotencia::GuardarGrafica1Click()
                                 QStringLiteral("grafica potencia.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    save(request, [this](const QString& chosen) { return m_graph->SaveAsBitmap(chosen, false); });
+    save(request, [this](const QString& chosen) { return m_graph->SaveAsBitmap(chosen, true); });
 }
 
 void TPotencia::GuardarReporte1Click()

@@ -349,6 +349,7 @@ TEST_F(PowerWindow, SavesTheLogWithItsEmptyFirstLine)
 TEST_F(PowerWindow, SavesTheGraph)
 {
     QTemporaryDir folder;
+    window->setPalette(QPalette(QColor(45, 45, 45))); // of a dark desktop
     click(button("BtnCalcular"));
     dialogs.saveAnswers = {folder.filePath(QStringLiteral("p.bmp")), std::nullopt};
     window->menu()->actions().at(0)->trigger();
@@ -357,7 +358,9 @@ TEST_F(PowerWindow, SavesTheGraph)
     EXPECT_EQ(dialogs.saveRequests[0].fileName, QStringLiteral("grafica potencia.bmp"));
     EXPECT_EQ(dialogs.saveRequests[0].suffix, QStringLiteral("bmp"));
     EXPECT_EQ(dialogs.saveRequests[0].filter, QStringLiteral("Mapa de bits (BMP)|*.bmp"));
-    EXPECT_EQ(QImage(folder.filePath(QStringLiteral("p.bmp"))).size(), graph().size());
+    const QImage saved(folder.filePath(QStringLiteral("p.bmp")));
+    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), graph().picture(true));
+    EXPECT_EQ(saved.pixelColor(0, 0), QColor(Qt::white));
     window->GuardarGrafica1Click(); // cancelled
     EXPECT_TRUE(dialogs.errors.empty());
 }
