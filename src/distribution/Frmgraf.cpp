@@ -150,8 +150,13 @@ void TGrafica::createCharts()
                                   QStringLiteral("P(X=k)"), 3, 4});
     m_graph2 = chart::createChart({QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
                                    QStringLiteral("Valor"), QStringLiteral("P(X<=k)"), 2, 3});
-    for (chart::TRChart* chart : {m_graph, m_graph2})
+    for (const auto& [chart, other] : {std::pair(m_graph, m_graph2), {m_graph2, m_graph}}) {
         chart->setMinTickX(8);
+        connect(chart, &chart::TRChart::viewChanged, this, [this, chart = chart, other = other] {
+            other->followX(*chart);
+            alignCharts();
+        });
+    }
 
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("Splitter1"));

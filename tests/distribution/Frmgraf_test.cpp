@@ -189,6 +189,59 @@ TEST_F(Grafica, PlotsHaveOneLeftEdge)
     EXPECT_EQ(upper().LRim(), lower().LRim());
 }
 
+/// By keys, by a rectangle and by moving the sheet, with the way back of either chart.
+TEST_F(Grafica, BothChartsZoomInXTogether)
+{
+    showC();
+    window->resize(700, 600);
+    window->show();
+    QApplication::processEvents();
+    const auto expectOneX = [this](const char* after) {
+        EXPECT_EQ(upper().RangeLoX(), lower().RangeLoX()) << after;
+        EXPECT_EQ(upper().RangeHiX(), lower().RangeHiX()) << after;
+        EXPECT_EQ(upper().LRim(), lower().LRim()) << after;
+    };
+    const long double fullLow = upper().RangeLoX();
+    const long double fullTop = lower().RangeHiY();
+
+    QTest::keyClick(&upper(), Qt::Key_Plus);
+    EXPECT_GT(lower().RangeLoX(), fullLow);
+    EXPECT_EQ(lower().RangeHiY(), fullTop) << "its own y stays";
+    expectOneX("a key above");
+
+    const QPoint centre = lower().geometry().layout.plot.center();
+    QTest::mousePress(&lower(), Qt::LeftButton, {}, centre);
+    QTest::mouseMove(&lower(), centre + QPoint(60, 20));
+    QTest::mouseRelease(&lower(), Qt::LeftButton, {}, centre + QPoint(60, 20));
+    expectOneX("a rectangle below");
+    const long double zoomedLow = upper().RangeLoX();
+
+    QTest::mousePress(&upper(), Qt::MiddleButton, {}, centre);
+    for (const int moved : {10, 20, 30}) {
+        QTest::mouseMove(&upper(), centre + QPoint(moved, 0));
+        expectOneX("on the way");
+    }
+    QTest::mouseRelease(&upper(), Qt::MiddleButton, {}, centre + QPoint(30, 0));
+    EXPECT_LT(lower().RangeLoX(), zoomedLow);
+    EXPECT_EQ(lower().zoomHistory().size(), 4U) << "a drag is one step for both";
+
+    for (TRChart* chart : {&lower(), &upper(), &lower()}) {
+        QTest::keyClick(chart, Qt::Key_Escape);
+        expectOneX("a step back");
+    }
+    for (TRChart* chart : {&upper(), &lower()}) {
+        EXPECT_FALSE(chart->zoomHistory().canGoBack());
+        EXPECT_EQ(chart->RangeLoX(), fullLow);
+    }
+    EXPECT_EQ(lower().RangeHiY(), fullTop);
+
+    QTest::keyClick(&upper(), Qt::Key_Plus);
+    QTest::keyClick(&lower(), Qt::Key_Plus);
+    QTest::mouseDClick(&upper(), Qt::LeftButton, {}, centre);
+    expectOneX("everything");
+    EXPECT_EQ(lower().RangeHiY(), fullTop);
+}
+
 TEST_F(Grafica, LastCumulativeValueIsOne)
 {
     for (const bool isC : {true, false}) {

@@ -178,6 +178,12 @@ QString TRChart::description() const
     return chartDescription(m_contents, ranges(), items());
 }
 
+void TRChart::followX(const TRChart& other)
+{
+    m_view.followX(other.ranges().x, other.m_view.isStep());
+    redraw();
+}
+
 void TRChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -204,23 +210,35 @@ void TRChart::mousePressEvent(QMouseEvent* event)
 
 void TRChart::mouseMoveEvent(QMouseEvent* event)
 {
-    m_navigation.move(event->position().toPoint());
+    letUserChangeView([&] { m_navigation.move(event->position().toPoint()); });
 }
 
 void TRChart::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_navigation.release(*event);
+    letUserChangeView([&] { m_navigation.release(*event); });
 }
 
 void TRChart::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    event->setAccepted(m_navigation.doubleClick(*event));
+    letUserChangeView([&] { event->setAccepted(m_navigation.doubleClick(*event)); });
 }
 
 void TRChart::keyPressEvent(QKeyEvent* event)
 {
-    if (!m_navigation.key(event->key()))
-        QWidget::keyPressEvent(event);
+    letUserChangeView([&] {
+        if (!m_navigation.key(event->key()))
+            QWidget::keyPressEvent(event);
+    });
+}
+
+template <typename Call>
+void TRChart::letUserChangeView(Call call)
+{
+    const View before = ranges();
+    const bool wasStep = m_view.isStep();
+    call();
+    if (ranges() != before || m_view.isStep() != wasStep)
+        emit viewChanged();
 }
 
 void TRChart::addItem(ChartItem item)

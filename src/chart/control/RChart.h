@@ -229,6 +229,14 @@ public:
     /// What the chart shows, in words and numbers, for those who cannot see it.
     QString description() const;
 
+public slots:
+    /// Shows the x range of another chart after its viewChanged().
+    void followX(const TRChart& other);
+
+signals:
+    /// The user has changed what is shown, by a step or on the way to one.
+    void viewChanged();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -261,6 +269,8 @@ private:
     std::optional<long double> unitRatio(const View& view) const;
     void contentsChanged();
     void redraw();
+    template <typename Call>
+    void letUserChangeView(Call call);
 
     Measure m_measure;
     ChartContents m_contents;
