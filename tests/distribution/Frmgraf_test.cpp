@@ -181,6 +181,43 @@ TEST_F(Grafica, ShowsTheDistributionOnBothCharts)
     EXPECT_EQ(upper().items().size(), 112U);
 }
 
+/// On the screen at scale 1 and 2, and in the bitmap: how much ink a column of pixels takes from a
+/// level line and from a slanted one, which has smooth edges.
+TEST_F(Grafica, CurvesAreSmoothAndTwoPixelsWide)
+{
+    window->setDistribution({{{0.0, 0.5, 0.5}, {0.5, 0.5, 0.5}, {1.0, 0.25, 1.0}}, {}, {}});
+    window->ShowDistribution();
+    window->resize(700, 500);
+    window->show();
+    QApplication::processEvents();
+    TRChart& chart = upper();
+    chart.setGridStyle(chart::GridStyle::gsNone);
+    const auto onScreen = [&chart](int scale) {
+        QImage image(chart.size() * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        chart.render(&image);
+        return image;
+    };
+    for (const QImage& image : {onScreen(1), onScreen(2), chart.picture(true)}) {
+        const auto scale = static_cast<int>(image.devicePixelRatio());
+        const QRect plot = chart.geometry().layout.plot.adjusted(1, 1, -1, -1);
+        const auto inkAt = [&](double x) {
+            int ink = 0;
+            int greys = 0;
+            const int column = chart.geometry().xScale.toPixel(x) * scale;
+            for (int y = plot.top() * scale; y <= plot.bottom() * scale; ++y) {
+                const int dark = 255 - qGray(image.pixel(column, y));
+                ink += dark;
+                greys += dark > 20 && dark < 235 ? 1 : 0;
+            }
+            return std::pair(ink / 255.0 / scale, greys);
+        };
+        EXPECT_NEAR(inkAt(0.25).first, 2.0, 0.1);
+        EXPECT_GT(inkAt(0.75).first, 2.0); // it crosses the column aslant
+        EXPECT_GE(inkAt(0.75).second, 1);
+    }
+}
+
 TEST_F(Grafica, PlotsHaveOneLeftEdge)
 {
     showC();

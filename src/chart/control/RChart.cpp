@@ -316,6 +316,7 @@ TRChart* createChart(const ChartForm& form)
     chart->setRangeHiX(form.rangeHi);
     chart->setRangeHiY(form.rangeHi);
     chart->makeFullView();
+    chart->setLineWidth(2); // thinner ones look ragged
     chart->setGridStyle(GridStyle::gsHorizDotLines);
     chart->setMouseAction(MouseAction::maZoomDrag);
     return chart;

@@ -316,8 +316,8 @@ struct ChartForm {
     long double rangeHi = 10.0L; ///< Of both axes while nothing is drawn; they begin at 0.
 };
 
-/// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines,
-/// zoomed by dragging, the rest as a chart begins.
+/// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines in
+/// its grid and lines of two pixels on it, zoomed by dragging, the rest as a chart begins.
 TRChart* createChart(const ChartForm& form);
 
 } // namespace chart

@@ -159,6 +159,8 @@ TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
     EXPECT_EQ(countOf(chart::ItemKind::Move), 4 * 21);
     EXPECT_EQ(countOf(chart::ItemKind::Line), 4 * 21);
     EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21);
+    for (const chart::ChartItem& item : graph().items())
+        ASSERT_EQ(item.attributes.lineWidth, 2);
     EXPECT_LT(graph().RangeLoX(), 0.0L);
     EXPECT_GT(graph().RangeHiX(), 1.0L);
     click(button("BtnCalcular"));
