@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chart/control/ChartNavigation.h"
+#include "chart/control/PointReader.h"
 #include "chart/drawing/ChartContents.h"
 #include "chart/drawing/ChartGeometry.h"
 #include "chart/scale/ChartView.h"
@@ -21,7 +22,7 @@ namespace chart {
 ///
 /// All coordinates of items and ranges are data coordinates, all sizes logical pixels. Adding items
 /// does not redraw; a range or an attribute that changes the picture does while AutoRedraw is on.
-/// What the user can do to the view says ChartNavigation.h.
+/// What the user can do to the view says ChartNavigation.h, how values are read PointReader.h.
 ///
 /// The windows of this program call a part of it: items, captions, bounds, decimals, the zoom and
 /// what makes a picture. The rest, such as shared data, logarithmic and dated axes or cross-hairs,
@@ -146,6 +147,9 @@ public:
     void setLineWidth(int width); ///< Kept within 1..64.
     void setClassDefault(int classNumber) { m_attributes.classNumber = classNumber; }
 
+    /// The curves by name, for who cannot tell them by their colours.
+    void setSeries(const std::vector<Series>& series) { m_contents.series = series; }
+
     // Colours and styles. An invalid window or shadow colour asks for the palette's.
     QString Caption() const { return m_contents.caption; }
     QColor ScaleColor() const { return m_contents.style.scaleColor; }
@@ -246,6 +250,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     /// Once per process; calling it again does nothing.
@@ -278,6 +284,7 @@ private:
     ItemAttributes m_attributes;
     ChartView m_view;
     ChartNavigation m_navigation;
+    PointReader m_reader;
     bool m_autoRedraw = true;
 
     TRChart* m_source = nullptr;   ///< The chart whose items are drawn.

@@ -67,6 +67,7 @@ void TPotencia::BtnCalcularClick()
     try {
         const BusyCursor busy;
         m_graph->ClearItems();
+        m_graph->setIdAbscissa(abscissaText());
         log(startLines(m_settings));
         runPowerStudy(m_settings, programAleatorio(), stats::programIntegers(),
                       [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
@@ -203,6 +204,15 @@ void TPotencia::setLevel(int percent)
 QString TPotencia::levelText() const
 {
     return QStringLiteral("Nivel de Significancia %1%").arg(qRound(100 * m_settings.level));
+}
+
+/// What the curves of a study are, so that its picture can be read alone.
+QString TPotencia::abscissaText() const
+{
+    return QStringLiteral("Diferencia (tamaño %1, %2 pruebas, %3, %4). Rojo: C; azul: Bennett; "
+                          "verde: M; negro: Zimmerman")
+        .arg(QString::number(m_settings.order), QString::number(m_settings.trials), levelText(),
+             caption(m_settings.errorKind));
 }
 
 void TPotencia::setErrorKind(ErrorKind kind)

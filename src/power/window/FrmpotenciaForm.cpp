@@ -51,15 +51,16 @@ controls::UpDown* upDownOf(int number, const QString& accessibleName, int low, i
 }
 
 /// A square of a curve's colour and the name of its test.
-QWidget* legendEntry(int number, const QColor& color, const QString& text)
+QWidget* legendEntry(int number, const chart::Series& series)
 {
+    const QString& text = series.name;
     constexpr int side = 13; // pixels
     auto* square = named(new QFrame, QStringLiteral("Shape%1").arg(number),
                          QStringLiteral("Color de la ") + text);
     square->setFixedSize(side, side);
     square->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette palette;
-    palette.setColor(QPalette::Window, color);
+    palette.setColor(QPalette::Window, QColor::fromRgba(series.color));
     square->setPalette(palette);
     square->setAutoFillBackground(true);
 
@@ -189,10 +190,16 @@ QWidget* TPotencia::createLegend()
     row->setContentsMargins(6, 4, 6, 4);
     row->setSpacing(18);
     row->addStretch();
-    row->addWidget(legendEntry(1, colorOfZimmerman, QStringLiteral("Prueba de Zimmerman")));
-    row->addWidget(legendEntry(2, colorOfBennett, QStringLiteral("Prueba de Bennett")));
-    row->addWidget(legendEntry(3, colorOfC, QStringLiteral("Prueba C")));
-    row->addWidget(legendEntry(4, colorOfM, QStringLiteral("Prueba M")));
+    const std::vector<chart::Series> tests{
+        {colorOfZimmerman.rgba(), QStringLiteral("Prueba de Zimmerman")},
+        {colorOfBennett.rgba(), QStringLiteral("Prueba de Bennett")},
+        {colorOfC.rgba(), QStringLiteral("Prueba C")},
+        {colorOfM.rgba(), QStringLiteral("Prueba M")},
+    };
+    m_graph->setSeries(tests);
+    int number = 0;
+    for (const chart::Series& test : tests)
+        row->addWidget(legendEntry(++number, test));
     row->addStretch();
     return panel;
 }

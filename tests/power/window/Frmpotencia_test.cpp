@@ -167,6 +167,37 @@ TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
     EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21) << "each study starts afresh";
 }
 
+TEST_F(PowerWindow, TheGraphCanBeReadAlone)
+{
+    EXPECT_EQ(graph().IdAbscissa(), QStringLiteral("Diferencia"));
+    choose(*window, "BtnDist", "MenuDist", "Triangular1");
+    choose(*window, "BtnSig", "MenuSig", "N991");
+    QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up);
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    click(button("BtnCalcular"));
+    const QString expected =
+        QStringLiteral("Diferencia (tamaño 4, 900 pruebas, Nivel de Significancia 99%, "
+                       "Distribución Triangular [0,1]). Rojo: C; azul: Bennett; verde: M; negro: "
+                       "Zimmerman");
+    EXPECT_EQ(graph().IdAbscissa(), expected);
+    choose(*window, "BtnSig", "MenuSig", "N901");
+    EXPECT_EQ(graph().IdAbscissa(), expected) << "until it is calculated again";
+    EXPECT_EQ(graph().Caption(), QStringLiteral("Potencias"));
+    for (const int width : {window->minimumSizeHint().width(), window->width()}) {
+        window->resize(width, window->height());
+        QCoreApplication::processEvents();
+        const chart::ChartLayout& layout = graph().geometry().layout;
+        EXPECT_FALSE(layout.abscissa.isNull());
+        for (const QString& line : layout.abscissaLines)
+            EXPECT_LE(QFontMetrics(graph().geometry().font).horizontalAdvance(line),
+                      layout.abscissa.width());
+        EXPECT_EQ(layout.abscissaLines.join(QLatin1Char(' ')), expected);
+    }
+    EXPECT_TRUE(graph().description().contains(expected));
+    EXPECT_TRUE(graph().description().contains(QStringLiteral("Puntos: 84.\n")));
+    EXPECT_EQ(graph().description().count(QStringLiteral("\nPrueba de Bennett:\n")), 1);
+}
+
 TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
 {
     const auto type = [this] {
