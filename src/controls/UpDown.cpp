@@ -5,8 +5,6 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
-#include <algorithm>
-
 namespace controls {
 
 namespace {
@@ -29,11 +27,14 @@ UpDown::UpDown(int low, int high, int increment, Typing typing, QWidget* parent)
     setSingleStep(increment);
     setValue(low);
     setFocusPolicy(Qt::StrongFocus); // which the wheel does not give
-    if (typing == Typing::Nothing) {
-        edit()->setReadOnly(true);
-        // Assistive technology sets values without a step.
-        connect(this, &QSpinBox::valueChanged, this, &UpDown::takeOver);
-    }
+    edit()->setReadOnly(typing == Typing::Nothing);
+    // Assistive technology sets values and texts without a step, and without an edit by keys.
+    connect(edit(), &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+    connect(this, &QSpinBox::valueChanged, this, [this] {
+        if (!m_isTyping)
+            takeOver();
+    });
+    connect(edit(), &QLineEdit::textChanged, this, [this] { m_isTyping = false; });
 }
 
 void UpDown::setPosition(int position)
@@ -43,13 +44,24 @@ void UpDown::setPosition(int position)
     m_position = value();
 }
 
+void UpDown::setFirstText(const QString& text)
+{
+    m_firstText = text;
+    setPosition(m_position);
+}
+
+bool UpDown::discardTyped()
+{
+    const bool wasTyped = !edit()->hasAcceptableInput() || value() != m_position;
+    setPosition(m_position);
+    return wasTyped;
+}
+
 void UpDown::stepBy(int steps)
 {
-    const int target = std::clamp(value() + steps * singleStep(), minimum(), maximum());
-    const bool changeTells = edit()->isReadOnly() && target != value();
-    if (changeTells || !edit()->isReadOnly())
-        QSpinBox::stepBy(steps);
-    if (!changeTells)
+    m_clicked = false;
+    QSpinBox::stepBy(steps);
+    if (!m_clicked) // at a limit
         takeOver();
 }
 
@@ -69,10 +81,8 @@ QAbstractSpinBox::StepEnabled UpDown::stepEnabled() const
 
 QString UpDown::textFromValue(int value) const
 {
-    QString text = QString::number(value);
-    for (qsizetype place = text.size() - 3; place > 0; place -= 3)
-        text.insert(place, thousandsSeparator);
-    return text;
+    const bool isFirst = !m_firstText.isEmpty() && valueFromText(m_firstText) == value;
+    return isFirst ? m_firstText : QString::number(value);
 }
 
 int UpDown::valueFromText(const QString& text) const
@@ -89,6 +99,8 @@ QValidator::State UpDown::validate(QString& text, int& cursor) const
 void UpDown::takeOver()
 {
     m_position = value();
+    m_firstText.clear();
+    m_clicked = true;
     emit Click();
 }
 

@@ -8,8 +8,9 @@
 namespace controls {
 
 /// Up and down arrows that drive an edit, without wrap-around. Arrows and keys step, and the wheel
-/// where the control has the focus: who scrolls past it changes nothing. The position is in the
-/// edit with its thousands set apart by a point: "1.000".
+/// where the control has the focus: who scrolls past it changes nothing. A value that assistive
+/// technology sets is a click too. The position stands in the edit in plain digits, which no
+/// decimal sign can be mistaken in.
 class UpDown : public QSpinBox {
     Q_OBJECT
 
@@ -31,6 +32,13 @@ public:
     void setPosition(int position);
     int Position() const { return m_position; }
 
+    /// What stands in the edit at this position until the first click; its thousands may be set
+    /// apart by a point.
+    void setFirstText(const QString& text);
+
+    /// Sets back what was typed and never taken over by a step. @return whether there was any
+    bool discardTyped();
+
     void stepBy(int steps) override;
 
 signals:
@@ -48,6 +56,9 @@ private:
     void takeOver();
 
     int m_position;
+    QString m_firstText;
+    bool m_isTyping = false; ///< While the edit tells of what its user typed.
+    bool m_clicked = false;
 };
 
 } // namespace controls

@@ -150,8 +150,13 @@ void TGrafica::createCharts()
                                   QStringLiteral("P(X=k)"), 3, 4});
     m_graph2 = chart::createChart({QStringLiteral("Graph2"), QStringLiteral("Distrib. Acumulada"),
                                    QStringLiteral("Valor"), QStringLiteral("P(X<=k)"), 2, 3});
-    for (chart::TRChart* chart : {m_graph, m_graph2})
+    for (const auto& [chart, other] : {std::pair(m_graph, m_graph2), {m_graph2, m_graph}}) {
         chart->setMinTickX(8);
+        connect(chart, &chart::TRChart::viewChanged, this, [this, chart = chart, other = other] {
+            other->followX(*chart);
+            alignCharts();
+        });
+    }
 
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setObjectName(QStringLiteral("Splitter1"));
@@ -159,6 +164,7 @@ void TGrafica::createCharts()
     splitter->addWidget(m_graph);
     splitter->addWidget(m_graph2);
     splitter->setHandleWidth(splitterHeight);
+    splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     const int lower = lowerChartHeight();
@@ -194,7 +200,7 @@ void TGrafica::saveBitmap(const chart::TRChart& chart, const QString& title)
     window::FileRequest request{title, QStringLiteral("grafica.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de Bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, false); });
+    save(request, [&chart](const QString& chosen) { return chart.SaveAsBitmap(chosen, true); });
 }
 
 void TGrafica::copyBitmap(const chart::TRChart& chart)

@@ -119,6 +119,24 @@ TEST_F(Grafica, ChartsShareTheWindowBySplitter)
     EXPECT_EQ(lower().height(), 160);
 }
 
+TEST_F(Grafica, NoChartCanBePushedToNothing)
+{
+    window->show();
+    QApplication::processEvents();
+    auto* splitter = window->findChild<QSplitter*>(QStringLiteral("Splitter1"));
+    QWidget* handle = splitter->handle(1);
+    for (const int way : {500, -500}) {
+        const QPoint from = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, {}, from);
+        QTest::mouseMove(handle, from + QPoint(0, way));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, from + QPoint(0, way));
+        for (TRChart* chart : {&upper(), &lower()}) {
+            EXPECT_TRUE(chart->isVisible()) << way;
+            EXPECT_GE(chart->height(), chart->minimumSizeHint().height()) << way;
+        }
+    }
+}
+
 TEST_F(Grafica, MenuHasItsEntries)
 {
     QMenu* menu = window->menu();
@@ -163,12 +181,102 @@ TEST_F(Grafica, ShowsTheDistributionOnBothCharts)
     EXPECT_EQ(upper().items().size(), 112U);
 }
 
+/// On the screen at scale 1 and 2, and in the bitmap: how much ink a column of pixels takes from a
+/// level line and from a slanted one, which has smooth edges.
+TEST_F(Grafica, CurvesAreSmoothAndTwoPixelsWide)
+{
+    window->setDistribution({{{0.0, 0.5, 0.5}, {0.5, 0.5, 0.5}, {1.0, 0.25, 1.0}}, {}, {}});
+    window->ShowDistribution();
+    window->resize(700, 500);
+    window->show();
+    QApplication::processEvents();
+    TRChart& chart = upper();
+    chart.setGridStyle(chart::GridStyle::gsNone);
+    const auto onScreen = [&chart](int scale) {
+        QImage image(chart.size() * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        chart.render(&image);
+        return image;
+    };
+    for (const QImage& image : {onScreen(1), onScreen(2), chart.picture(true)}) {
+        const auto scale = static_cast<int>(image.devicePixelRatio());
+        const QRect plot = chart.geometry().layout.plot.adjusted(1, 1, -1, -1);
+        const auto inkAt = [&](double x) {
+            int ink = 0;
+            int greys = 0;
+            const int column = chart.geometry().xScale.toPixel(x) * scale;
+            for (int y = plot.top() * scale; y <= plot.bottom() * scale; ++y) {
+                const int dark = 255 - qGray(image.pixel(column, y));
+                ink += dark;
+                greys += dark > 20 && dark < 235 ? 1 : 0;
+            }
+            return std::pair(ink / 255.0 / scale, greys);
+        };
+        EXPECT_NEAR(inkAt(0.25).first, 2.0, 0.1);
+        EXPECT_GT(inkAt(0.75).first, 2.0); // it crosses the column aslant
+        EXPECT_GE(inkAt(0.75).second, 1);
+    }
+}
+
 TEST_F(Grafica, PlotsHaveOneLeftEdge)
 {
     showC();
     window->show();
     QApplication::processEvents();
     EXPECT_EQ(upper().LRim(), lower().LRim());
+}
+
+/// By keys, by a rectangle and by moving the sheet, with the way back of either chart.
+TEST_F(Grafica, BothChartsZoomInXTogether)
+{
+    showC();
+    window->resize(700, 600);
+    window->show();
+    QApplication::processEvents();
+    const auto expectOneX = [this](const char* after) {
+        EXPECT_EQ(upper().RangeLoX(), lower().RangeLoX()) << after;
+        EXPECT_EQ(upper().RangeHiX(), lower().RangeHiX()) << after;
+        EXPECT_EQ(upper().LRim(), lower().LRim()) << after;
+    };
+    const long double fullLow = upper().RangeLoX();
+    const long double fullTop = lower().RangeHiY();
+
+    QTest::keyClick(&upper(), Qt::Key_Plus);
+    EXPECT_GT(lower().RangeLoX(), fullLow);
+    EXPECT_EQ(lower().RangeHiY(), fullTop) << "its own y stays";
+    expectOneX("a key above");
+
+    const QPoint centre = lower().geometry().layout.plot.center();
+    QTest::mousePress(&lower(), Qt::LeftButton, {}, centre);
+    QTest::mouseMove(&lower(), centre + QPoint(60, 20));
+    QTest::mouseRelease(&lower(), Qt::LeftButton, {}, centre + QPoint(60, 20));
+    expectOneX("a rectangle below");
+    const long double zoomedLow = upper().RangeLoX();
+
+    QTest::mousePress(&upper(), Qt::MiddleButton, {}, centre);
+    for (const int moved : {10, 20, 30}) {
+        QTest::mouseMove(&upper(), centre + QPoint(moved, 0));
+        expectOneX("on the way");
+    }
+    QTest::mouseRelease(&upper(), Qt::MiddleButton, {}, centre + QPoint(30, 0));
+    EXPECT_LT(lower().RangeLoX(), zoomedLow);
+    EXPECT_EQ(lower().zoomHistory().size(), 4U) << "a drag is one step for both";
+
+    for (TRChart* chart : {&lower(), &upper(), &lower()}) {
+        QTest::keyClick(chart, Qt::Key_Escape);
+        expectOneX("a step back");
+    }
+    for (TRChart* chart : {&upper(), &lower()}) {
+        EXPECT_FALSE(chart->zoomHistory().canGoBack());
+        EXPECT_EQ(chart->RangeLoX(), fullLow);
+    }
+    EXPECT_EQ(lower().RangeHiY(), fullTop);
+
+    QTest::keyClick(&upper(), Qt::Key_Plus);
+    QTest::keyClick(&lower(), Qt::Key_Plus);
+    QTest::mouseDClick(&upper(), Qt::LeftButton, {}, centre);
+    expectOneX("everything");
+    EXPECT_EQ(lower().RangeHiY(), fullTop);
 }
 
 TEST_F(Grafica, LastCumulativeValueIsOne)
@@ -263,8 +371,8 @@ TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
     const auto read = [&](const char* name) {
         return QImage::fromData(bytesOf(path(name)), "BMP").convertToFormat(QImage::Format_RGB32);
     };
-    EXPECT_EQ(read("uno.bmp"), upper().picture(false));
-    EXPECT_EQ(read("acumulada.bmp"), lower().picture(false));
+    EXPECT_EQ(read("uno.bmp"), upper().picture(true));
+    EXPECT_EQ(read("acumulada.bmp"), lower().picture(true));
     const window::FileRequest& request = dialogs.saveRequests.front();
     EXPECT_EQ(request.fileName, QStringLiteral("grafica.bmp"));
     EXPECT_EQ(request.suffix, QStringLiteral("bmp"));
@@ -273,6 +381,31 @@ TEST_F(Grafica, BitmapsAreSavedUnderTheCutName)
     ASSERT_TRUE(request.writtenName);
     EXPECT_EQ(request.writtenName(path("uno.dos.dat")), path("uno.bmp"));
     EXPECT_TRUE(dialogs.errors.empty());
+}
+
+TEST_F(Grafica, SavedOnADarkDesktopItHasAWhiteGroundAndDarkLetters)
+{
+    window->setPalette(QPalette(QColor(45, 45, 45)));
+    showC();
+    dialogs.saveAnswers = {path("uno.bmp"), path("dos.bmp")};
+    entry("GuardarGrfica1").trigger();
+    entry("GuardaGrficaAcumulada1").trigger();
+    for (const auto& [name, chart] : {std::pair("uno.bmp", &upper()), {"dos.bmp", &lower()}}) {
+        const QImage saved = QImage::fromData(bytesOf(path(name)), "BMP");
+        const QRect plot = chart->geometry().layout.plot;
+        EXPECT_EQ(saved.pixelColor(0, 0), QColor(Qt::white));
+        EXPECT_EQ(saved.pixelColor(plot.left() - 1, plot.bottom() + 1), QColor(Qt::white));
+        EXPECT_GT(saved.pixelColor(plot.right() + 2, plot.center().y()).lightness(), 80)
+            << "the shadow, in the palette's grey on white";
+        const QRect caption = chart->geometry().layout.caption;
+        int dark = 0;
+        for (int x = caption.left(); x <= caption.right(); ++x) {
+            for (int y = caption.top(); y <= caption.bottom(); ++y)
+                dark += saved.pixelColor(x, y).lightness() < 80 ? 1 : 0;
+        }
+        EXPECT_GT(dark, 50) << "its letters";
+        EXPECT_LT(chart->picture(false).pixelColor(0, 0).lightness(), 80) << "the screen's";
+    }
 }
 
 TEST_F(Grafica, CancelledDialogsWriteNothing)

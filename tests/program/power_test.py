@@ -12,7 +12,7 @@ import subprocess
 import pyatspi
 
 from driven import ProgramTest, main
-from stranger import wait_for
+from stranger import output, wait_for, xdotool
 
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 LOGS = pathlib.Path(__file__).resolve().parents[1] / "power" / "data"
@@ -120,6 +120,30 @@ class Power(ProgramTest):
         program.find("push button", "Distribución Triangular [0,1]")
         program.press("F9")
         self.check_log(self.appended(program, before), "6_500_99_triangular.txt")
+
+    def test_popups_move_with_the_frame(self):
+        program = self.start()
+        title = place(program.find("frame"))
+        xdotool("mousemove", title.x + title.width // 2, title.y - 8)
+        xdotool("click", "--repeat", 2, "--delay", 50, 1)  # no longer maximised
+        window = output("xdotool", "getactivewindow").strip()
+        xdotool("windowsize", window, 900, 600)
+
+        def button_and_entry(corner):
+            xdotool("windowmove", window, *corner)
+            wait_for("the moved frame", lambda: place(program.find("frame")).x == corner[0])
+            button = place(program.find("push button", "Nivel de Significancia 95%"))
+            program.click(program.find("push button", "Nivel de Significancia 95%"))
+            entry = place(program.find("menu item", "90%"))
+            program.press("Escape")
+            program.wait_until_gone("menu item", "90%")
+            return button, entry
+
+        button, entry = button_and_entry((0, 0))
+        moved_button, moved_entry = button_and_entry((200, 90))
+        self.assertNotEqual(moved_button.y, button.y)
+        self.assertEqual(moved_entry.x - entry.x, moved_button.x - button.x)
+        self.assertEqual(moved_entry.y - entry.y, moved_button.y - button.y)
 
     def test_two_windows_side_by_side(self):
         program = self.start()

@@ -3,7 +3,8 @@
 
 #include "base/NumberText.h"
 
-#include <QStringList>
+#include <algorithm>
+#include <vector>
 
 namespace chart {
 
@@ -18,26 +19,31 @@ QString boundText(long double bound)
 
 QString chartDescription(const ChartContents& contents, const View& view, const ItemList& items)
 {
-    constexpr qsizetype mostPoints = 1000; // more would keep a reader busy for hours
-    QStringList points;
-    qsizetype left = 0;
-    for (const ChartItem& item : items) {
-        if (!item.isFinite())
-            continue;
-        if (points.size() < mostPoints)
-            points += base::generalText(item.x) + QStringLiteral("; ") + base::generalText(item.y);
-        else
-            ++left;
-    }
+    std::vector<const ChartItem*> points = readablePoints(items);
+    const auto seriesOf = [&contents](const ChartItem* point) {
+        return seriesIndex(*point, contents.series);
+    };
+    std::stable_sort(points.begin(), points.end(),
+                     [&](const ChartItem* one, const ChartItem* other) {
+                         return seriesOf(one) < seriesOf(other);
+                     });
     QString text = QStringLiteral("Gráfica «%1». Eje horizontal: %2, de %3 a %4. Eje vertical: %5, "
                                   "de %6 a %7. Puntos: %8.")
                        .arg(contents.caption, contents.x.id, boundText(view.x.low()),
                             boundText(view.x.high()), contents.y.id, boundText(view.y.low()),
-                            boundText(view.y.high()), QString::number(points.size() + left));
-    for (const QString& point : points)
-        text += QLatin1Char('\n') + point;
-    if (left > 0)
-        text += QStringLiteral("\n... y %1 más").arg(left);
+                            boundText(view.y.high()), QString::number(points.size()));
+    constexpr std::size_t mostPoints = 1000; // more would keep a reader busy for hours
+    std::size_t lastSeries = contents.series.size();
+    for (std::size_t i = 0; i < std::min(points.size(), mostPoints); ++i) {
+        const std::size_t series = seriesOf(points[i]);
+        if (series != lastSeries && series < contents.series.size())
+            text += QLatin1Char('\n') + contents.series[series].name + QLatin1Char(':');
+        lastSeries = series;
+        text += QLatin1Char('\n') + base::generalText(points[i]->x) + QStringLiteral("; ") +
+                base::generalText(points[i]->y);
+    }
+    if (points.size() > mostPoints)
+        text += QStringLiteral("\n... y %1 más").arg(points.size() - mostPoints);
     return text;
 }
 

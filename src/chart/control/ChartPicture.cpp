@@ -23,7 +23,7 @@ QString noSizeReason()
 } // namespace
 
 QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGeometry& geometry,
-                    const QPalette& palette, bool whiteBackground)
+                    QPalette palette, bool whiteBackground)
 {
     QImage image(geometry.size, QImage::Format_RGB32);
     if (image.isNull())
@@ -31,6 +31,7 @@ QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGe
     if (whiteBackground) {
         contents.style.chartColor = Qt::white;
         contents.style.windColor = Qt::white;
+        palette.setColor(QPalette::Button, Qt::white); // what a shadow falls on
     }
     QPainter painter(&image);
     drawChart(painter, contents, items, geometry, palette);

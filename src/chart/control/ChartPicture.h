@@ -12,9 +12,10 @@
 namespace chart {
 
 /// A chart as an opaque picture of its geometry's size, one pixel for each logical one; null for no
-/// size. With a white background the chart's and the window's colour are white in it.
+/// size. With a white background the chart's and the window's colour are white in it, and so is
+/// what its shadow falls on where that is the palette's.
 QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGeometry& geometry,
-                    const QPalette& palette, bool whiteBackground);
+                    QPalette palette, bool whiteBackground);
 
 /// Puts a picture on the clipboard. @return why it could not, a whole sentence in Spanish
 std::optional<QString> copyPicture(const QImage& picture);

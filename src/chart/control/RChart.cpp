@@ -30,6 +30,9 @@ TRChart::TRChart(QWidget* parent, Measure measure)
     , m_navigation(
           *this, m_view, [this]() -> const ChartGeometry& { return geometry(); },
           [this](const View& view) { return geometryOf(view); }, [this] { redraw(); })
+    , m_reader(*this, m_contents, [this] {
+        return PointReader::Present{items(), geometry()};
+    })
 {
     installAccessibility();
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -49,9 +52,12 @@ TRChart::~TRChart()
 void TRChart::ClearItems()
 {
     owner().m_items.clear();
+    owner().m_reader.stop();
     owner().update();
-    for (TRChart* user : owner().m_users)
+    for (TRChart* user : owner().m_users) {
+        user->m_reader.stop();
         user->update();
+    }
 }
 
 void TRChart::MarkAtXY(double x, double y, std::uint8_t markKind)
@@ -178,11 +184,19 @@ QString TRChart::description() const
     return chartDescription(m_contents, ranges(), items());
 }
 
+void TRChart::followX(const TRChart& other)
+{
+    m_view.followX(other.ranges().x, other.m_view.isStep());
+    m_reader.followView();
+    redraw();
+}
+
 void TRChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     drawChart(painter, m_contents, items(), geometry(), palette());
     m_navigation.draw(painter);
+    m_reader.draw(painter);
 }
 
 void TRChart::resizeEvent(QResizeEvent* event)
@@ -204,23 +218,56 @@ void TRChart::mousePressEvent(QMouseEvent* event)
 
 void TRChart::mouseMoveEvent(QMouseEvent* event)
 {
-    m_navigation.move(event->position().toPoint());
+    const QPoint position = event->position().toPoint();
+    letUserChangeView([&] { m_navigation.move(position); });
+    if (event->buttons() == Qt::NoButton && MouseAction() == MouseAction::maZoomDrag)
+        m_reader.readAt(position);
+    else
+        m_reader.stop();
 }
 
 void TRChart::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_navigation.release(*event);
+    letUserChangeView([&] { m_navigation.release(*event); });
 }
 
 void TRChart::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    event->setAccepted(m_navigation.doubleClick(*event));
+    letUserChangeView([&] { event->setAccepted(m_navigation.doubleClick(*event)); });
 }
 
 void TRChart::keyPressEvent(QKeyEvent* event)
 {
-    if (!m_navigation.key(event->key()))
-        QWidget::keyPressEvent(event);
+    if (m_reader.key(event->keyCombination()))
+        return;
+    letUserChangeView([&] {
+        if (!m_navigation.key(event->key()))
+            QWidget::keyPressEvent(event);
+    });
+}
+
+void TRChart::leaveEvent(QEvent* event)
+{
+    m_reader.stop();
+    QWidget::leaveEvent(event);
+}
+
+void TRChart::focusOutEvent(QFocusEvent* event)
+{
+    m_reader.stop();
+    QWidget::focusOutEvent(event);
+}
+
+template <typename Call>
+void TRChart::letUserChangeView(Call call)
+{
+    const View before = ranges();
+    const bool wasStep = m_view.isStep();
+    call();
+    if (ranges() == before && m_view.isStep() == wasStep)
+        return;
+    m_reader.followView();
+    emit viewChanged();
 }
 
 void TRChart::addItem(ChartItem item)
@@ -295,6 +342,10 @@ TRChart* createChart(const ChartForm& form)
     chart->setIdOrdinate(form.idOrdinate);
     chart->setDecPlaceX(form.decPlaceX);
     chart->setDecPlaceY(form.decPlaceY);
+    chart->setRangeHiX(form.rangeHi);
+    chart->setRangeHiY(form.rangeHi);
+    chart->makeFullView();
+    chart->setLineWidth(2); // thinner ones look ragged
     chart->setGridStyle(GridStyle::gsHorizDotLines);
     chart->setMouseAction(MouseAction::maZoomDrag);
     return chart;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chart/control/ChartNavigation.h"
+#include "chart/control/PointReader.h"
 #include "chart/drawing/ChartContents.h"
 #include "chart/drawing/ChartGeometry.h"
 #include "chart/scale/ChartView.h"
@@ -21,7 +22,7 @@ namespace chart {
 ///
 /// All coordinates of items and ranges are data coordinates, all sizes logical pixels. Adding items
 /// does not redraw; a range or an attribute that changes the picture does while AutoRedraw is on.
-/// What the user can do to the view says ChartNavigation.h.
+/// What the user can do to the view says ChartNavigation.h, how values are read PointReader.h.
 ///
 /// The windows of this program call a part of it: items, captions, bounds, decimals, the zoom and
 /// what makes a picture. The rest, such as shared data, logarithmic and dated axes or cross-hairs,
@@ -92,13 +93,15 @@ public:
     /// One step back in the history, and back to the full view.
     void zoomBack();
     void zoomToFullView();
+    /// Makes what is shown the full view, as fitting does.
+    void makeFullView() { m_view.makeFull(); }
 
     // Axes.
     QString IdAbscissa() const { return m_contents.x.id; }
     QString IdOrdinate() const { return m_contents.y.id; }
     void setIdAbscissa(const QString& caption) { assign(m_contents.x.id, caption); }
     void setIdOrdinate(const QString& caption) { assign(m_contents.y.id, caption); }
-    /// Decimals of the tick labels, kept within -3..12.
+    /// Decimals of the tick labels, kept within -3..12; labels that would read alike get more.
     int DecPlaceX() const { return m_contents.x.labels.decimals; }
     int DecPlaceY() const { return m_contents.y.labels.decimals; }
     void setDecPlaceX(int decimals) { setDecPlace(m_contents.x, decimals); }
@@ -143,6 +146,9 @@ public:
     void setPenStyle(Qt::PenStyle style) { m_attributes.penStyle = style; }
     void setLineWidth(int width); ///< Kept within 1..64.
     void setClassDefault(int classNumber) { m_attributes.classNumber = classNumber; }
+
+    /// The curves by name, for who cannot tell them by their colours.
+    void setSeries(const std::vector<Series>& series) { m_contents.series = series; }
 
     // Colours and styles. An invalid window or shadow colour asks for the palette's.
     QString Caption() const { return m_contents.caption; }
@@ -227,6 +233,14 @@ public:
     /// What the chart shows, in words and numbers, for those who cannot see it.
     QString description() const;
 
+public slots:
+    /// Shows the x range of another chart after its viewChanged().
+    void followX(const TRChart& other);
+
+signals:
+    /// The user has changed what is shown, by a step or on the way to one.
+    void viewChanged();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -236,6 +250,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     /// Once per process; calling it again does nothing.
@@ -259,6 +275,8 @@ private:
     std::optional<long double> unitRatio(const View& view) const;
     void contentsChanged();
     void redraw();
+    template <typename Call>
+    void letUserChangeView(Call call);
 
     Measure m_measure;
     ChartContents m_contents;
@@ -266,6 +284,7 @@ private:
     ItemAttributes m_attributes;
     ChartView m_view;
     ChartNavigation m_navigation;
+    PointReader m_reader;
     bool m_autoRedraw = true;
 
     TRChart* m_source = nullptr;   ///< The chart whose items are drawn.
@@ -301,10 +320,11 @@ struct ChartForm {
     QString idOrdinate;
     int decPlaceX;
     int decPlaceY;
+    long double rangeHi = 10.0L; ///< Of both axes while nothing is drawn; they begin at 0.
 };
 
-/// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines,
-/// zoomed by dragging, the rest as a chart begins.
+/// A chart as the windows of the program have theirs: by the form, with dotted horizontal lines in
+/// its grid and lines of two pixels on it, zoomed by dragging, the rest as a chart begins.
 TRChart* createChart(const ChartForm& form);
 
 } // namespace chart

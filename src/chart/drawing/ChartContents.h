@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chart/scale/ChartLayout.h"
+#include "chart/scale/ReadablePoints.h"
 #include "chart/scale/TickLabels.h"
 
 #include <QColor>
@@ -10,6 +11,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 namespace chart {
 
@@ -89,6 +91,7 @@ struct ChartContents {
     ChartStyle style;
     FixedRims rims;
     std::array<CrossHair, crossHairCount> crossHairs;
+    std::vector<Series> series; ///< Told, not drawn.
 };
 
 } // namespace chart

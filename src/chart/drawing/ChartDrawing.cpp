@@ -126,7 +126,12 @@ void drawCaptions(QPainter& painter, const ChartContents& contents, const ChartG
     const bool solid = style.textBkStyle == TextBkStyle::tbSolid;
     painter.setPen(readableOn(solid ? style.textBkColor : background, style.scaleColor));
     drawCaption(painter, style, layout.caption, geometry.captionFont, contents.caption);
-    drawCaption(painter, style, layout.abscissa, geometry.font, contents.x.id);
+    QRect line = layout.abscissa;
+    line.setHeight(line.height() / static_cast<int>(layout.abscissaLines.size()));
+    for (const QString& words : layout.abscissaLines) {
+        drawCaption(painter, style, line, geometry.font, words);
+        line.translate(0, line.height());
+    }
 
     const QRect& ordinate = layout.ordinate;
     painter.save();

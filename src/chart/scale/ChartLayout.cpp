@@ -31,11 +31,26 @@ bool hasText(const std::vector<QString>& labels)
                        [](const QString& label) { return !label.isEmpty(); });
 }
 
+/// Words in lines of a width, as many to a line as go into it.
+QStringList wrapped(const QString& words, int width, const TextSizes& text)
+{
+    QStringList lines;
+    for (const QString& word : words.simplified().split(QLatin1Char(' '))) {
+        const QString longer = lines.isEmpty() ? word : lines.last() + QLatin1Char(' ') + word;
+        if (lines.isEmpty() || (text.width(longer) > width && lines.size() < mostAbscissaLines))
+            lines += word;
+        else
+            lines.last() = longer;
+    }
+    return lines;
+}
+
 /// What stands beside the plot in one direction, and whether it found room.
 struct Beside {
     bool caption = false;
     bool axisCaption = false;
     bool labels = false;
+    int axisCaptionLines = 1;
 };
 
 int leftRim(const LayoutRequest& request, const Beside& beside)
@@ -56,13 +71,13 @@ int topRim(const LayoutRequest& request, const Beside& beside)
                           : std::max(label + 2, margin);
 }
 
-int bottomRim(const LayoutRequest& request, const Beside& beside)
+int bottomRim(const LayoutRequest& request, const Beside& down)
 {
     int below = mainTickLengthX + 2;
-    if (beside.labels)
+    if (down.labels)
         below = xLabelDistance + request.text.lineHeight + gap / 2;
-    if (beside.axisCaption)
-        below += request.text.lineHeight + gap;
+    if (down.axisCaption)
+        below += down.axisCaptionLines * request.text.lineHeight + gap;
     return std::max(below - request.shadowWidth, 0);
 }
 
@@ -137,7 +152,8 @@ void placeCaptions(ChartLayout& layout, const LayoutRequest& request, const Besi
             layout.caption = place;
     }
     if (down.axisCaption) {
-        const QRect place(plot.left(), size.height() - line - gap / 2, plot.width(), line);
+        const int height = down.axisCaptionLines * line;
+        const QRect place(plot.left(), size.height() - height - gap / 2, plot.width(), height);
         const int labelBottom = plot.bottom() + (down.labels ? xLabelDistance + line : 0);
         if (place.top() >= labelBottom)
             layout.abscissa = place;
@@ -173,6 +189,9 @@ ChartLayout layOut(const LayoutRequest& request)
         *optional = false;
         measure();
     }
+    layout.abscissaLines = wrapped(request.idAbscissa, layout.plot.width(), request.text);
+    down.axisCaptionLines = static_cast<int>(layout.abscissaLines.size());
+    measure();
     for (bool* optional : {&down.axisCaption, &down.caption, &down.labels}) {
         if (isFair(layout.plot.height(), request.size.height()))
             break;

@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -56,7 +57,8 @@ struct ChartLayout {
     QRect plot; ///< Its last column and row are the pixels of the high x and the low y bound.
     QRect caption;
     QRect abscissa;
-    QRect ordinate; ///< Read from bottom to top.
+    QStringList abscissaLines; ///< From top to bottom.
+    QRect ordinate;            ///< Read from bottom to top.
     bool xLabels = false;
     bool yLabels = false;
 };
@@ -68,8 +70,12 @@ inline constexpr int shortTickLength = 4;
 inline constexpr int xLabelDistance = 7;
 inline constexpr int yLabelDistance = 9;
 
+/// The most lines of an x axis' caption; what is left over is on the last one.
+inline constexpr int mostAbscissaLines = 3;
+
 /// Makes room around the plot for captions and labels. In a small control the plot comes first:
-/// axis captions, then the caption, then the labels are left out until it has a fair share.
+/// axis captions, then the caption, then the labels are left out until it has a fair share. A
+/// caption of the x axis that is wider than the plot goes on in further lines.
 ChartLayout layOut(const LayoutRequest& request);
 
 /// A label that has its place.

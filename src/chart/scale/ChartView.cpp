@@ -3,6 +3,7 @@
 
 #include "chart/scale/DateTimeScale.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -60,6 +61,16 @@ const View& ZoomHistory::goToFull()
     return m_views.back();
 }
 
+bool ZoomHistory::goBackTo(const AxisRange& x)
+{
+    const auto found = std::find_if(m_views.rbegin(), m_views.rend(),
+                                    [&x](const View& view) { return view.x == x; });
+    if (found == m_views.rend())
+        return false;
+    m_views.erase(found.base(), m_views.end());
+    return true;
+}
+
 ChartView::ChartView(UnitRatio unitRatio)
     : m_unitRatio(std::move(unitRatio))
     , m_history(m_shown)
@@ -99,7 +110,7 @@ void ChartView::fit(const Bounds& x, const Bounds& y)
     fitted = widthOf(byX.y) >= widthOf(fitted.y) ? byX : isometric(fitted, Axis::Y);
     requireDates(fitted);
     m_shown = fitted;
-    m_history.restart(fitted);
+    makeFull();
 }
 
 void ChartView::zoomTo(const Bounds& x, const Bounds& y)
@@ -114,6 +125,17 @@ void ChartView::moveTo(const Bounds& x, const Bounds& y)
         requireDates(moved);
         m_shown = moved;
     });
+}
+
+void ChartView::followX(const AxisRange& x, bool isStep)
+{
+    if (isStep && m_history.goBackTo(x)) {
+        restore(m_history.newest());
+        return;
+    }
+    moveTo({x.low(), x.high()}, {m_shown.y.low(), m_shown.y.high()});
+    if (isStep)
+        record();
 }
 
 void ChartView::restore(const View& earlier)

@@ -43,6 +43,8 @@ public:
     const View& goBack();
     /// Drops all but the full view. @return it
     const View& goToFull();
+    /// Drops what is newer than the newest view of this x range. @return whether there is one
+    bool goBackTo(const AxisRange& x);
 
     std::size_t size() const { return m_views.size(); }
     const View& newest() const { return m_views.back(); }
@@ -81,6 +83,8 @@ public:
     void setRange(Axis axis, const AxisRange& range);
     /// Shows at least these bounds, as the full view. @throws ChartError as requireDateTimeRange()
     void fit(const Bounds& x, const Bounds& y);
+    /// Makes what is shown the full view, and forgets how it came to it.
+    void makeFull() { m_history.restart(m_shown); }
 
     /// Shows what the user asked for, on an axis of dates only where it can.
     void zoomTo(const Bounds& x, const Bounds& y);
@@ -88,6 +92,11 @@ public:
     void moveTo(const Bounds& x, const Bounds& y);
     /// Records where the moves have led.
     void record() { m_history.record(m_shown); }
+    /// Whether what is shown is a step, and not on its way to one.
+    bool isStep() const { return m_shown == m_history.newest(); }
+    /// Shows the x range of another chart, whose user has made a step or is on its way to one. A
+    /// range that was shown before is gone back to, as the other chart will have done.
+    void followX(const AxisRange& x, bool isStep);
     /// One step back in the history, and back to the full view.
     void goBack() { restore(m_history.goBack()); }
     void goToFull() { restore(m_history.goToFull()); }

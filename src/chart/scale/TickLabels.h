@@ -24,7 +24,7 @@ inline constexpr int mostDecimals = 12;
 
 struct LabelFormat {
     LabelType type = LabelType::ftNum;
-    int decimals = 2;
+    int decimals = 2; ///< At least: labels that would read alike get more.
     QString dateTimeFormat = QStringLiteral("dd/MM/yyyy"); ///< In Qt's letters.
     QStringList userTexts;                                 ///< The first one for the first tick.
 };

@@ -26,6 +26,13 @@ namespace {
 constexpr double fitMargin = 2.0; // percent
 constexpr std::uint8_t curveMark = 2;
 
+QString typedInVain(const StudySettings& settings)
+{
+    return QStringLiteral("Calculado con tamaño %1 y %2 ensayos: un número escrito solo cuenta "
+                          "cuando después se pulsa una flecha.")
+        .arg(QString::number(settings.order), QString::number(settings.trials));
+}
+
 /// The busy cursor, wherever the mouse is, for as long as it exists.
 class BusyCursor {
 public:
@@ -55,13 +62,17 @@ QSize TPotencia::sizeHint() const
 
 void TPotencia::BtnCalcularClick()
 {
+    const bool orderWasTyped = m_order->discardTyped();
+    const bool trialsWereTyped = m_trials->discardTyped();
     try {
         const BusyCursor busy;
         m_graph->ClearItems();
+        m_graph->setIdAbscissa(abscissaText());
         log(startLines(m_settings));
         runPowerStudy(m_settings, programAleatorio(), stats::programIntegers(),
                       [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
-        emit statusText(QStringLiteral("Listo."));
+        emit statusText(orderWasTyped || trialsWereTyped ? typedInVain(m_settings)
+                                                         : QStringLiteral("Listo."));
         paintNow();
     } catch (const ImpossibleSetting& failure) {
         dialogs().showError(this, QString::fromUtf8(failure.what()),
@@ -132,7 +143,7 @@ void TPotencia::GuardarGrafica1Click()
                                 QStringLiteral("grafica potencia.bmp"), QStringLiteral("bmp"),
                                 QStringLiteral("Mapa de bits (BMP)|*.bmp")};
     request.writtenName = chart::TRChart::bitmapFileName;
-    save(request, [this](const QString& chosen) { return m_graph->SaveAsBitmap(chosen, false); });
+    save(request, [this](const QString& chosen) { return m_graph->SaveAsBitmap(chosen, true); });
 }
 
 void TPotencia::GuardarReporte1Click()
@@ -195,6 +206,15 @@ QString TPotencia::levelText() const
     return QStringLiteral("Nivel de Significancia %1%").arg(qRound(100 * m_settings.level));
 }
 
+/// What the curves of a study are, so that its picture can be read alone.
+QString TPotencia::abscissaText() const
+{
+    return QStringLiteral("Diferencia (tamaño %1, %2 ensayos, %3, %4). Rojo: C; azul: Bennett; "
+                          "verde: M; negro: Zimmerman")
+        .arg(QString::number(m_settings.order), QString::number(m_settings.trials), levelText(),
+             caption(m_settings.errorKind));
+}
+
 void TPotencia::setErrorKind(ErrorKind kind)
 {
     m_settings.errorKind = kind;
@@ -202,14 +222,14 @@ void TPotencia::setErrorKind(ErrorKind kind)
     m_btnDist->setAccessibleName(m_btnDist->text());
 }
 
-/// At the place that the form's and the button's positions add up to, as a point of the screen,
-/// moved only as far as the screen's edges ask for.
+/// At the place that the form's and the button's positions add up to, counted from the corner of
+/// the frame around them, moved only as far as the screen's edges ask for.
 void TPotencia::popUpBelow(QMenu& popup, const QPushButton& button) const
 {
     constexpr int fromLeft = 10;
     constexpr int fromBottom = 90;
     const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
-    const QPoint form = frame ? frame->pos() : pos();
+    const QPoint form = frame ? window()->pos() + frame->pos() : pos();
     const QPoint wanted(form.x() + button.x() + fromLeft,
                         form.y() + button.y() + button.height() + fromBottom);
     const QRect area = screen()->availableGeometry();

@@ -71,6 +71,7 @@ private:
 
     void setLevel(int percent);
     QString levelText() const;
+    QString abscissaText() const;
     void setErrorKind(ErrorKind kind);
     void popUpBelow(QMenu& popup, const QPushButton& button) const;
 

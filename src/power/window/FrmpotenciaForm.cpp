@@ -51,15 +51,16 @@ controls::UpDown* upDownOf(int number, const QString& accessibleName, int low, i
 }
 
 /// A square of a curve's colour and the name of its test.
-QWidget* legendEntry(int number, const QColor& color, const QString& text)
+QWidget* legendEntry(int number, const chart::Series& series)
 {
+    const QString& text = series.name;
     constexpr int side = 13; // pixels
     auto* square = named(new QFrame, QStringLiteral("Shape%1").arg(number),
                          QStringLiteral("Color de la ") + text);
     square->setFixedSize(side, side);
     square->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette palette;
-    palette.setColor(QPalette::Window, color);
+    palette.setColor(QPalette::Window, QColor::fromRgba(series.color));
     square->setPalette(palette);
     square->setAutoFillBackground(true);
 
@@ -153,6 +154,7 @@ QWidget* TPotencia::createSettings()
     connect(m_order, &controls::UpDown::Click, this, &TPotencia::UpDown1Click);
     m_trials = upDownOf(2, QStringLiteral("Número de pruebas"), 500, 5000, 100, m_settings.trials);
     connect(m_trials, &controls::UpDown::Click, this, &TPotencia::UpDown2Click);
+    m_trials->setFirstText(QStringLiteral("1.000"));
     m_btnSig = buttonOf(QStringLiteral("BtnSig"), levelText());
     window::connectCommand(m_btnSig, &QPushButton::clicked, this, &TPotencia::BtnSigClick);
     m_btnDist = buttonOf(QStringLiteral("BtnDist"), caption(m_settings.errorKind));
@@ -175,10 +177,9 @@ QWidget* TPotencia::createSettings()
 
 QWidget* TPotencia::createChart()
 {
-    m_graph = chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
-                                  QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2});
-    m_graph->setRangeHiX(1.0);
-    m_graph->setRangeHiY(1.0);
+    m_graph =
+        chart::createChart({QStringLiteral("Graph"), QStringLiteral("Potencias"),
+                            QStringLiteral("Diferencia"), QStringLiteral("Potencia"), 2, 2, 1.0L});
     return m_graph;
 }
 
@@ -189,10 +190,16 @@ QWidget* TPotencia::createLegend()
     row->setContentsMargins(6, 4, 6, 4);
     row->setSpacing(18);
     row->addStretch();
-    row->addWidget(legendEntry(1, colorOfZimmerman, QStringLiteral("Prueba de Zimmerman")));
-    row->addWidget(legendEntry(2, colorOfBennett, QStringLiteral("Prueba de Bennett")));
-    row->addWidget(legendEntry(3, colorOfC, QStringLiteral("Prueba C")));
-    row->addWidget(legendEntry(4, colorOfM, QStringLiteral("Prueba M")));
+    const std::vector<chart::Series> tests{
+        {colorOfZimmerman.rgba(), QStringLiteral("Prueba de Zimmerman")},
+        {colorOfBennett.rgba(), QStringLiteral("Prueba de Bennett")},
+        {colorOfC.rgba(), QStringLiteral("Prueba C")},
+        {colorOfM.rgba(), QStringLiteral("Prueba M")},
+    };
+    m_graph->setSeries(tests);
+    int number = 0;
+    for (const chart::Series& test : tests)
+        row->addWidget(legendEntry(++number, test));
     row->addStretch();
     return panel;
 }

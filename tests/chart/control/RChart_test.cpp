@@ -513,6 +513,26 @@ TEST(RChart, OffersItsNumbersAsText)
     EXPECT_TRUE(chart.description().endsWith(QStringLiteral("... y 1002 más")));
 }
 
+TEST(RChart, TellsEachSeriesOnceByItsNameAndByItsMarks)
+{
+    const UserLocale comma("es_ES");
+    TRChart chart;
+    chart.setSeries({{QColor(Qt::red).rgba(), QStringLiteral("Prueba C")},
+                     {QColor(Qt::blue).rgba(), QStringLiteral("Prueba M")}});
+    for (const double x : {0.0, 0.5}) {
+        for (const auto& [color, height] : {std::pair(Qt::blue, 0.25), {Qt::red, 1.0}}) {
+            chart.setDataColor(color);
+            chart.MoveToXY(x, height);
+            chart.LineToXY(x, height);
+            chart.MarkAtXY(x, height, 2);
+        }
+    }
+    const QString text = chart.description();
+    EXPECT_TRUE(text.endsWith(QStringLiteral("Puntos: 4.\nPrueba C:\n0; 1\n0,5; 1\n"
+                                             "Prueba M:\n0; 0,25\n0,5; 0,25")))
+        << text.toStdString();
+}
+
 TEST(RChart, TicksHaveTheirLengths)
 {
     TRChart chart;

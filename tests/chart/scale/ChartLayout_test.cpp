@@ -93,6 +93,25 @@ TEST(ChartLayout, PartsNeverOverlapAndStayInside)
     }
 }
 
+TEST(ChartLayout, LongCaptionOfTheXAxisGoesOnInFurtherLines)
+{
+    LayoutRequest request = requestFor({544, 375});
+    EXPECT_EQ(layOut(request).abscissaLines, QStringList{QStringLiteral("Valor C")});
+    const ChartLayout ofOne = layOut(request);
+    request.idAbscissa = QStringLiteral("Diferencia (tamaño 6, 5000 pruebas) ").repeated(3);
+    const ChartLayout layout = layOut(request);
+    EXPECT_EQ(layout.abscissaLines.size(), 2);
+    EXPECT_EQ(layout.abscissaLines.join(QLatin1Char(' ')), request.idAbscissa.trimmed());
+    for (const QString& line : layout.abscissaLines)
+        EXPECT_LE(request.text.width(line), layout.plot.width());
+    EXPECT_EQ(layout.abscissa.height(), 2 * ofOne.abscissa.height());
+    EXPECT_EQ(layout.plot.bottom(), ofOne.plot.bottom() - ofOne.abscissa.height());
+    EXPECT_EQ(layout.abscissa.bottom(), ofOne.abscissa.bottom());
+
+    request.idAbscissa = request.idAbscissa.repeated(5);
+    EXPECT_EQ(layOut(request).abscissaLines.size(), chart::mostAbscissaLines);
+}
+
 TEST(ChartLayout, SmallControlsKeepTheirPlot)
 {
     const ChartLayout layout = layOut(requestFor({160, 100}));

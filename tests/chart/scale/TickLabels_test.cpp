@@ -93,6 +93,19 @@ TEST_F(TickLabels, EachTickHasItsOwn)
         (std::vector<QString>{text("-1.0"), text("-0.5"), text("0.0"), text("0.5"), text("1.0")}));
 }
 
+TEST_F(TickLabels, WouldBeAlikeAndGetMoreDecimals)
+{
+    EXPECT_EQ(labelsOf(rangeOf(0.142, 0.144), {LabelType::ftNum, 2, {}, {}}),
+              (std::vector<QString>{text("0.1420"), text("0.1425"), text("0.1430"), text("0.1435"),
+                                    text("0.1440")}));
+    EXPECT_EQ(labelsOf(rangeOf(-2.0, 2.0), {LabelType::ftNum, -1, {}, {}}),
+              (std::vector<QString>{text("-2"), text("-1"), text("0"), text("1"), text("2")}));
+    // As far as labels have characters.
+    const std::vector<QString> last =
+        labelsOf(rangeOf(0.5, 0.5 + 1e-14), {LabelType::ftNum, 3, {}, {}});
+    EXPECT_EQ(last.front(), text("0.50000000000"));
+}
+
 TEST_F(TickLabels, NoFiguresAreNoTexts)
 {
     for (const QString& label : labelsOf(rangeOf(0.0, 4.0), {LabelType::ftNoFigs, 1, {}, {}}))

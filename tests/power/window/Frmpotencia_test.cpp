@@ -4,6 +4,7 @@
 #include "power/study/StudyLines.h"
 #include "support/FileSizeLimit.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QFrame>
@@ -132,28 +133,85 @@ TEST_F(PowerWindow, RunsEverySetting)
     }
 }
 
+TEST_F(PowerWindow, TheFullViewOfTheEmptyChartIsTheOneItOpenedWith)
+{
+    const auto expectOpeningView = [this](const char* how) {
+        EXPECT_EQ(graph().RangeLoX(), 0.0L) << how;
+        EXPECT_EQ(graph().RangeHiX(), 1.0L) << how;
+        EXPECT_EQ(graph().RangeLoY(), 0.0L) << how;
+        EXPECT_EQ(graph().RangeHiY(), 1.0L) << how;
+    };
+    QTest::mouseDClick(&graph(), Qt::LeftButton, {}, graph().geometry().layout.plot.center());
+    expectOpeningView("double click");
+    QTest::keyClick(&graph(), Qt::Key_Plus);
+    EXPECT_LT(graph().RangeHiX(), 1.0L);
+    QTest::keyClick(&graph(), Qt::Key_Escape);
+    expectOpeningView("one step back");
+    QTest::keyClick(&graph(), Qt::Key_Escape);
+    expectOpeningView("no step left");
+    QTest::keyClick(&graph(), Qt::Key_Home);
+    expectOpeningView("Home");
+}
+
 TEST_F(PowerWindow, DrawsFourCurvesOfTwentyOnePoints)
 {
     click(button("BtnCalcular"));
     EXPECT_EQ(countOf(chart::ItemKind::Move), 4 * 21);
     EXPECT_EQ(countOf(chart::ItemKind::Line), 4 * 21);
     EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21);
+    for (const chart::ChartItem& item : graph().items())
+        ASSERT_EQ(item.attributes.lineWidth, 2);
     EXPECT_LT(graph().RangeLoX(), 0.0L);
     EXPECT_GT(graph().RangeHiX(), 1.0L);
     click(button("BtnCalcular"));
     EXPECT_EQ(countOf(chart::ItemKind::Mark), 4 * 21) << "each study starts afresh";
 }
 
+TEST_F(PowerWindow, TheGraphCanBeReadAlone)
+{
+    EXPECT_EQ(graph().IdAbscissa(), QStringLiteral("Diferencia"));
+    choose(*window, "BtnDist", "MenuDist", "Triangular1");
+    choose(*window, "BtnSig", "MenuSig", "N991");
+    QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up);
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    click(button("BtnCalcular"));
+    const QString expected =
+        QStringLiteral("Diferencia (tamaño 4, 900 ensayos, Nivel de Significancia 99%, "
+                       "Distribución Triangular [0,1]). Rojo: C; azul: Bennett; verde: M; negro: "
+                       "Zimmerman");
+    EXPECT_EQ(graph().IdAbscissa(), expected);
+    choose(*window, "BtnSig", "MenuSig", "N901");
+    EXPECT_EQ(graph().IdAbscissa(), expected) << "until it is calculated again";
+    EXPECT_EQ(graph().Caption(), QStringLiteral("Potencias"));
+    for (const int width : {window->minimumSizeHint().width(), window->width()}) {
+        window->resize(width, window->height());
+        QCoreApplication::processEvents();
+        const chart::ChartLayout& layout = graph().geometry().layout;
+        EXPECT_FALSE(layout.abscissa.isNull());
+        for (const QString& line : layout.abscissaLines)
+            EXPECT_LE(QFontMetrics(graph().geometry().font).horizontalAdvance(line),
+                      layout.abscissa.width());
+        EXPECT_EQ(layout.abscissaLines.join(QLatin1Char(' ')), expected);
+    }
+    EXPECT_TRUE(graph().description().contains(expected));
+    EXPECT_TRUE(graph().description().contains(QStringLiteral("Puntos: 84.\n")));
+    EXPECT_EQ(graph().description().count(QStringLiteral("\nPrueba de Bennett:\n")), 1);
+}
+
 TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
 {
-    edit("Edit1").selectAll();
-    QTest::keyClicks(&edit("Edit1"), QStringLiteral("5"));
-    edit("Edit2").selectAll();
-    QTest::keyClicks(&edit("Edit2"), QStringLiteral("700"));
+    const auto type = [this] {
+        for (const auto& [name, text] : {std::pair("Edit1", "5"), {"Edit2", "700"}}) {
+            edit(name).selectAll();
+            QTest::keyClicks(&edit(name), QString::fromUtf8(text));
+        }
+    };
+    type();
     const QStringList expected = QStringList{QString()} + nextLog({3, 1000, 0.95});
     click(button("BtnCalcular"));
     EXPECT_EQ(log(), expected);
 
+    type();
     QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up); // from the 5 that stands there
     EXPECT_EQ(upDown("UpDown1").Position(), 6);
     QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
@@ -163,6 +221,81 @@ TEST_F(PowerWindow, SettingsComeFromArrowsOnly)
     EXPECT_EQ(log(), next);
 }
 
+TEST_F(PowerWindow, WhatWasTypedInVainIsSetBackAndTheStatusLineSaysSo)
+{
+    QSignalSpy status(window.get(), &TPotencia::statusText);
+    const auto lastStatus = [&] { return status.last().at(0).toString(); };
+    QApplication::setActiveWindow(window.get());
+    for (const char* const typed : {"5", ""}) { // a size of its own, and none
+        edit("Edit1").setFocus();
+        edit("Edit1").selectAll();
+        QTest::keyClick(&edit("Edit1"), Qt::Key_Delete);
+        QTest::keyClicks(&edit("Edit1"), QString::fromUtf8(typed));
+        status.clear();
+        QTest::keyClick(&edit("Edit1"), Qt::Key_F9); // which leaves the edit as it is
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !status.isEmpty(); }));
+        EXPECT_EQ(edit("Edit1").text(), QStringLiteral("3"));
+        EXPECT_EQ(lastStatus(),
+                  QStringLiteral("Calculado con tamaño 3 y 1000 ensayos: un número escrito solo "
+                                 "cuenta cuando después se pulsa una flecha."));
+    }
+    edit("Edit2").selectAll();
+    QTest::keyClicks(&edit("Edit2"), QStringLiteral("1200"));
+    edit("Edit1").setFocus(); // which rewrites what was typed
+    click(button("BtnCalcular"));
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000"));
+    EXPECT_TRUE(lastStatus().startsWith(QStringLiteral("Calculado con tamaño 3 y 1000")));
+
+    edit("Edit2").selectAll();
+    QTest::keyClicks(&edit("Edit2"), QStringLiteral("1000")); // what counts anyway
+    click(button("BtnCalcular"));
+    EXPECT_EQ(lastStatus(), QStringLiteral("Listo."));
+}
+
+/// As a screen reader or a voice sets them: by value, and by text.
+TEST_F(PowerWindow, AssistiveTechnologySetsTheNumbersAsAClickDoes)
+{
+    const auto interfaceOf = [this](const char* name) {
+        return QAccessible::queryAccessibleInterface(&upDown(name));
+    };
+    interfaceOf("UpDown1")->valueInterface()->setCurrentValue(4);
+    EXPECT_EQ(upDown("UpDown1").Position(), 4);
+    QAccessibleInterface* const trials = interfaceOf("UpDown2");
+    trials->editableTextInterface()->replaceText(0, trials->textInterface()->characterCount(),
+                                                 QStringLiteral("500"));
+    EXPECT_EQ(upDown("UpDown2").Position(), 500);
+    QAccessible::queryAccessibleInterface(&edit("Edit1"))
+        ->setText(QAccessible::Value, QStringLiteral("5"));
+    EXPECT_EQ(upDown("UpDown1").Position(), 5);
+    const QStringList expected = QStringList{QString()} + nextLog({5, 500, 0.95});
+    click(button("BtnCalcular"));
+    EXPECT_EQ(log(), expected);
+}
+
+TEST_F(PowerWindow, AfterAClickTheTrialsHaveNoMarkThatCouldBeADecimalSign)
+{
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000"));
+    edit("Edit2").setFocus();
+    button("BtnCalcular").setFocus();
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1.000")) << "nobody clicked";
+    for (const char* const shown : {"1100", "1200"}) {
+        QTest::keyClick(&upDown("UpDown2"), Qt::Key_Up);
+        EXPECT_EQ(edit("Edit2").text(), QString::fromUtf8(shown));
+    }
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("1000"));
+}
+
+TEST_F(PowerWindow, EveryStepIsOneClick)
+{
+    QSignalSpy clicks(&upDown("UpDown1"), &controls::UpDown::Click);
+    for (int i = 1; i <= 5; ++i) {
+        QTest::keyClick(&upDown("UpDown1"), Qt::Key_Up); // the last two at the limit
+        EXPECT_EQ(clicks.size(), i);
+    }
+}
+
 TEST_F(PowerWindow, ArrowsStopAtTheirLimits)
 {
     for (int i = 0; i < 10; ++i)
@@ -170,7 +303,7 @@ TEST_F(PowerWindow, ArrowsStopAtTheirLimits)
     EXPECT_EQ(edit("Edit1").text(), QStringLiteral("6"));
     for (int i = 0; i < 60; ++i)
         QTest::keyClick(&upDown("UpDown2"), Qt::Key_Up);
-    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("5.000"));
+    EXPECT_EQ(edit("Edit2").text(), QStringLiteral("5000"));
     for (int i = 0; i < 60; ++i)
         QTest::keyClick(&upDown("UpDown2"), Qt::Key_Down);
     EXPECT_EQ(edit("Edit2").text(), QStringLiteral("500"));
@@ -214,9 +347,14 @@ TEST_F(PowerWindow, InAFrameThePopupsCountFromTheChildsFrame)
     area.show();
     frame->move(15, 25);
     const auto& opener = in<QPushButton>(*child, "BtnSig");
-    in<QPushButton>(*child, "BtnSig").click();
-    EXPECT_EQ(in<QMenu>(*child, "MenuSig").pos(),
-              QPoint(15 + opener.x() + 10, 25 + opener.y() + opener.height() + 90));
+    auto& menu = in<QMenu>(*child, "MenuSig");
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(-120, 40)}) {
+        area.move(corner);
+        in<QPushButton>(*child, "BtnSig").click();
+        EXPECT_EQ(menu.pos(),
+                  corner + QPoint(15 + opener.x() + 10, 25 + opener.y() + opener.height() + 90));
+        menu.close();
+    }
 }
 
 TEST_F(PowerWindow, SavesTheLogWithItsEmptyFirstLine)
@@ -244,6 +382,7 @@ TEST_F(PowerWindow, SavesTheLogWithItsEmptyFirstLine)
 TEST_F(PowerWindow, SavesTheGraph)
 {
     QTemporaryDir folder;
+    window->setPalette(QPalette(QColor(45, 45, 45))); // of a dark desktop
     click(button("BtnCalcular"));
     dialogs.saveAnswers = {folder.filePath(QStringLiteral("p.bmp")), std::nullopt};
     window->menu()->actions().at(0)->trigger();
@@ -252,7 +391,9 @@ TEST_F(PowerWindow, SavesTheGraph)
     EXPECT_EQ(dialogs.saveRequests[0].fileName, QStringLiteral("grafica potencia.bmp"));
     EXPECT_EQ(dialogs.saveRequests[0].suffix, QStringLiteral("bmp"));
     EXPECT_EQ(dialogs.saveRequests[0].filter, QStringLiteral("Mapa de bits (BMP)|*.bmp"));
-    EXPECT_EQ(QImage(folder.filePath(QStringLiteral("p.bmp"))).size(), graph().size());
+    const QImage saved(folder.filePath(QStringLiteral("p.bmp")));
+    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), graph().picture(true));
+    EXPECT_EQ(saved.pixelColor(0, 0), QColor(Qt::white));
     window->GuardarGrafica1Click(); // cancelled
     EXPECT_TRUE(dialogs.errors.empty());
 }
