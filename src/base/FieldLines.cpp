@@ -9,7 +9,6 @@ namespace base {
 
 namespace {
 
-constexpr QChar blank = QLatin1Char(' ');
 constexpr qsizetype longestQuote = 40;
 constexpr qsizetype longestNumber = 2000;
 
@@ -18,7 +17,8 @@ constexpr qsizetype longestNumber = 2000;
 std::vector<QStringView> fieldsOf(QStringView line, QChar separator)
 {
     std::vector<QStringView> fields;
-    const Qt::SplitBehavior behavior = separator == blank ? Qt::SkipEmptyParts : Qt::KeepEmptyParts;
+    const Qt::SplitBehavior behavior =
+        separator == QLatin1Char(' ') ? Qt::SkipEmptyParts : Qt::KeepEmptyParts;
     for (const QStringView field : line.tokenize(separator, behavior))
         fields.push_back(field.trimmed());
     return fields;

@@ -3,18 +3,11 @@
 
 #include "base/NumberText.h"
 
-#include <algorithm>
-
 namespace base {
 
 namespace {
 
 constexpr qsizetype groupLength = 3;
-
-bool isDigit(QChar character)
-{
-    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-}
 
 /// Whether a number looks like one group of one to three digits and another of three, with the
 /// mark between them that is not the user's decimal sign.
@@ -27,8 +20,7 @@ bool looksGrouped(QStringView number)
     const qsizetype place = number.indexOf(mark);
     if (place < 1 || place > groupLength || number.size() != place + 1 + groupLength)
         return false;
-    const QStringView behind = number.last(groupLength);
-    return number.front() != QLatin1Char('0') && std::all_of(behind.begin(), behind.end(), isDigit);
+    return number.front() != QLatin1Char('0') && areDigits(number.last(groupLength));
 }
 
 } // namespace

@@ -150,6 +150,16 @@ QString decimalSeparator()
     return point == QLatin1String(",") ? point : QStringLiteral(".");
 }
 
+bool isDigit(QChar character)
+{
+    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+}
+
+bool areDigits(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), isDigit);
+}
+
 QString generalText(double value)
 {
     return std::isfinite(value) ? generalForm(decimalOf(value, generalDigits - 1))

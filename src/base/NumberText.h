@@ -20,6 +20,11 @@ namespace base {
 /// "," where the user's locale (QLocale's default) writes decimals with a comma, "." elsewhere.
 QString decimalSeparator();
 
+/// Whether it is one of 0 to 9, the only digits that numbers are written with here.
+bool isDigit(QChar character);
+/// Whether all are, as also those of an empty text.
+bool areDigits(QStringView text);
+
 /// The general form: the shortest decimal text of the value with at most 15 significant digits.
 ///
 /// Fixed notation for 1e-5 <= |value| < 1e15 (judged on the rounded text), otherwise digits, "E"

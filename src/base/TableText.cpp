@@ -2,6 +2,7 @@
 #include "base/TableText.h"
 
 #include "base/FieldLines.h"
+#include "base/NumberText.h"
 
 #include <algorithm>
 
@@ -16,11 +17,6 @@ constexpr QChar carriageReturn = QLatin1Char('\r');
 constexpr QChar quote = QLatin1Char('"');
 constexpr QChar semicolon = QLatin1Char(';');
 constexpr QChar tab = QLatin1Char('\t');
-
-bool isDigit(QChar c)
-{
-    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-}
 
 QStringView takeLine(QStringView& text)
 {

@@ -172,9 +172,7 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
 
 bool isWholeNumber(QStringView field)
 {
-    return !field.isEmpty() && std::all_of(field.begin(), field.end(), [](QChar c) {
-        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-    });
+    return !field.isEmpty() && base::areDigits(field);
 }
 
 /// Whether what follows each observation may be its decimals: "24,5" for 24.5.

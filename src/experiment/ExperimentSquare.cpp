@@ -33,12 +33,6 @@ std::optional<double> number(QStringView text)
     return base::readTypedNumber(text).value;
 }
 
-bool areDigits(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
-}
-
 /// Whether "head tail" may be one number with its thousands set apart: "1 024".
 bool mayBeGrouped(QStringView head, QStringView tail)
 {
@@ -48,8 +42,8 @@ bool mayBeGrouped(QStringView head, QStringView tail)
         std::find_if(tail.begin(), tail.end(),
                      [](QChar c) { return c == QLatin1Char(',') || c == QLatin1Char('.'); }) -
         tail.begin();
-    return !thousands.isEmpty() && thousands.size() <= 3 && areDigits(thousands) && decimals == 3 &&
-           areDigits(tail.first(decimals));
+    return !thousands.isEmpty() && thousands.size() <= 3 && base::areDigits(thousands) &&
+           decimals == 3 && base::areDigits(tail.first(decimals));
 }
 
 bool endsInSign(QStringView text)
