@@ -75,7 +75,7 @@ def options_of(command):
     for i, option in enumerate(options):
         if option == "-isystem":
             yield f"-isystem{options[i + 1]}"
-        elif re.match("-[DIOfs]|-std=", option):
+        elif re.match("-[DIO]|-std=|-fPIC|-fsanitize=", option):
             yield option
 
 
