@@ -13,13 +13,26 @@ namespace experiment {
 
 namespace {
 
-using Result = base::Outcome<LatinSquare>;
+/// A Latin square as it was copied.
+struct CopiedSquare {
+    LatinSquare square;
+    base::ForeignMarks foreignMarks;
+};
+using Result = base::Outcome<CopiedSquare>;
 
 constexpr qsizetype longestExperiment = 1'000'000; // characters: the lists of order 200 and more
 
 Result latinSquareIn(const base::Outcome<Experiment>& reading)
 {
-    return reading.value ? latinSquareOf(*reading.value) : Result::refused(reading.reason);
+    if (!reading.value)
+        return Result::refused(reading.reason);
+    base::Outcome<LatinSquare> square = latinSquareOf(*reading.value);
+    if (!square.value)
+        return Result::refused(square.reason);
+    CopiedSquare copied{*std::move(square.value), {}};
+    for (const Observation& observation : *reading.value)
+        copied.foreignMarks.look(observation.number, observation.value);
+    return Result::of(std::move(copied));
 }
 
 /// Whether a refused list may be a small square of numbers, perhaps with names around it.
@@ -98,16 +111,17 @@ base::Outcome<CyclicSquare> readCyclicSquare(QStringView text)
     if (lines.empty())
         return Reading::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
 
-    const Result square =
+    const Result copied =
         readLatinSquare(lines, table.value->byCommas ? Separators::Commas : Separators::Others);
-    if (!square.value)
-        return Reading::refused(square.reason);
-    std::optional<LatinSquare> cyclic = cyclicArrangement(*square.value);
+    if (!copied.value)
+        return Reading::refused(copied.reason);
+    const LatinSquare& square = copied.value->square;
+    std::optional<LatinSquare> cyclic = cyclicArrangement(square);
     if (!cyclic)
         return Reading::refused(noCyclicArrangement());
-    const bool rowsMoved = cyclic->rows != square.value->rows;
-    const bool columnsMoved = cyclic->columns != square.value->columns;
-    return Reading::of({*std::move(cyclic), rowsMoved, columnsMoved});
+    const bool rowsMoved = cyclic->rows != square.rows;
+    const bool columnsMoved = cyclic->columns != square.columns;
+    return Reading::of({*std::move(cyclic), rowsMoved, columnsMoved, copied.value->foreignMarks});
 }
 
 } // namespace experiment

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ForeignMarks.h"
 #include "experiment/LatinSquare.h"
 
 #include <QStringView>
@@ -12,6 +13,7 @@ struct CyclicSquare {
     LatinSquare square;
     bool rowsMoved = false; ///< Not in the order of their first appearance in the text.
     bool columnsMoved = false;
+    base::ForeignMarks foreignMarks; ///< Of the observations.
 };
 
 /// The whole way from a clipboard text, in either form, to the cyclic layout. A text of more than a

@@ -16,7 +16,8 @@ struct Observation {
     QString column;
     QString treatment;
     double value = 0.0;
-    int line = 0; ///< From 1.
+    int line = 0;   ///< From 1.
+    QString number; ///< The observation as it was written.
 };
 
 using Experiment = std::vector<Observation>;

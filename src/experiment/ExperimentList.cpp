@@ -160,8 +160,12 @@ base::Outcome<Observation> readObservation(const std::vector<QStringView>& field
     }
     const auto fieldNumber = static_cast<qsizetype>(places[Value]) + 1;
     const base::Outcome<double> number = base::numberIn(fields[places[Value]], line, fieldNumber);
-    Observation observation{labelText(fields[places[Row]]), labelText(fields[places[Column]]),
-                            labelText(fields[places[Treatment]]), number.value.value_or(0.0), line};
+    Observation observation{labelText(fields[places[Row]]),
+                            labelText(fields[places[Column]]),
+                            labelText(fields[places[Treatment]]),
+                            number.value.value_or(0.0),
+                            line,
+                            fields[places[Value]].toString()};
     if (!number.value) {
         return Result::refused(
             number.reason + QLatin1Char(' ') +

@@ -26,6 +26,7 @@ constexpr Names both = {1, 1};
 struct Cell {
     QString treatment;
     double value = 0.0;
+    QString number; ///< As it was written.
 };
 
 std::optional<double> number(QStringView text)
@@ -65,10 +66,11 @@ std::optional<Cell> cellOfParts(QStringView text)
         const QStringView treatment = text.chopped(parts.back().size() + 1);
         if (endsInSign(treatment) || (last > 1 && mayBeGrouped(parts[last - 1], parts[last])))
             return std::nullopt;
-        return Cell{treatment.toString(), *atEnd};
+        return Cell{treatment.toString(), *atEnd, parts.back().toString()};
     }
     if (atStart && !atEnd && !(last > 1 && mayBeGrouped(parts[0], parts[1])))
-        return Cell{text.sliced(parts.front().size() + 1).toString(), *atStart};
+        return Cell{text.sliced(parts.front().size() + 1).toString(), *atStart,
+                    parts.front().toString()};
     return std::nullopt;
 }
 
@@ -78,14 +80,16 @@ std::optional<Cell> cellOfLettersAndNumber(QStringView text)
     const auto isLetter = [](QChar c) { return c.isLetter(); };
     const auto leading = std::find_if_not(text.begin(), text.end(), isLetter) - text.begin();
     if (leading > 0) {
-        if (const auto value = number(text.sliced(leading)))
-            return Cell{text.first(leading).toString(), *value};
+        const QStringView behind = text.sliced(leading);
+        if (const auto value = number(behind))
+            return Cell{text.first(leading).toString(), *value, behind.toString()};
         return std::nullopt;
     }
     const auto trailing = std::find_if_not(text.rbegin(), text.rend(), isLetter) - text.rbegin();
     if (trailing > 0) {
-        if (const auto value = number(text.chopped(trailing)))
-            return Cell{text.last(trailing).toString(), *value};
+        const QStringView before = text.chopped(trailing);
+        if (const auto value = number(before))
+            return Cell{text.last(trailing).toString(), *value, before.toString()};
     }
     return std::nullopt;
 }
@@ -168,8 +172,8 @@ base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
                              number(text) ? numbersArePasted()
                                           : unreadableNotice(row, column, text)));
             }
-            experiment.push_back(
-                {row, column, cell->treatment, cell->value, static_cast<int>(line) + 1});
+            experiment.push_back({row, column, cell->treatment, cell->value,
+                                  static_cast<int>(line) + 1, cell->number});
         }
     }
     return base::Outcome<Experiment>::of(std::move(experiment));

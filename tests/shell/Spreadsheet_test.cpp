@@ -187,6 +187,20 @@ TEST_F(Spreadsheet, TheTreatmentsKeepTheirNames)
     EXPECT_EQ(tip(1, 1), QString());
 }
 
+TEST_F(Spreadsheet, AnExtractionTellsHowThousandsWereRead)
+{
+    EXPECT_EQ(extract("A 1.250\tB 2\tC 3\nB 4\tC 5\tA 1.006\nC 7\tA 8\tB 9\n"), "");
+    EXPECT_TRUE(status().startsWith(QStringLiteral(
+        "«1.250» se leyó como 1,25 (el primero de 2 números así). Tratamientos: 1 = A")))
+        << status().toStdString();
+    EXPECT_EQ(extract("R-1\tC-1\tA\t1.250\nR-1\tC-2\tB\t2\nR-1\tC-3\tC\t3\n"
+                      "R-2\tC-1\tB\t4\nR-2\tC-2\tC\t5\nR-2\tC-3\tA\t6\n"
+                      "R-3\tC-1\tC\t7\nR-3\tC-2\tA\t8\nR-3\tC-3\tB\t9\n"),
+              "");
+    EXPECT_TRUE(status().startsWith(QStringLiteral("«1.250» se leyó como 1,25. Tratamientos: ")))
+        << status().toStdString();
+}
+
 TEST_F(Spreadsheet, TheReferenceShowsTheCellOfTheCurrentDatum)
 {
     const auto pointed = [this] {

@@ -9,15 +9,25 @@ namespace square {
 
 namespace {
 
-/// The key, and what had to change its place for it.
+QString noticeOfMoves(const experiment::CyclicSquare& read)
+{
+    if (read.rowsMoved && read.columnsMoved)
+        return QStringLiteral("Se reordenaron las filas y las columnas.");
+    if (read.rowsMoved)
+        return QStringLiteral("Se reordenaron las filas.");
+    return read.columnsMoved ? QStringLiteral("Se reordenaron las columnas.") : QString();
+}
+
+/// How a doubtful number was read, the key, and what had to change its place for it.
 QString noticeOf(const experiment::CyclicSquare& read)
 {
-    const QString notice = treatmentKey(read.square.treatments) + QLatin1Char('.');
-    if (read.rowsMoved && read.columnsMoved)
-        return notice + QStringLiteral(" Se reordenaron las filas y las columnas.");
-    if (read.rowsMoved)
-        return notice + QStringLiteral(" Se reordenaron las filas.");
-    return read.columnsMoved ? notice + QStringLiteral(" Se reordenaron las columnas.") : notice;
+    QString doubt = read.foreignMarks.notice();
+    if (!doubt.isEmpty())
+        doubt += QLatin1Char('.');
+    QStringList notices = {doubt, treatmentKey(read.square.treatments) + QLatin1Char('.'),
+                           noticeOfMoves(read)};
+    notices.removeAll(QString());
+    return notices.join(QLatin1Char(' '));
 }
 
 /// The identifier of a table after an extraction: its own, unless it had none or the key of an
