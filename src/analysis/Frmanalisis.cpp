@@ -106,7 +106,7 @@ void TAnalisis::DatosChange()
 {
     tellWhetherStale();
     if (!std::exchange(m_wasEdited, true))
-        emit notice(
+        tellBesideStale(
             QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo."));
 }
 
@@ -169,6 +169,12 @@ void TAnalisis::tellWhetherStale()
         return;
     m_stale = stale;
     emit statusText(stale.isEmpty() ? completion() : stale);
+}
+
+/// A notice, which must not hide that the report is older than what stands in the window.
+void TAnalisis::tellBesideStale(const QString& told)
+{
+    emit notice(m_stale.isEmpty() ? told : m_stale + QStringLiteral(". ") + told);
 }
 
 void TAnalisis::keepExact(const stats::TestReport& report, const QString& statistic)

@@ -94,6 +94,7 @@ private:
     /// Tells of a change after which the report no longer answers what stands in the window, and
     /// of one that takes such a change back.
     void tellWhetherStale();
+    void tellBesideStale(const QString& told);
     /// Keeps the distribution of a sequence test for the graph.
     void keepExact(const stats::TestReport& report, const QString& statistic);
 

@@ -116,7 +116,7 @@ QWidget* TAnalisis::createScrollBox()
                               QStringLiteral("Datos a analizar"));
     m_datos->setMinimumSize(200, 120);
     square::answerExtractions(*m_datos);
-    connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::notice);
+    connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::tellBesideStale);
     connect(m_datos, &grid::TNTabEd::Edited, this, [this] { emit notice({}); });
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TAnalisis::DatosChange);
 

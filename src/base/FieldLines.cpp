@@ -43,7 +43,8 @@ Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fiel
 
 QString letterQuestion(QStringView text)
 {
-    static const QRegularExpression letterByDigit(QStringLiteral("[0-9][OolI]|[OolI][0-9]"));
+    static const QRegularExpression letterByDigit(
+        QStringLiteral("[0-9][.,]?[OolI]|[OolI][.,]?[0-9]"));
     return letterByDigit.match(shortened(text)).hasMatch()
                ? QStringLiteral("¿Hay una letra O o l en lugar de un 0 o un 1?")
                : QString();

@@ -18,7 +18,8 @@ std::vector<QStringView> fieldsOf(QStringView line, QChar separator);
 /// field of more than 2000 characters is none: a double has at most 1075 decimals.
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber);
 
-/// Asks after a letter O or l that stands beside a digit; empty for other texts.
+/// Asks after a letter O or l that stands beside a digit or its decimal sign; empty for other
+/// texts.
 QString letterQuestion(QStringView text);
 
 /// What to say of a text that should hold an observation and does not: the question, that a square

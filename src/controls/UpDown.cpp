@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/UpDown.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -9,11 +10,10 @@ namespace controls {
 
 namespace {
 
-constexpr QLatin1Char thousandsSeparator('.');
-
+/// Whole numbers have no decimals: a point or a comma can only set thousands apart.
 QString withoutSeparators(QString text)
 {
-    return text.remove(thousandsSeparator);
+    return text.remove(QLatin1Char('.')).remove(QLatin1Char(','));
 }
 
 } // namespace
@@ -63,6 +63,14 @@ void UpDown::stepBy(int steps)
     QSpinBox::stepBy(steps);
     if (!m_clicked) // at a limit
         takeOver();
+}
+
+void UpDown::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        event->ignore(); // Qt would take what was typed over, as a step alone does here
+    else
+        QSpinBox::keyPressEvent(event);
 }
 
 void UpDown::wheelEvent(QWheelEvent* event)

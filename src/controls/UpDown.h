@@ -46,6 +46,7 @@ signals:
     void Click();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     StepEnabled stepEnabled() const override;
     QString textFromValue(int value) const override;

@@ -47,6 +47,11 @@ bool mayBeGrouped(QStringView head, QStringView tail)
            decimals == 3 && base::areDigits(tail.first(decimals));
 }
 
+bool startsWithSign(QStringView text)
+{
+    return text.startsWith(QLatin1Char('-')) || text.startsWith(QLatin1Char('+'));
+}
+
 bool endsInSign(QStringView text)
 {
     return text.endsWith(QLatin1Char('-')) || text.endsWith(QLatin1Char('+'));
@@ -74,14 +79,16 @@ std::optional<Cell> cellOfParts(QStringView text)
     return std::nullopt;
 }
 
-/// "A24" or "24A": letters and number without a blank between.
+/// "A24" or "24A": letters and number without a blank between. Refused where a dash may belong to
+/// either: "A-24".
 std::optional<Cell> cellOfLettersAndNumber(QStringView text)
 {
     const auto isLetter = [](QChar c) { return c.isLetter(); };
     const auto leading = std::find_if_not(text.begin(), text.end(), isLetter) - text.begin();
     if (leading > 0) {
         const QStringView behind = text.sliced(leading);
-        if (const auto value = number(behind))
+        const auto value = number(behind);
+        if (value && !startsWithSign(behind))
             return Cell{text.first(leading).toString(), *value, behind.toString()};
         return std::nullopt;
     }
@@ -149,6 +156,45 @@ std::vector<Names> possibleNames(const FieldLines& lines)
     return {both, none};
 }
 
+/// The treatments of the cells that can be read, wherever they are.
+std::set<QString> treatmentsIn(const FieldLines& lines)
+{
+    std::set<QString> treatments;
+    for (const std::vector<QStringView>& fields : lines) {
+        for (const QStringView field : fields) {
+            if (const std::optional<Cell> cell = readCell(field))
+                treatments.insert(cell->treatment);
+        }
+    }
+    return treatments;
+}
+
+/// Whether a field at the start of a line may be the name of its row: in a square that is not whole
+/// the names are taken for cells.
+bool mayBeRowName(QStringView field, const std::set<QString>& treatments)
+{
+    return !field.isEmpty() && treatments.count(labelText(field)) == 0 &&
+           std::none_of(field.begin(), field.end(), base::isDigit);
+}
+
+/// What may be wrong with a field that should be the cell of this row and column.
+QString adviceOn(QStringView field, bool startsLine, const QString& row, const QString& column,
+                 const FieldLines& lines)
+{
+    const std::set<QString> treatments = treatmentsIn(lines);
+    if (number(field))
+        return treatments.empty() ? numbersArePasted() : QStringLiteral("Le falta el tratamiento.");
+    if (startsLine && mayBeRowName(field, treatments))
+        return QStringLiteral("Si es el nombre de la fila, sobra o falta una línea: copie tantas "
+                              "filas como columnas, sin títulos, totales ni promedios.");
+    const bool hasNumber = std::any_of(field.begin(), field.end(), base::isDigit);
+    const QString form =
+        hasNumber && base::letterQuestion(field).isEmpty()
+            ? QStringLiteral("El número va sin unidades, signos sueltos ni separador de miles. ")
+            : QString();
+    return form + unreadableNotice(row, column, field);
+}
+
 base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
 {
     const std::size_t columnNameShift = lines.front().size() < lines.back().size() ? 1 : 0;
@@ -169,8 +215,7 @@ base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
                                    "observación, como «A 24». %4")
                         .arg(QString::number(line + 1), QString::number(field + 1),
                              base::shortened(text),
-                             number(text) ? numbersArePasted()
-                                          : unreadableNotice(row, column, text)));
+                             adviceOn(text, field == 0 && names.fields == 0, row, column, lines)));
             }
             experiment.push_back({row, column, cell->treatment, cell->value,
                                   static_cast<int>(line) + 1, cell->number});

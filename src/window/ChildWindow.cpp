@@ -70,6 +70,7 @@ std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& w
                                          const QString& known)
 {
     const QPointer<ChildWindow> stillThere(this);
+    emit notice({}); // what was told of an earlier save
     std::optional<QString> name = known;
     if (known.isEmpty())
         name = m_dialogs.saveFileName(this, request);

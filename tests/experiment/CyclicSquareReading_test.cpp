@@ -362,6 +362,9 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
     const std::string noCell =
         "» no es un tratamiento con su observación, como «A 24». Es la celda "
         "de la fila ";
+    const std::string noForm =
+        "» no es un tratamiento con su observación, como «A 24». El número va "
+        "sin unidades, signos sueltos ni separador de miles. Es la celda de la fila ";
     const std::string missing =
         " Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1).";
     const std::string letter = " ¿Hay una letra O o l en lugar de un 0 o un 1?" + missing;
@@ -378,10 +381,16 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
         {"\tEva\tAna\nf1\tA 1\tB 2\nf2\tB 3\tA 2O",
          "Línea 3, campo 3: «A 2O" + noCell + "«f2» y la columna «Ana»." + letter},
         // A sign or thousands that a blank sets apart would be lost to the treatment.
-        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noCell + first + missing},
-        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noCell + first + missing},
-        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noCell + first + missing},
-        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noCell + first + missing},
+        {"A - 1\tB - 2\nB - 3\tA - 4", "Línea 1, campo 1: «A - 1" + noForm + first + missing},
+        {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noForm + first + missing},
+        {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noForm + first + missing},
+        {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noForm + first + missing},
+        {"A-1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A-1" + noForm + first + missing},
+        {"\tEva\tAna\nNorte\tA 1\tB 2\nSur\tB 3\tA 4\nTotal\t4\t6",
+         "Línea 2, campo 1: «Norte» no es un tratamiento con su observación, como «A 24». Si es el "
+         "nombre de la fila, sobra o falta una línea: copie tantas filas como columnas, sin "
+         "títulos, "
+         "totales ni promedios."},
         {"1;1;A;1\n1;2;B;2\n2;1;B;x\n2;2;A;4",
          "Línea 3, campo 4: «x» no es un número. Es la celda de la fila «2» y la columna «1»." +
              missing},
@@ -426,7 +435,8 @@ TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
     const std::string noCell = "» no es un tratamiento con su observación, como «A 24». ";
     EXPECT_EQ(refusalOf("24\t20\t19\n17\t24\t30\n18\t38\t26"),
               "Línea 2, campo 2: «24" + noCell + paste);
-    EXPECT_EQ(refusalOf("A 1\tB 2\nB 3\t24"), "Línea 2, campo 2: «24" + noCell + paste);
+    EXPECT_EQ(refusalOf("A 1\tB 2\nB 3\t24"),
+              "Línea 2, campo 2: «24" + noCell + "Le falta el tratamiento.");
 }
 
 TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)

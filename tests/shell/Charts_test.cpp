@@ -130,6 +130,21 @@ TEST_F(Charts, NumberTypedInVainIsSetBackAndToldOf)
     EXPECT_EQ(trials.text(), QStringLiteral("1.000"));
     EXPECT_TRUE(log().contains(QStringLiteral("1000 pruebas...")));
     EXPECT_TRUE(shown().startsWith(QStringLiteral("Calculado con tamaño 3 y 1000 ensayos: ")));
+    // Enter takes nothing over either.
+    trials.selectAll();
+    QTest::keyClicks(&trials, QStringLiteral("700"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    pressF9();
+    EXPECT_TRUE(shown().startsWith(QStringLiteral("Calculado con tamaño 3 y 1000 ensayos: ")));
+    QTest::keyClick(&trials, Qt::Key_Down);
+    EXPECT_EQ(trials.text(), QStringLiteral("900"));
+    EXPECT_EQ(shown(), QStringLiteral("Listo.")) << "of the study before it no word is left";
+    trials.selectAll();
+    QTest::keyClicks(&trials, QStringLiteral("2,000"));
+    QTest::keyClick(&trials, Qt::Key_Down);
+    EXPECT_EQ(trials.text(), QStringLiteral("1900"));
+    trials.selectAll();
+    QTest::keyClicks(&trials, QStringLiteral("1000"));
     QTest::keyClick(&trials, Qt::Key_Down);
     EXPECT_EQ(trials.text(), QStringLiteral("900"));
     QTest::keyClick(&trials, Qt::Key_Up);

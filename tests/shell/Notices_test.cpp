@@ -100,6 +100,20 @@ TEST_F(Notices, ASaveThatFailedOrWasGivenUpIsNotTold)
     EXPECT_EQ(status(), greeting());
 }
 
+TEST_F(Notices, ASaveThatIsGivenUpLeavesNoWordOfTheOneBefore)
+{
+    openGraph();
+    const QString path = folder.filePath(QStringLiteral("c.bmp"));
+    const auto save = [this](const std::optional<QString>& answer) {
+        dialogs.saveAnswers.push_back(answer);
+        entry({QStringLiteral("&Gráfica"), QStringLiteral("&Guardar Gráfica...")})->trigger();
+    };
+    save(path);
+    ASSERT_TRUE(status().startsWith(QStringLiteral("Guardado: "))) << status().toStdString();
+    save(std::nullopt);
+    EXPECT_FALSE(status().contains(QStringLiteral("Guardado"))) << status().toStdString();
+}
+
 TEST_F(Notices, AControlCharacterInANameDoesNotBreakTheLine)
 {
     frame.NuevoArchivo1Click();

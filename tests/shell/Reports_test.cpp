@@ -141,6 +141,21 @@ TEST_F(Reports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
     EXPECT_EQ(status(), dataChanged);
 }
 
+TEST_F(Reports, NothingThatIsToldOfTheTableHidesThatTheReportIsStale)
+{
+    openAnalysis("orden3.asc");
+    analyse();
+    enterFirstCell("2,5");
+    EXPECT_EQ(status(),
+              dataChanged + QStringLiteral(". Los cambios valen en esta ventana, pero no llegan al "
+                                           "archivo."));
+    enterFirstCell("1.250");
+    EXPECT_EQ(status(), dataChanged + QStringLiteral(". «1.250» se leyó como 1,25"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(status().startsWith(dataChanged + QStringLiteral(". Se deshizo ")))
+        << status().toStdString();
+}
+
 TEST_F(Reports, AStaleReportIsExportedAsItIsAndSaysSo)
 {
     openAnalysis("orden3.asc");

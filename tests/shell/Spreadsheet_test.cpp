@@ -3,6 +3,7 @@
 #include "shell/PrincipalFixture.h"
 
 #include <QClipboard>
+#include <QFile>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTest>
@@ -73,7 +74,7 @@ void expectToHold(const std::string& text, const char* part)
 TEST_F(Spreadsheet, WhatIsRefusedNamesTheWayThatLeadsOn)
 {
     expectToHold(paste("A 24\tB 20\tC 19\nB 17\tC 24\tA 30\nC 18\tA 38\tB 26\n"),
-                 "tráigalos con «Extract from Clpbrd», del menú de la tabla.");
+                 "van por «Extract from Clpbrd», del menú de la tabla.");
     expectToHold(extract("24\t20\t19\n17\t24\t30\n18\t38\t26\n"), "péguelos con «Paste» (Ctrl+V).");
     expectToHold(extract("A 24\tB 2O\tC 19\nB 17\tC 24\tA 30\nC 18\tA 38\tB 26\n"),
                  "Línea 1, campo 2: «B 2O» no es un tratamiento con su observación, como «A 24». "
@@ -83,6 +84,15 @@ TEST_F(Spreadsheet, WhatIsRefusedNamesTheWayThatLeadsOn)
     expectToHold(
         paste("24\t\t19\n17\t24\t30\n"),
         "Iba a la fila «Fila 1», columna «Col 2». Sin ese dato no se puede analizar el cuadrado");
+    // What is too large because of a blank line or of names is told so, not to raise the order.
+    expectToHold(paste("1\t2\t3\n\n4\t5\t6\n7\t8\t9\n"), "La línea 2 está vacía.");
+    expectToHold(paste("\tEva\tAna\tLuz\nf1\t1\t2\t3\nf2\t4\t5\t6\nf3\t7\t8\t9\n"),
+                 "Falta el número. Copie solo números, sin nombres");
+    expectToHold(
+        extract("A 24\tB 20\tC 19\nB 17\tC 24\tA 30\nC 18\tA 38\t26\n"),
+        "«26» no es un tratamiento con su observación, como «A 24». Le falta el tratamiento.");
+    expectToHold(paste("24\t44,O\n17\t24\n"), "«44,O» no es un número. Iba a la fila «Fila 1», "
+                                              "columna «Col 2». ¿Hay una letra O");
     EXPECT_EQ(shown(1, 1), shown(3, 3)); // nothing came in
 }
 
@@ -110,7 +120,7 @@ TEST_F(Spreadsheet, WhatSpreadsheetsAddIsForgiven)
     EXPECT_EQ(shown(3, 3).left(2), QStringLiteral("26"));
     EXPECT_EQ(paste("1.5,2.5,3.5\n4.5,5,6\n7,8,9\n"), "");
     EXPECT_EQ(shown(2, 3).left(1), QStringLiteral("8"));
-    expectToHold(paste("1,5,2,5\n"), "solo hay sitio");
+    expectToHold(paste("1,5,2,5\n"), "No se sabe qué comas separan campos");
     expectToHold(paste("12,500,7.5\n"), "No se sabe qué comas separan campos");
 
     EXPECT_EQ(
@@ -198,6 +208,30 @@ TEST_F(Spreadsheet, AnExtractionTellsHowThousandsWereRead)
                       "R-3\tC-1\tC\t7\nR-3\tC-2\tA\t8\nR-3\tC-3\tB\t9\n"),
               "");
     EXPECT_TRUE(status().startsWith(QStringLiteral("«1.250» se leyó como 1,25. Tratamientos: ")))
+        << status().toStdString();
+}
+
+TEST_F(Spreadsheet, WhatStaysOfAnotherExperimentIsTold)
+{
+    const char* const field = "A 1\tB 2\tC 3\nB 4\tC 5\tA 6\nC 7\tA 8\tB 9\n";
+    EXPECT_EQ(extract(field), "");
+    EXPECT_EQ(paste("11\t12\t13\n14\t15\t16\n17\t18\t19\n"), "");
+    EXPECT_EQ(status(), QStringLiteral("Filas, columnas y tratamientos siguen como se extrajeron"));
+
+    // The key of another order does not get into the file.
+    editor().findChild<QSpinBox*>(QStringLiteral("NumTratamientos"))->setFocus();
+    press(Qt::Key_Up);
+    const QString path = folder.filePath(QStringLiteral("otro.asc"));
+    dialogs.saveAnswers.push_back(path);
+    press(Qt::Key_F2);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(file.readLine().contains("Tratamientos"));
+
+    // An extraction over a saved square with a title of its own.
+    table().setFocus();
+    EXPECT_EQ(extract(field), "");
+    EXPECT_TRUE(status().endsWith(QStringLiteral(" Al guardar reemplazará «otro.asc».")))
         << status().toStdString();
 }
 

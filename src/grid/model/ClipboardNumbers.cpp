@@ -50,17 +50,25 @@ QString tooLarge(qsizetype columns, qsizetype rows, const Room& room)
     return QStringLiteral("%1 Para que quepan, %2.").arg(reason, steps.join(QStringLiteral(" y ")));
 }
 
-/// What to do about a field that is no number and was to go to a cell.
-QString adviceOn(QStringView field, const QString& cell)
+/// Whether a field holds a word and not a number that cannot be read, such as "1e999".
+bool isWord(QStringView field)
 {
-    const bool hasLetter =
-        std::any_of(field.begin(), field.end(), [](QChar c) { return c.isLetter(); });
-    const QString advice =
-        hasLetter && base::letterQuestion(field).isEmpty()
-            ? QStringLiteral("Si los datos llevan su tratamiento, como «A 24», tráigalos con "
-                             "«Extract from Clpbrd», del menú de la tabla.")
-            : base::adviceOnObservation(field);
-    return QStringLiteral("Iba a %1. %2").arg(cell, advice);
+    const bool isBetweenDigits =
+        !field.isEmpty() && base::isDigit(field.front()) && base::isDigit(field.back());
+    return !isBetweenDigits && base::letterQuestion(field).isEmpty() &&
+           std::any_of(field.begin(), field.end(), [](QChar c) { return c.isLetter(); });
+}
+
+/// What to do about a field of a line that is no number. One that is empty beside words is the
+/// corner of a table with its names.
+QString adviceOn(QStringView field, const std::vector<QStringView>& line)
+{
+    const bool standsForNames =
+        field.isEmpty() ? std::any_of(line.begin(), line.end(), isWord) : isWord(field);
+    return standsForNames
+               ? QStringLiteral("Copie solo números, sin nombres; los datos con su tratamiento, "
+                                "como «A 24», van por «Extract from Clpbrd», del menú de la tabla.")
+               : base::adviceOnObservation(field);
 }
 
 } // namespace
@@ -89,11 +97,13 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
     base::TableText& table = *reading.value;
     if (table.lines == 0)
         return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
-    if (table.columns > room.columns() || table.lines > room.rows())
-        return Result::refused(tooLarge(table.columns, table.lines, room));
+    const bool fits = table.columns <= room.columns() && table.lines <= room.rows();
+    // What is too large is looked at as far as to tell whether it is a rectangle of numbers at all.
+    constexpr qsizetype head = 12;
+    const qsizetype lines = fits ? table.lines : std::min(table.lines, head);
 
     NumberBlock block;
-    while (block.rows < table.lines) {
+    while (block.rows < lines) {
         const int lineNumber = ++block.rows;
         const std::vector<QStringView> fields = base::takeFields(table);
         const auto count = static_cast<int>(fields.size());
@@ -102,20 +112,25 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
         if (lineNumber > 1 && count != block.columns)
             return Result::refused(base::raggedLine(lineNumber, count, block.columns));
         block.columns = count;
-        for (int i = 0; i < count; ++i) {
+        const int read = fits ? count : std::min(count, static_cast<int>(head));
+        for (int i = 0; i < read; ++i) {
             const QStringView field = fields[static_cast<std::size_t>(i)];
             const auto number = base::numberIn(field, lineNumber, i + 1);
             if (!number.value) {
                 const QString cell =
                     placeText(room.square, room.column + i, room.row + lineNumber - 1);
-                return Result::refused(number.reason + QLatin1Char(' ') + adviceOn(field, cell));
+                const QString place =
+                    fits ? QStringLiteral(" Iba a %1. ").arg(cell) : QStringLiteral(" ");
+                return Result::refused(number.reason + place + adviceOn(field, fields));
             }
             block.values.push_back(*number.value);
             block.foreignMarks.look(fields[i], *number.value);
         }
     }
-    return table.unclearNumbers ? Result::refused(base::unclearCommas())
-                                : Result::of(std::move(block));
+    if (table.unclearNumbers)
+        return Result::refused(base::unclearCommas());
+    return fits ? Result::of(std::move(block))
+                : Result::refused(tooLarge(table.columns, table.lines, room));
 }
 
 } // namespace grid

@@ -45,7 +45,7 @@ struct Room {
 /// Reads a rectangle of numbers out of the table in a text, decimals after a point or a comma.
 /// Anything else is refused: an empty text or line, lines of different length, a field that is no
 /// number, commas with two meanings, a rectangle that is larger than the room for it.
-/// What lies beyond that room is counted but not read. The reason says what to do instead.
+/// Of a text beyond that room only the first lines are read. The reason says what to do instead.
 base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room);
 
 } // namespace grid

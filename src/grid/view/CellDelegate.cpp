@@ -160,8 +160,10 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
             emit notice(told);
         return;
     }
-    const QString refusal = base::readTypedNumber(base::shortened(text)).reason +
-                            nameOf(index, QStringLiteral("\nCelda: fila «%1», columna «%2»."));
+    QString refusal = base::readTypedNumber(base::shortened(text)).reason;
+    if (const QString question = base::letterQuestion(text); !question.isEmpty())
+        refusal += QLatin1Char(' ') + question;
+    refusal += nameOf(index, QStringLiteral("\nCelda: fila «%1», columna «%2»."));
     if (m_leaving) {
         m_refusal = refusal;
         return;

@@ -150,8 +150,12 @@ void GridCommands::paste()
         return;
     }
     m_history.paste(*read.value, place.column, place.row);
-    if (const QString told = read.value->foreignMarks.notice(); !told.isEmpty())
-        emit notice(told);
+    QStringList told = {read.value->foreignMarks.notice()};
+    if (!m_model.table().treatments.isEmpty())
+        told << QStringLiteral("Filas, columnas y tratamientos siguen como se extrajeron");
+    told.removeAll(QString());
+    if (!told.isEmpty())
+        emit notice(told.join(QStringLiteral(". ")));
     select(m_view, {place.column, place.row, read.value->columns, read.value->rows});
 }
 

@@ -11,6 +11,7 @@
 #include "window/OpenQuestion.h"
 #include "window/Picture.h"
 
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPointer>
 
@@ -298,6 +299,14 @@ void TEditor::showFileName()
 void TEditor::tellFile()
 {
     tellSaved(savedNotice(m_file.rounded), m_file.name);
+}
+
+/// Another experiment has come into the grid, whose file holds the one before.
+QString TEditor::replacementWarning() const
+{
+    return m_file.name.isEmpty() ? QString()
+                                 : QStringLiteral("Al guardar reemplazará «%1».")
+                                       .arg(QFileInfo(m_file.name).fileName());
 }
 
 /// A new order for both grids, with the headers named after the prefixes.

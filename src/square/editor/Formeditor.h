@@ -109,6 +109,7 @@ private:
     void exchangeFile(File& other);
     void showFileName();
     void tellFile();
+    QString replacementWarning() const;
     void setOrder(int order);
     void DatosResized(int columns);
     void takePrefix(QLineEdit& edit, QString& prefix, ChangeKind kind,

@@ -3,14 +3,29 @@
 
 #include "base/SafeFile.h"
 #include "grid/view/NTabEd.h"
+#include "square/extraction/TreatmentKey.h"
 
 #include <utility>
 
 namespace square {
 
+namespace {
+
+/// A square without the key of treatments that it had before its order changed.
+record::SquareData withItsTitle(const record::SquareData& square)
+{
+    record::SquareData titled = square;
+    const auto treatments = treatmentsIn(square.Identifier()).size();
+    if (treatments > 0 && treatments != square.NrOfColumns())
+        titled.setIdentifier({});
+    return titled;
+}
+
+} // namespace
+
 base::Outcome<bool> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
-    const EncodedSquare encoded = encode(table.square(), fileName, precision);
+    const EncodedSquare encoded = encode(withItsTitle(table.square()), fileName, precision);
     if (const auto reason = base::writeFile(fileName, encoded.bytes))
         return base::Outcome<bool>::refused(*reason);
     const grid::Freeze freeze(table);

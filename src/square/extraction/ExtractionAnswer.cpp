@@ -18,24 +18,29 @@ QString noticeOfMoves(const experiment::CyclicSquare& read)
     return read.columnsMoved ? QStringLiteral("Se reordenaron las columnas.") : QString();
 }
 
-/// How a doubtful number was read, the key, and what had to change its place for it.
-QString noticeOf(const experiment::CyclicSquare& read)
-{
-    QString doubt = read.foreignMarks.notice();
-    if (!doubt.isEmpty())
-        doubt += QLatin1Char('.');
-    QStringList notices = {doubt, treatmentKey(read.square.treatments) + QLatin1Char('.'),
-                           noticeOfMoves(read)};
-    notices.removeAll(QString());
-    return notices.join(QLatin1Char(' '));
-}
-
 /// The identifier of a table after an extraction: its own, unless it had none or the key of an
 /// experiment that was there before.
 QByteArray identifierAfter(const QByteArray& before, const QStringList& treatments)
 {
     const bool isFree = before.isEmpty() || !treatmentsIn(before).isEmpty();
     return isFree ? treatmentKey(treatments).toUtf8() : before;
+}
+
+/// How a doubtful number was read, the key, what had to change its place for it, and where the key
+/// is not kept.
+QString noticeOf(const experiment::CyclicSquare& read, const QByteArray& identifier)
+{
+    const auto sentence = [](const QString& text) {
+        return text.isEmpty() ? text : text + QLatin1Char('.');
+    };
+    const bool isKept = !treatmentsIn(identifier).isEmpty();
+    QStringList notices = {
+        sentence(read.foreignMarks.notice()), sentence(treatmentKey(read.square.treatments)),
+        noticeOfMoves(read),
+        isKept ? QString()
+               : QStringLiteral("El cuadrado conserva su título: anote los tratamientos.")};
+    notices.removeAll(QString());
+    return notices.join(QLatin1Char(' '));
 }
 
 record::SquareData recordOf(const experiment::LatinSquare& square)
@@ -58,16 +63,25 @@ base::Outcome<grid::Extraction> extractionOf(QStringView text, const QByteArray&
     if (!read.value)
         return Result::refused(read.reason);
     const QStringList& treatments = read.value->square.treatments;
-    grid::Extraction extraction{recordOf(read.value->square), treatments, noticeOf(*read.value)};
-    extraction.square.setIdentifier(identifierAfter(identifier, treatments));
+    const QByteArray kept = identifierAfter(identifier, treatments);
+    grid::Extraction extraction{recordOf(read.value->square), treatments,
+                                noticeOf(*read.value, kept)};
+    extraction.square.setIdentifier(kept);
     return Result::of(std::move(extraction));
 }
 
 } // namespace
 
-void answerExtractions(grid::TNTabEd& table)
+void answerExtractions(grid::TNTabEd& table, std::function<QString()> warning)
 {
-    table.setExtractor(extractionOf);
+    table.setExtractor(
+        [warning = std::move(warning)](QStringView text, const QByteArray& identifier) {
+            base::Outcome<grid::Extraction> extraction = extractionOf(text, identifier);
+            const QString more = extraction.value && warning ? warning() : QString();
+            if (!more.isEmpty())
+                extraction.value->notice += QLatin1Char(' ') + more;
+            return extraction;
+        });
 }
 
 } // namespace square

@@ -21,8 +21,9 @@ const std::string toR1C2 = " Iba a la fila «R-1», columna «C-2».";
 const std::string toR2C2 = " Iba a la fila «R-2», columna «C-2».";
 const std::string missing =
     " Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el manual (F1).";
-const std::string extract = " Si los datos llevan su tratamiento, como «A 24», tráigalos con "
-                            "«Extract from Clpbrd», del menú de la tabla.";
+const std::string extract =
+    " Copie solo números, sin nombres; los datos con su tratamiento, como «A 24», van por «Extract "
+    "from Clpbrd», del menú de la tabla.";
 
 grid::NumberBlock read(const char* text)
 {
@@ -106,6 +107,8 @@ TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
 {
     EXPECT_EQ(refusalOf("1\t2\n3\tx4\n"),
               "Línea 2, campo 2: «x4» no es un número." + toR2C2 + extract);
+    // The corner of a table with its names.
+    EXPECT_EQ(refusalOf("\tEva\nf1\t2"), "Línea 1, campo 1: Falta el número." + toR1C1 + extract);
     EXPECT_EQ(refusalOf("1\t\t3"), "Línea 1, campo 2: Falta el número." + toR1C2 + missing);
     EXPECT_EQ(refusalOf("1\t2\n3\t"), "Línea 2, campo 2: Falta el número." + toR2C2 + missing);
     EXPECT_EQ(refusalOf("\t1"), "Línea 1, campo 1: Falta el número." + toR1C1 + missing);
@@ -117,7 +120,7 @@ TEST_F(ClipboardNumbers, RefusesWhatIsNoNumberNamingLineAndField)
               "Línea 2, campo 2: «nan» no es un número." + toR2C2 + extract);
     EXPECT_EQ(refusalOf("1 inf"), "Línea 1, campo 2: «inf» no es un número." + toR1C2 + extract);
     EXPECT_EQ(refusalOf("1 1e999"),
-              "Línea 1, campo 2: «1e999» es demasiado grande." + toR1C2 + extract);
+              "Línea 1, campo 2: «1e999» es demasiado grande." + toR1C2 + missing);
     EXPECT_NE(refusalOf("1;1.234,5").find("Línea 1, campo 2: «1.234,5» tiene más de un separador"),
               std::string::npos);
     // A blank inside a tab-separated field is no separator: "1 000" must not become 1 and 0.
@@ -168,7 +171,7 @@ TEST_F(ClipboardNumbers, WhatIsCopiedIsReadBackBitForBit)
     }
 }
 
-TEST_F(ClipboardNumbers, WhatIsTooLargeIsCountedAndNotRead)
+TEST_F(ClipboardNumbers, WhatIsTooLargeIsCountedAndOnlyItsHeadIsRead)
 {
     const record::SquareData order3(3, 3);
     const grid::Room small{order3, 2, 2};
@@ -176,12 +179,13 @@ TEST_F(ClipboardNumbers, WhatIsTooLargeIsCountedAndNotRead)
         return grid::readNumberBlock(text, small).reason;
     };
     EXPECT_EQ(
-        reasonOf(QStringLiteral("1\t2\n3\t4\n5\t6\nhuevos\tjamón")),
-        QStringLiteral("Los datos del portapapeles ocupan 2 columnas y 4 filas. Desde la fila "
+        reasonOf(QStringLiteral("1\t2\n").repeated(12) + QStringLiteral("huevos\tjamón")),
+        QStringLiteral("Los datos del portapapeles ocupan 2 columnas y 13 filas. Desde la fila "
                        "«R-2», columna «C-2» solo hay sitio para 2 columnas y 2 filas."));
-    EXPECT_EQ(reasonOf(QStringLiteral("1 2 3 huevos")),
-              QStringLiteral("Los datos del portapapeles ocupan 4 columnas y 1 fila. Desde la fila "
-                             "«R-2», columna «C-2» solo hay sitio para 2 columnas y 2 filas."));
+    // Of names or blank lines, which make it too large, it is better told.
+    EXPECT_EQ(reasonOf(QStringLiteral("1 2 3 huevos")).toStdString(),
+              "Línea 1, campo 4: «huevos» no es un número." + extract);
+    EXPECT_EQ(reasonOf(QStringLiteral("1 2\n\n3 4")), QStringLiteral("La línea 2 está vacía."));
     EXPECT_EQ(reasonOf(QStringLiteral("1 2\nhuevos 4")).toStdString(),
               "Línea 2, campo 1: «huevos» no es un número. Iba a la fila «R-3», columna «C-2»." +
                   extract);

@@ -98,9 +98,10 @@ TEST_F(CopyPaste, PasteRefusesWhatDoesNotFitOrIsNoNumber)
          "«C-2» solo hay sitio para 2 columnas y 2 filas. Para que quepan, ponga el cursor en la "
          "primera celda."},
         {"1\t2\n3\tcuatro",
-         "Línea 2, campo 2: «cuatro» no es un número. Iba a la fila «R-3», columna «C-3». Si los "
-         "datos llevan su tratamiento, como «A 24», tráigalos con «Extract from Clpbrd», del menú "
-         "de la tabla."},
+         "Línea 2, campo 2: «cuatro» no es un número. Iba a la fila «R-3», columna «C-3». Copie "
+         "solo "
+         "números, sin nombres; los datos con su tratamiento, como «A 24», van por «Extract from "
+         "Clpbrd», del menú de la tabla."},
         {"1\t2\n3", "La línea 2 tiene 1 campo y la primera, 2: los datos no forman un rectángulo."},
         {"", "El portapapeles no contiene ningún texto."}};
     for (const auto& [text, reason] : cases) {

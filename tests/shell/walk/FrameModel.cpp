@@ -188,8 +188,10 @@ void FrameModel::changed()
         return;
     child().hasOtherData = true;
     tellWhetherStale();
+    const QString stale = child().stale;
     if (!std::exchange(child().wasEdited, true))
-        notice = QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo.");
+        notice = (stale.isEmpty() ? QString() : stale + QStringLiteral(". ")) +
+                 QStringLiteral("Los cambios valen en esta ventana, pero no llegan al archivo.");
 }
 
 void FrameModel::choose(const Choice& choice)

@@ -102,6 +102,7 @@ void FrameWalk::saveOrNot(const QString& told, const QString& suffix)
 {
     if (flag()) {
         m_dialogs.saveAnswers = {std::nullopt};
+        m_model.notice.clear();
         return;
     }
     const QString name = freshName(suffix);
@@ -194,10 +195,12 @@ void FrameWalk::addPowerSteps()
         [this] {
             click("BtnSig");
             auto* popup = place(m_model.active).findChild<QMenu*>(QStringLiteral("MenuSig"));
-            if (flag())
+            if (flag()) {
                 m_hands.clickEntry(*popup, popup->actions().at(static_cast<int>(below(4))));
-            else
+                m_model.say(QStringLiteral("Listo."));
+            } else {
                 readAndLeave(*popup);
+            }
         });
     constexpr int mostStudies = 6; // they take long
     add(

@@ -55,7 +55,8 @@ TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
     ASSERT_EQ(notices.count(), 1);
     EXPECT_EQ(
         notices[0][0].toString(),
-        QStringLiteral("Tratamientos: 1 = A, 2 = D, 3 = C, 4 = B. Se reordenaron las columnas."));
+        QStringLiteral("Tratamientos: 1 = A, 2 = D, 3 = C, 4 = B. Se reordenaron las columnas. El "
+                       "cuadrado conserva su título: anote los tratamientos."));
     EXPECT_EQ(table.treatments().join(QLatin1Char(' ')), QStringLiteral("A D C B"));
 
     const Snapshot after = snapshot();
