@@ -109,6 +109,34 @@ TEST_F(AnalysisRunning, WhatCanBeChosenSaysWhatItAsksAndAssumes)
     EXPECT_TRUE(level().toolTip().startsWith(QStringLiteral("Alfa es")));
 }
 
+TEST_F(AnalysisRunning, TestsOfRanksAndRunsSayThatTheyAssumeEqualErrorsAndBlocks)
+{
+    openSquare(orderThree);
+    for (const int approach : {ranks, sequences}) {
+        choose(approaches(), approach);
+        const auto offered = tests().findChildren<QRadioButton*>();
+        EXPECT_EQ(offered.size(), 2);
+        for (const auto* button : offered) {
+            const QString tip = button->toolTip();
+            EXPECT_TRUE(tip.contains(QStringLiteral("independientes, de igual dispersión y forma")))
+                << tip.toStdString();
+            EXPECT_TRUE(tip.contains(QStringLiteral("que filas y columnas no difieran")))
+                << tip.toStdString();
+        }
+        const QString tip = approaches().findChildren<QRadioButton*>().at(approach)->toolTip();
+        EXPECT_TRUE(tip.contains(QStringLiteral("errores de igual dispersión y forma")))
+            << tip.toStdString();
+        EXPECT_TRUE(tip.contains(QStringLiteral("o quita filas ni columnas"))) << tip.toStdString();
+    }
+}
+
+TEST_F(AnalysisRunning, TheLevelWarnsOfLowOnes)
+{
+    openSquare(orderThree);
+    EXPECT_TRUE(level().toolTip().contains(
+        QStringLiteral("o use niveles menores de 50 % con F, Zimmerman ni M")));
+}
+
 TEST_F(AnalysisRunning, BennettWarnsOfTiesBeforeItIsRun)
 {
     openSquare(orderThree);
