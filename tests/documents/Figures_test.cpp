@@ -15,6 +15,7 @@
 #include "stats/numbers/STATIS.h"
 #include "stats/numbers/SequenceTests.h"
 #include "stats/numbers/SimulatedSquares.h"
+#include "stats/numbers/Treatments.h"
 #include "stats/words/Estad.h"
 #include "support/Text.h"
 #include "support/UserLocale.h"
@@ -167,6 +168,23 @@ TEST_F(ManualFigures, ReportsOfTheSampleOfOrderThree)
     EXPECT_TRUE(tests.shows(stats::BennettTest(square.matrix, 3, alpha)));
     EXPECT_TRUE(tests.shows(sequenceReport(stats::TestC, square)));
     EXPECT_TRUE(tests.shows(sequenceReport(stats::TestM, square)));
+}
+
+TEST_F(ManualFigures, GreatBlockDifferencesHideTheTreatmentsFromZimmerman)
+{
+    EXPECT_TRUE(Chapter("las-pruebas")
+                    .says(QStringLiteral("las filas suben de 100 en 100, las columnas de 1000 en "
+                                         "1000 y los tratamientos de 10 en 10, sin error alguno, "
+                                         "T = 0 y Z = 0")));
+    for (int n = 3; n <= 6; ++n) {
+        stats::TMatrix square = stats::TMatrix::Create(n, n);
+        stats::visitCells(n, [&square](int column, int row, int treatment) {
+            square.Elem(column, row, 100 * row + 1000 * column + 10 * treatment);
+        });
+        const stats::ZimmermanResult result = stats::zimmermanResult(square, n);
+        EXPECT_EQ(result.t, 0.0) << n;
+        EXPECT_EQ(result.z, 0.0) << n;
+    }
 }
 
 TEST_F(ManualFigures, ReportsOfThePropellant)
