@@ -4,6 +4,7 @@
 #include "shell/PrincipalFixture.h"
 
 #include "support/CellTyping.h"
+#include "support/UserLocale.h"
 
 #include <QClipboard>
 #include <QFile>
@@ -143,6 +144,7 @@ TEST_F(Reports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
 
 TEST_F(Reports, NothingThatIsToldOfTheTableHidesThatTheReportIsStale)
 {
+    const UserLocale spanish("es_ES");
     openAnalysis("orden3.asc");
     analyse();
     enterFirstCell("2,5");

@@ -2,6 +2,8 @@
 // What a spreadsheet copies, brought into an editor of the frame by keys.
 #include "shell/PrincipalFixture.h"
 
+#include "support/UserLocale.h"
+
 #include <QClipboard>
 #include <QFile>
 #include <QSpinBox>
@@ -199,6 +201,7 @@ TEST_F(Spreadsheet, TheTreatmentsKeepTheirNames)
 
 TEST_F(Spreadsheet, AnExtractionTellsHowThousandsWereRead)
 {
+    const UserLocale spanish("es_ES");
     EXPECT_EQ(extract("A 1.250\tB 2\tC 3\nB 4\tC 5\tA 1.006\nC 7\tA 8\tB 9\n"), "");
     EXPECT_TRUE(status().startsWith(QStringLiteral(
         "«1.250» se leyó como 1,25 (el primero de 2 números así). Tratamientos: 1 = A")))
