@@ -43,7 +43,8 @@ class Questions(DiskTest):
     @staticmethod
     def in_front(program):
         """The name of the child that is maximised over the others."""
-        return program.caption().partition("[")[2].rstrip("]")
+        in_brackets = lambda: program.caption().partition("[")[2].rstrip("]")  # noqa: E731
+        return wait_for("a child in front", in_brackets)
 
     def assert_alive(self, program):
         self.assertIsNone(program.process.poll(), "the program has ended")

@@ -267,6 +267,7 @@ class Program:
         """An entry of a menu of the bar, by mouse."""
         self.click(self.find("menu item", menu))
         self.click(self.find("menu item", entry))
+        self.wait_until_gone("menu item", entry)  # with its menu, which takes keys
 
     def trigger(self, menu_item):
         """As assistive technology does: an entry of the bar, wherever it is and whatever is open."""
