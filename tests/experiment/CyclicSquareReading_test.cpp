@@ -385,6 +385,8 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
         {"A 1 024\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A 1 024" + noForm + first + missing},
         {"1 024 A\tB 2\nB 3\tA 4", "Línea 1, campo 1: «1 024 A" + noForm + first + missing},
         {"24 T 1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «24 T 1" + noForm + first + missing},
+        {"A\tB 2\nB 3\tA 4",
+         "Línea 1, campo 1: «A" + noCell + "«R-1» y la columna «C-1»." + missing},
         {"A-1\tB 2\nB 3\tA 4", "Línea 1, campo 1: «A-1" + noForm + first + missing},
         {"\tEva\tAna\nNorte\tA 1\tB 2\nSur\tB 3\tA 4\nTotal\t4\t6",
          "Línea 2, campo 1: «Norte» no es un tratamiento con su observación, como «A 24». Si es el "

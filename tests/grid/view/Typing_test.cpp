@@ -172,6 +172,16 @@ TEST_F(Typing, ATextThatIsNoNumberStaysOpenToBeMended)
     EXPECT_EQ(table.value(2, 1), 25.0);
 }
 
+TEST_F(Typing, ALetterInTheNumberIsAskedAfter)
+{
+    click(2, 1);
+    type("2O");
+    press(Qt::Key_Return);
+    ASSERT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_TRUE(dialogs.errors[0].text.startsWith(QStringLiteral(
+        "«2O» no es un número. ¿Hay una letra O o l en lugar de un 0 o un 1?\nCelda: fila ")));
+}
+
 TEST_F(Typing, ABadTextLeftByAClickIsRefusedOnceAndTheOldValueStays)
 {
     table.setValue(2, 1, 24);
