@@ -16,6 +16,9 @@ test_packages=(
     libboost-math-dev locales strace
 )
 
+# What `./test --largo` needs besides.
+reliability_packages=(llvm valgrind)
+
 # What tools/validation needs besides.
 validation_packages=(r-base-core)
 

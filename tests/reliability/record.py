@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Writes docs/fiabilidad.md, or those of its sections that are named.
+
+    record.py [SECTION...]
+
+A section is a script of its own beside this one, run from the project's root: it prints the body of its
+section in Spanish, and fails where it found something. A section that is not made again stays as it was,
+with its date.
+"""
+
+import datetime
+import pathlib
+import re
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RECORD = ROOT / "docs" / "fiabilidad.md"
+SECTIONS = {
+    "fuzzing": "Entradas al azar",
+    "failures": "Cada llamada al sistema que falla",
+    "allocations": "Cada petición de memoria que falla",
+    "kills": "Muerto mientras guarda",
+    "monkey": "Un mono con memoria",
+    "endurance": "Mil jornadas seguidas",
+    "endings": "El final que nadie eligió",
+    "places": "Idiomas y lugares",
+    "sizes": "Archivos anchos",
+    "coverage": "Líneas y ramas que corren las pruebas",
+    "mutants": "Cien errores sembrados",
+    "memcheck": "Memoria sin definir",
+}
+INTRODUCTION = """# Fiabilidad
+
+Qué aguanta Cuadrado Latino, con cifras. Este documento lo escribe `./test --largo`, que instala lo que
+falta, compila y corre cada sección; `./test --largo` con los nombres de algunas rehace solo esas, y cada una dice
+cuándo se hizo y con qué estado del código. `./test` corre una forma breve de cada una.
+"""
+
+
+def heading(section):
+    return f"## {SECTIONS[section]}"
+
+
+def present_sections():
+    """The text of each section that the document has, by its heading."""
+    if not RECORD.is_file():
+        return {}
+    parts = re.split(r"^(?=## )", RECORD.read_text(), flags=re.MULTILINE)[1:]
+    return {part.splitlines()[0]: part.strip() for part in parts}
+
+
+def commit():
+    described = subprocess.run(
+        ["git", "-C", ROOT, "describe", "--always", "--dirty", "--exclude", "*"],
+        capture_output=True, text=True, check=True,
+    )
+    return described.stdout.strip().replace("-dirty", " con cambios")
+
+
+def made_again(section):
+    print(f"== {SECTIONS[section]} ({section})", file=sys.stderr, flush=True)
+    began = time.monotonic()
+    script = pathlib.Path(__file__).with_name(f"{section}.py")
+    run = subprocess.run(["python3", script], cwd=ROOT, stdout=subprocess.PIPE, text=True, check=False)
+    minutes = max(1, round((time.monotonic() - began) / 60))
+    if run.returncode != 0:
+        sys.exit(f"{section}: se encontró algo; el documento queda como estaba")
+    return (
+        f"{heading(section)}\n\n{datetime.date.today()}, código {commit()}, "
+        f"`./test --largo {section}`, {minutes} min.\n\n{run.stdout.strip()}"
+    )
+
+
+def write(sections):
+    present = [sections[heading(name)] for name in SECTIONS if heading(name) in sections]
+    RECORD.write_text("\n\n".join([INTRODUCTION.strip(), *present]) + "\n")
+
+
+def main(names):
+    unknown = [name for name in names if name not in SECTIONS]
+    if unknown:
+        sys.exit(f"no hay sección {', '.join(unknown)}; hay {', '.join(SECTIONS)}")
+    for name in names or SECTIONS:
+        section = made_again(name)
+        write({**present_sections(), heading(name): section})
+
+
+if __name__ == "__main__":
+    main(sys.argv[1:])
