@@ -20,6 +20,13 @@ RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key cl
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
 
+# What holds only controls of some roles, which most looks are not for: each control costs several
+# questions on the bus.
+INSIDE = {
+    "menu bar": {"menu item", "check menu item", "radio menu item", "popup menu", "separator"},
+    "table": {"table cell", "column header", "row header", "text"},
+}
+
 # What the bus raises for a control or an application that is gone while it is looked at.
 Gone = GLib.GError
 
@@ -167,30 +174,37 @@ class Program:
 
     def controls(self, inside=None):
         """Every control of the program, or inside one of its controls, outermost first."""
+        return (control for control, _ in self._walk(inside, lambda _: True))
+
+    def _walk(self, inside, descends):
+        """Controls with their roles, outermost first; descends(role) says whether to look into one."""
         self._hear()
         waiting = [self._application, *self._popups] if inside is None else [inside]
         while waiting:
             control = waiting.pop(0)
             try:
-                children = [control.getChildAtIndex(i) for i in range(min(control.childCount, 400))]
-                if control is not self._application:
-                    yield control
+                role = control.getRoleName()
+                children = range(min(control.childCount, 400)) if descends(role) else ()
+                children = [control.getChildAtIndex(i) for i in children]
             except Gone:  # gone while it was looked at
                 continue
+            if control is not self._application:
+                yield control, role
             waiting += [child for child in children if child is not None]
 
     def look(self, role, name=None, inside=None):
         """The controls of that role (and name) that are showing."""
-        found = []
-        for control in self.controls(inside):
+        return list(self._look(role, name, inside))
+
+    def _look(self, wanted, name, inside):
+        for control, role in self._walk(inside, lambda role: wanted in INSIDE.get(role, {wanted})):
             try:
-                if control.getRoleName() != role or (name is not None and control.name != name):
+                if role != wanted or (name is not None and control.name != name):
                     continue
                 if control.getState().contains(pyatspi.STATE_SHOWING):
-                    found.append(control)
+                    yield control
             except Gone:
                 continue
-        return found
 
     def showing(self):
         """Every control that is showing."""
@@ -206,7 +220,7 @@ class Program:
         return self.find("label", inside=self.find("status bar")).name
 
     def find(self, role, name=None, inside=None):
-        return wait_for(f"{role} «{name}»", lambda: self.look(role, name, inside))[0]
+        return wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
 
     def wait_until_gone(self, role, name=None):
         wait_for(f"the end of {role} «{name}»", lambda: not self.look(role, name))
