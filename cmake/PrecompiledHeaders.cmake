@@ -21,9 +21,15 @@ function(add_precompiled_headers name)
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
-# Of the tests with widgets: as tests/cmake/Tests.cmake compiles them.
-function(add_window_test_headers)
+# Of the tests: as tests/cmake/Tests.cmake compiles them.
+function(add_test_headers)
     if(CL_PRECOMPILED_HEADERS)
+        add_precompiled_headers(
+            core_test_headers
+            LIBRARIES Qt6::Core GTest::gtest
+            HEADERS ${core_headers} <QFile> <gtest/gtest.h>
+            OPTIONS -O0
+        )
         add_precompiled_headers(
             window_test_headers
             LIBRARIES Qt6::Widgets GTest::gtest

@@ -12,10 +12,12 @@ function(add_remembered_test name)
 endfunction()
 
 # A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
-# With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one. The sources
-# are compiled as one, but for those APART, whose local names are those of another.
+# With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one, of a layer that
+# may be WITHOUT_QT. The sources are compiled as one, but for those APART, whose local names are those of
+# another. GoogleTest's macros take the optimiser half the build, so it is left out but where a test
+# computes much itself: OPTIMISED.
 function(add_layer_test name)
-    cmake_parse_arguments(arg "GUI" "MAIN;TIMEOUT" "SOURCES;APART;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "GUI;WITHOUT_QT;OPTIMISED" "MAIN;TIMEOUT" "SOURCES;APART;LIBRARIES" ${ARGN})
     string(REPLACE "." "_" target test_${name})
     add_executable(${target} ${arg_SOURCES} ${arg_APART})
     # GoogleTest and Qt's headers are read once per program instead of once per source.
@@ -28,10 +30,11 @@ function(add_layer_test name)
         ${target} PRIVATE CL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CL_BINARY_DIR="${PROJECT_BINARY_DIR}"
     )
     target_link_libraries(${target} PRIVATE project_options ${arg_LIBRARIES} GTest::gtest)
+    if(NOT arg_OPTIMISED)
+        target_compile_options(${target} PRIVATE -O0)
+    endif()
     if(arg_GUI)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
-        # Pressing keys needs no optimiser, and GoogleTest's macros take it half the build.
-        target_compile_options(${target} PRIVATE -O0)
         if(NOT arg_MAIN)
             set(arg_MAIN ${PROJECT_SOURCE_DIR}/tests/support/gui_main.cpp)
         endif()
@@ -42,6 +45,9 @@ function(add_layer_test name)
         endif()
     else()
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
+        if(TARGET core_test_headers AND NOT arg_WITHOUT_QT AND NOT arg_OPTIMISED)
+            target_precompile_headers(${target} REUSE_FROM core_test_headers)
+        endif()
     endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
