@@ -4,6 +4,7 @@
 
 #include "shell/PrincipalFixture.h"
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QMenu>
 #include <QTest>
@@ -93,6 +94,23 @@ TEST_F(UnchosenEnd, ASignalWaitsForAnOpenQuestion)
     question.reject();
     EXPECT_TRUE(hasClosed());
     EXPECT_EQ(asked(), 2U);
+}
+
+TEST_F(UnchosenEnd, ASignalWaitsForTheStudyThatRuns)
+{
+    frame.ClculodePotencia1Click();
+    auto* study = qobject_cast<window::ChildWindow*>(children().constFirst()->widget());
+    int points = 0;
+    QObject::connect(study, &window::ChildWindow::statusText, [&](const QString& text) {
+        if (!text.startsWith(QStringLiteral("Calculando potencias")))
+            return;
+        if (++points == 3)
+            std::raise(SIGTERM);
+        QTest::qSleep(5); // long enough together for whoever would not wait
+    });
+    study->findChild<QAbstractButton*>(QStringLiteral("BtnCalcular"))->click();
+    EXPECT_EQ(points, 21);
+    EXPECT_TRUE(hasClosed());
 }
 
 TEST_F(UnchosenEnd, AMenuStepsAside)
