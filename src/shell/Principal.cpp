@@ -202,7 +202,7 @@ void TPrincipal::focusWindowChanged(const QWindow* focused)
 
 void TPrincipal::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(everyChildMayClose());
+    event->setAccepted(m_wasAsked || mayClose());
     if (!event->isAccepted())
         return;
     for (const QMdiSubWindow* place : m_area->subWindowList())
@@ -211,9 +211,14 @@ void TPrincipal::closeEvent(QCloseEvent* event)
         companion->close();
 }
 
-/// Asks the children one after the other, the one in front first, before any of them closes. The
-/// first that stays ends it, with every window as it was.
-bool TPrincipal::everyChildMayClose()
+void TPrincipal::closeUnasked()
+{
+    m_wasAsked = true;
+    close();
+    m_wasAsked = false; // it may be shown again
+}
+
+bool TPrincipal::mayClose()
 {
     const Arrangement before(*m_area);
     QList<QPointer<window::ChildWindow>> children;

@@ -40,6 +40,13 @@ public:
     explicit TPrincipal(window::Dialogs& dialogs, QWidget* parent = nullptr);
     ~TPrincipal() override;
 
+    /// Whether the frame may close now: asks the children one after the other, the one in front
+    /// first, and closes none. The first that stays ends it, with every window as it was.
+    bool mayClose();
+
+    /// Closes without asking, after mayClose().
+    void closeUnasked();
+
 public slots:
     void NuevoArchivo1Click();
     void AbrirArchivo1Click();
@@ -70,7 +77,6 @@ private:
     void openSystemMenu();
     void activateNeighbour(int distance);
     void bringToFront(QMdiSubWindow* place);
-    bool everyChildMayClose();
     void FormActivate();
     QList<QWidget*> companions() const;
     void focusWindowChanged(const QWindow* focused);
@@ -85,6 +91,7 @@ private:
     StatusLine* m_status = nullptr;
     QMenu* m_windowMenu = nullptr;
     QPointer<window::ChildWindow> m_activeChild;
+    bool m_wasAsked = false;
     bool m_leftForOwnDialog = false; ///< The frame lost the focus to a window of its own.
 };
 

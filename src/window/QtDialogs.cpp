@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/QtDialogs.h"
 
+#include "window/FileDialog.h"
+
 #include <QDir>
-#include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -84,62 +84,22 @@ private:
     QPointer<Dialog> m_dialog;
 };
 
-/// Qt's, but for quotation marks in a name: between two of them it looks for one of several names,
-/// and would save under another name than the one that was typed.
-class FileDialog : public QFileDialog {
-public:
-    using QFileDialog::QFileDialog;
-
-    QLineEdit* nameEdit() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
-
-protected:
-    void accept() override
-    {
-        const QLineEdit* edit = nameEdit();
-        if (edit == nullptr || !edit->text().contains(QLatin1Char('"')))
-            QFileDialog::accept();
-        else
-            QtDialogs().showError(
-                this,
-                QStringLiteral("El nombre de un archivo no puede llevar aquí comillas («\"»)."),
-                windowTitle());
-    }
-};
-
-/// Offers a name to change or confirm; as it is, where its folder does not exist and the dialog has
-/// nothing to show for it.
-void offerName(FileDialog& dialog, const QString& fileName)
-{
-    QLineEdit* edit = dialog.nameEdit();
-    if (edit == nullptr || QFileInfo(fileName).dir().exists()) {
-        dialog.selectFile(fileName);
-        return;
-    }
-    edit->setText(fileName);
-    edit->selectAll();
-}
-
-std::optional<QString> runFileDialog(QWidget* parent, const FileRequest& request,
+std::optional<QString> runFileDialog(Dialogs& dialogs, QWidget* parent, const FileRequest& request,
                                      QFileDialog::AcceptMode mode)
 {
     FileKinds kinds; // outlives the dialog
-    Modal<FileDialog> dialog(parent, request.title);
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    Modal<FileDialog> dialog(dialogs, parent, request.title, mode, request.suffix);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
-    dialog->setAcceptMode(mode);
-    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                        : QFileDialog::AnyFile);
     dialog->setIconProvider(&kinds);
     if (auto* splitter = dialog->findChild<QSplitter*>())
         splitter->setAccessibleName(QStringLiteral("Lugares y archivos"));
     dialog->setNameFilter(nameFilter(request.filter));
-    dialog->setDefaultSuffix(request.suffix);
     widenFileList(*dialog);
     if (!request.fileName.isEmpty())
-        offerName(*dialog, request.fileName);
+        dialog->offerName(request.fileName);
     if (!dialog.isAccepted())
         return std::nullopt;
-    return dialog->selectedFiles().constFirst();
+    return dialog->chosenFile();
 }
 
 /// Says what the picture of a box says to those who see it.
@@ -180,7 +140,7 @@ Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& 
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
 {
-    return runFileDialog(parent, request, QFileDialog::AcceptOpen);
+    return runFileDialog(*this, parent, request, QFileDialog::AcceptOpen);
 }
 
 /// The dialog comes back, with the name, after a name that cannot be taken.
@@ -192,7 +152,7 @@ std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileReques
     const bool asksHere = request.confirmOverwrite && request.writtenName;
     next.confirmOverwrite = request.confirmOverwrite && !asksHere;
     while (const std::optional<QString> chosen =
-               runFileDialog(parent, next, QFileDialog::AcceptSave)) {
+               runFileDialog(*this, parent, next, QFileDialog::AcceptSave)) {
         if (!QFileInfo(*chosen).dir().exists())
             showError(parent, missingFolder(*chosen), request.title);
         else if (!asksHere ||

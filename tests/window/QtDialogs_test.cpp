@@ -50,6 +50,8 @@ void nameAndAccept(QFileDialog& dialog, const QString& name)
 {
     auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     ASSERT_NE(edit, nullptr);
+    QApplication::setActiveWindow(&dialog);
+    edit->setFocus();
     edit->setText(name);
     auto* buttons = dialog.findChild<QDialogButtonBox*>();
     ASSERT_NE(buttons, nullptr);
@@ -218,6 +220,65 @@ TEST_F(QtDialogs, ANameThatCannotBeTakenAsItIsIsRefused)
         });
         EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("a.asc"));
     }
+}
+
+TEST_F(QtDialogs, ANameThatIsTooLongIsToldOf)
+{
+    const QString letters(300, QLatin1Char('a'));
+    const QString accents(140, QChar(0x00E1)); // two bytes each in a name on the disk
+    for (const QString& name : {letters, accents, path("x") + letters}) {
+        QString told;
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            whenOpen<QMessageBox>([&](QMessageBox& box) {
+                told = box.text();
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            edit->setText(name);
+            QTest::keyClick(edit, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(edit->text(), name);
+            dialog.reject();
+        });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request), std::nullopt);
+        EXPECT_EQ(told, QStringLiteral("El nombre del archivo es demasiado largo."));
+    }
+}
+
+TEST_F(QtDialogs, BlanksAtTheEndOfANameAreNotSaved)
+{
+    for (const char* typed : {"datos ", "datos.asc ", "datos.asc  \t"}) {
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) { nameAndAccept(dialog, path(typed)); });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request), path("datos.asc")) << typed;
+    }
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) { nameAndAccept(dialog, path(" a b .asc")); });
+    EXPECT_EQ(dialogs.saveFileName(nullptr, request), path(" a b .asc"));
+
+    make("viejos.asc "); // as another program may have named it
+    request.confirmOverwrite = false;
+    for (const auto ask : {&window::QtDialogs::saveFileName, &window::QtDialogs::openFileName}) {
+        whenOpen<QFileDialog>(
+            [&](QFileDialog& dialog) { nameAndAccept(dialog, path("viejos.asc ")); });
+        EXPECT_EQ((dialogs.*ask)(nullptr, request), path("viejos.asc "));
+    }
+}
+
+TEST_F(QtDialogs, OpeningTakesATypedNameWithoutSuffix)
+{
+    const auto opened = [this](const QString& typed) {
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            nameAndAccept(dialog, typed);
+            if (dialog.isVisible()) // with a box in front that says that there is no such file
+                QTimer::singleShot(0, &dialog, &QDialog::reject);
+        });
+        return dialogs.openFileName(nullptr, request);
+    };
+    make("parcela");
+    EXPECT_EQ(opened(path("parcela")), path("parcela"));
+    make("parcela.asc");
+    EXPECT_EQ(opened(path("parcela")), path("parcela")) << "what was typed";
+    make("lote.asc");
+    EXPECT_EQ(opened(path("lote")), path("lote.asc"));
 }
 
 TEST_F(QtDialogs, AQuestionGoesWithItsWindow)
