@@ -124,7 +124,7 @@ QStringList keepProperties(const QByteArray& oldPath, const struct stat& old, in
     uninterrupted([&] { return fremovexattr(newFile, accessList.constData()); });
     const bool hasAlienList = attribute(newFile, accessList).has_value();
     // Beside an access list the bits of the group are not the group's, and it brings its own.
-    const bool bitsAreOfGroup = sameGroup && !hadAccessList && !hasAlienList;
+    const bool bitsAreOfGroup = sameGroup && names && !hadAccessList && !hasAlienList;
     const mode_t permissions = permissionsOf(old);
     givePermissions(bitsAreOfGroup ? permissions : withoutGroup(permissions), newFile);
     const bool sameAccessList =
