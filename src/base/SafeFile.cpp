@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFile.h"
 
+#include "base/FileProperties.h"
+#include "base/FileTarget.h"
+#include "base/SystemCall.h"
+#include "base/TemporaryFile.h"
+#include "base/WriteError.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QStorageInfo>
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,67 +23,74 @@ namespace {
 constexpr qint64 largestFile = qint64(1) << 30;
 constexpr qint64 largestUnsizedFile = qint64(1) << 20;
 
-/// What stands in the way before anything is written; devices and pipes are kept out here, since
-/// replacing them by an ordinary file would be damage.
-std::optional<QString> obstacle(const QFileInfo& target)
+/// What came of writing a file apart and putting it into the place of the old one.
+struct Attempt {
+    int error = 0;
+    bool canBeNamed = true; ///< An unnamed file may turn out to have no way to a name.
+    bool isInPlace = false;
+    QStringList lost; ///< Of the old file.
+};
+
+Attempt replaceBy(TemporaryFile::Kind kind, const FileTarget& target, int folder,
+                  const QByteArray& bytes)
 {
-    const QFileInfo folder(target.absolutePath());
-    if (target.fileName().isEmpty() || target.isDir())
-        return QStringLiteral("El nombre es el de una carpeta.");
-    if (QFile::encodeName(target.fileName()).size() >
-        pathconf(QFile::encodeName(folder.filePath()).constData(), _PC_NAME_MAX)) {
-        if (folder.isDir())
-            return QStringLiteral("El nombre del archivo es demasiado largo.");
+    constexpr mode_t forEverybody = 0666; // less what the user's mask forbids
+    constexpr mode_t forTheUser = 0600;   // until it has the permissions of the old one
+    Attempt attempt;
+    TemporaryFile file(folder, target.name);
+    attempt.error = file.create(kind, target.old ? forTheUser : forEverybody);
+    attempt.canBeNamed = attempt.error == 0;
+    if (attempt.error == 0 && target.old)
+        attempt.lost = keepProperties(target.path(), *target.old, file.descriptor());
+    if (attempt.error == 0)
+        attempt.error = file.write(bytes);
+    if (attempt.error == 0)
+        attempt.error = file.settle();
+    if (attempt.error == 0) {
+        attempt.error = file.takeName();
+        attempt.canBeNamed = attempt.error == 0;
     }
-    if (!folder.isDir())
-        return QStringLiteral("La carpeta no existe.");
-    if (target.exists() && !target.isFile())
-        return QStringLiteral("El nombre no es el de un archivo corriente.");
-    if (target.exists() && !target.isWritable())
-        return QStringLiteral("El archivo está protegido contra escritura.");
-    return std::nullopt;
-}
-
-QString failure(const QSaveFile& file, const QFileInfo& target, qsizetype size)
-{
-    const QFileInfo folder(target.absolutePath());
-    if (!folder.isWritable())
-        return QStringLiteral("No tiene permiso para escribir en la carpeta.");
-    const QStorageInfo disk(folder.filePath());
-    if (disk.bytesTotal() > 0 && disk.bytesAvailable() < size) // /proc is no disk, and never full
-        return QStringLiteral("No queda espacio en el disco.");
-    return QStringLiteral("El sistema no pudo escribirlo (%1).").arg(file.errorString());
-}
-
-QString reasonOf(int error)
-{
-    switch (error) {
-    case ENOSPC:
-        return QStringLiteral("No queda espacio en el disco.");
-    case EDQUOT:
-        return QStringLiteral("Se agotó el espacio que tiene asignado en el disco.");
-    case EIO:
-        return QStringLiteral("El disco dio un error al escribir: puede que nada haya quedado "
-                              "guardado en él.");
-    default:
-        return QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(error));
+    if (attempt.error == 0) {
+        attempt.error = file.takePlace();
+        attempt.isInPlace = attempt.error == 0;
     }
+    return attempt;
 }
 
-/// Whether what was written to an open file has come to rest on the disk.
-///
-/// A file system may tell of an error only when a descriptor is closed; QSaveFile closes its own
-/// without looking, so a copy is closed here. A file that has no disk below it, and cannot be
-/// synchronised therefore, is as safe as it can be.
-/// @return 0, or the system's error number
-int errorOnTheDisk(int descriptor)
+/// A folder that may be written to but not read can be used, but not synchronised.
+int openFolder(const QByteArray& folder)
 {
-    if (fsync(descriptor) != 0 && errno != EINVAL && errno != ENOSYS && errno != EROFS)
-        return errno;
-    const int copy = dup(descriptor);
-    if (copy < 0 || close(copy) != 0)
-        return errno;
-    return 0;
+    constexpr int flags = O_DIRECTORY | O_CLOEXEC;
+    const int readable = uninterrupted([&] { return open(folder.constData(), O_RDONLY | flags); });
+    return readable >= 0 || errno != EACCES
+               ? readable
+               : uninterrupted([&] { return open(folder.constData(), O_PATH | flags); });
+}
+
+/// Whether the entries of a folder have come to rest on the disk. @return 0, or the error
+int settleFolder(int folder)
+{
+    const bool settled = uninterrupted([=] { return fsync(folder); }) == 0;
+    const bool impossible = errno == EBADF || errno == EINVAL || errno == ENOSYS || errno == EROFS;
+    return settled || impossible ? 0 : errno;
+}
+
+QString notSettled(int error)
+{
+    return QStringLiteral("El archivo está escrito, pero el disco no confirmó que quede en su "
+                          "carpeta (%1): un corte de luz puede devolverla a como estaba.")
+        .arg(qt_error_string(error));
+}
+
+QString notKept(const FileTarget& target, const QStringList& lost)
+{
+    QStringList sentences;
+    if (target.old && target.old->st_nlink > 1)
+        sentences << QStringLiteral("Los otros nombres del archivo conservan lo anterior.");
+    if (!lost.isEmpty())
+        sentences << QStringLiteral("Del archivo anterior no se conservó: %1.")
+                         .arg(lost.join(QStringLiteral(", ")));
+    return sentences.join(QLatin1Char(' '));
 }
 
 /// Reads up to the end; a file that says that it is empty may still have something to say.
@@ -97,11 +107,10 @@ Outcome<QByteArray> readDescriptor(int descriptor, qint64 size)
     bytes.reserve(size);
     std::vector<char> block(1U << 16U);
     while (true) {
-        const ssize_t count = read(descriptor, block.data(), block.size());
+        const ssize_t count =
+            uninterrupted([&] { return read(descriptor, block.data(), block.size()); });
         if (count == 0)
             return Outcome<QByteArray>::of(bytes);
-        if (count < 0 && errno == EINTR)
-            continue;
         if (count < 0)
             return {};
         if (bytes.size() + count > limit)
@@ -112,47 +121,44 @@ Outcome<QByteArray> readDescriptor(int descriptor, qint64 size)
 
 } // namespace
 
+Outcome<WrittenFile> replaceFile(const QString& fileName, const QByteArray& bytes)
+{
+    using Written = Outcome<WrittenFile>;
+    const Outcome<FileTarget> found = findTarget(fileName);
+    if (!found.value)
+        return Written::refused(found.reason);
+    const FileTarget& target = *found.value;
+    const Descriptor folder(openFolder(target.folder));
+    if (!folder.isOpen())
+        return Written::refused(writeError(errno));
+
+    Attempt attempt = replaceBy(TemporaryFile::Kind::Unnamed, target, folder.number(), bytes);
+    if (!attempt.canBeNamed)
+        attempt = replaceBy(TemporaryFile::Kind::Named, target, folder.number(), bytes);
+    if (!attempt.isInPlace)
+        return Written::refused(writeError(attempt.error));
+    removeStrays(folder.number(), target.name);
+    if (const int error = settleFolder(folder.number()))
+        return Written::refused(notSettled(error));
+    return Written::of({notKept(target, attempt.lost)});
+}
+
 std::optional<QString> writeFile(const QString& fileName, const QByteArray& bytes)
 {
-    const QFileInfo target(fileName);
-    if (const auto reason = obstacle(target))
-        return reason;
-
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return failure(file, target, bytes.size());
-    // commit() alone reports success on a full disk for files that fit its buffer: flush and look
-    // at the error first.
-    const bool written =
-        file.write(bytes) == bytes.size() && file.flush() && file.error() == QFileDevice::NoError;
-    if (!written) {
-        const QString reason = failure(file, target, bytes.size());
-        file.cancelWriting();
-        return reason;
-    }
-    if (const int error = errorOnTheDisk(file.handle())) {
-        file.cancelWriting();
-        return reasonOf(error);
-    }
-    if (!file.commit())
-        return failure(file, target, bytes.size());
-    return std::nullopt;
+    return replaceFile(fileName, bytes).problem();
 }
 
 Outcome<QByteArray> readLimited(const QString& fileName)
 {
     if (!QFileInfo(fileName).isFile()) // asked first: to open a device may do something to it
         return {};
-    const int descriptor =
-        open(QFile::encodeName(fileName).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return {};
-    Outcome<QByteArray> contents;
+    const QByteArray name = QFile::encodeName(fileName);
+    const Descriptor file(
+        uninterrupted([&] { return open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
     struct stat status {};
-    if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
-        contents = readDescriptor(descriptor, status.st_size);
-    close(descriptor);
-    return contents;
+    if (!file.isOpen() || fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return readDescriptor(file.number(), status.st_size);
 }
 
 std::optional<QByteArray> readFile(const QString& fileName)

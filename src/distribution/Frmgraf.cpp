@@ -97,7 +97,7 @@ void TGrafica::GuardarDatos1Click()
                                 QStringLiteral("Archivos de texto (TXT)|*.txt")};
     request.confirmOverwrite = false;
     save(request, [this](const QString& chosen) {
-        return base::writeFile(chosen, distributionTable(m_distribution));
+        return base::replaceFile(chosen, distributionTable(m_distribution));
     });
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/ChildWindow.h"
 
-#include "base/SafeFile.h"
 #include "window/Caption.h"
 #include "window/Icons.h"
 
@@ -75,14 +74,15 @@ std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& w
     if (known.isEmpty())
         name = m_dialogs.saveFileName(this, request);
     while (name && stillThere) {
-        const std::optional<QString> reason = write(*name);
+        const base::Outcome<base::WrittenFile> file = write(*name);
         const QString written = request.writtenName ? request.writtenName(*name) : *name;
-        if (!reason) {
-            tellSaved(request.savedNotice, written);
+        if (file.value) {
+            tellSaved(request.savedNotice, written, file.value->notKept);
             return name;
         }
         m_dialogs.showError(
-            this, QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(written, *reason),
+            this,
+            QStringLiteral("No se pudo guardar el archivo «%1».\n%2").arg(written, file.reason),
             m_caption);
         if (!stillThere)
             break;
@@ -92,9 +92,10 @@ std::optional<QString> ChildWindow::save(FileRequest request, const WriteFile& w
     return std::nullopt;
 }
 
-void ChildWindow::tellSaved(const QString& form, const QString& fileName)
+void ChildWindow::tellSaved(const QString& form, const QString& fileName, const QString& notKept)
 {
-    emit notice(form.arg(onOneLine(fileName)));
+    const QString saved = form.arg(onOneLine(fileName));
+    emit notice(notKept.isEmpty() ? saved : notKept + QLatin1Char(' ') + saved);
 }
 
 void ChildWindow::saveLines(const FileRequest& request, const QStringList& lines)
@@ -103,7 +104,7 @@ void ChildWindow::saveLines(const FileRequest& request, const QStringList& lines
     for (const QString& line : lines)
         text += line + QStringLiteral("\r\n");
     save(request,
-         [&text](const QString& chosen) { return base::writeFile(chosen, text.toUtf8()); });
+         [&text](const QString& chosen) { return base::replaceFile(chosen, text.toUtf8()); });
 }
 
 } // namespace window

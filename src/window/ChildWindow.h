@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/SafeFile.h"
 #include "window/Dialogs.h"
 
 #include <QStringList>
@@ -59,8 +60,7 @@ signals:
 
 protected:
     /// Writes a file under the name that the user chose.
-    /// @return nothing when it was written, otherwise the reason
-    using WriteFile = std::function<std::optional<QString>(const QString& chosen)>;
+    using WriteFile = std::function<base::Outcome<base::WrittenFile>(const QString& chosen)>;
 
     Dialogs& dialogs() const { return m_dialogs; }
     /// The caption without the name of a file, also that of message boxes.
@@ -75,9 +75,9 @@ protected:
     /// @return the chosen name; nothing when nothing was saved, and when the child is gone
     std::optional<QString> save(FileRequest request, const WriteFile& write,
                                 const QString& known = {});
-    /// Tells in a notice() under which name something was saved.
+    /// Tells in a notice() under which name something was saved, and before that what was lost.
     /// @param form a FileRequest::savedNotice
-    void tellSaved(const QString& form, const QString& fileName);
+    void tellSaved(const QString& form, const QString& fileName, const QString& notKept);
 
     /// Saves lines of text in UTF-8, each with CRLF at its end.
     void saveLines(const FileRequest& request, const QStringList& lines);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFile.h"
 
+#include "base/SavingFixture.h"
+#include "support/FailingCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/Text.h"
 
@@ -8,65 +10,35 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <cerrno>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
 
-/// What the disk answers instead of doing its work; 0 for a sound disk.
-struct DiskErrors {
-    int ofSync = 0;
-    int ofClose = 0;
-};
-DiskErrors diskErrors;
+using failing::Disk;
+using failing::Fault;
 
-/// Whether a descriptor is of a file that is being written, the only ones that a disk can lose.
-bool isWritten(int descriptor)
-{
-    return (fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_RDONLY;
-}
-
-} // namespace
-
-// These stand before the C library's own.
-
-extern "C" int fsync(int descriptor)
-{
-    if (diskErrors.ofSync == 0)
-        return static_cast<int>(syscall(SYS_fsync, descriptor));
-    errno = diskErrors.ofSync;
-    return -1;
-}
-
-extern "C" int close(int descriptor)
-{
-    const bool fails = diskErrors.ofClose != 0 && isWritten(descriptor);
-    const int result = static_cast<int>(syscall(SYS_close, descriptor)); // it closes all the same
-    if (!fails)
-        return result;
-    errno = diskErrors.ofClose;
-    return -1;
-}
-
-namespace {
-
-class SafeFile : public ::testing::Test {
+class SafeFile : public Saving {
 protected:
-    QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
-    QStringList entries() const
+    /// What is told where the n-th call of this name fails.
+    std::optional<QString> told(const char* call, int error, const char* file = "a.asc",
+                                Fault::Lasting lasting = Fault::Once)
     {
-        return QDir(m_folder.path())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        const Disk faulty(folder(), {1, error, lasting, call});
+        return base::writeFile(path(file), "después");
     }
 
-private:
-    QTemporaryDir m_folder;
+    void expectUntouched()
+    {
+        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("antes"));
+        EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+    }
 };
+
+const QString interrupted =
+    QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(EINTR));
 
 } // namespace
 
@@ -102,7 +74,7 @@ TEST_F(SafeFile, SaysWhyATargetCannotBeWritten)
     EXPECT_EQ(base::writeFile(path("carpeta"), "x"),
               QStringLiteral("El nombre es el de una carpeta."));
     EXPECT_EQ(base::writeFile(path("no/existe.txt"), "x"), QStringLiteral("La carpeta no existe."));
-    EXPECT_EQ(base::writeFile(path("").append(QString(300, QLatin1Char('a'))), "x"),
+    EXPECT_EQ(base::writeFile(path(QByteArray(300, 'a').constData()), "x"),
               QStringLiteral("El nombre del archivo es demasiado largo."));
     ASSERT_EQ(mkfifo(QFile::encodeName(path("tubo")).constData(), 0600), 0);
     EXPECT_EQ(base::writeFile(path("tubo"), "x"),
@@ -115,36 +87,181 @@ TEST_F(SafeFile, SaysWhyATargetCannotBeWritten)
         << "it has no disk that could be full";
 }
 
+TEST_F(SafeFile, ANameAsLongAsNamesMayBeIsSavedAgainAndAgain)
+{
+    for (const int length : {248, 249, 254, 255}) {
+        const QString name = path(QByteArray(length, 'a').constData());
+        EXPECT_EQ(base::writeFile(name, "antes"), std::nullopt) << length;
+        EXPECT_EQ(base::writeFile(name, "después"), std::nullopt) << length;
+        EXPECT_EQ(base::readFile(name), QByteArray("después"));
+    }
+    EXPECT_EQ(entries().size(), 4);
+}
+
 TEST_F(SafeFile, WhatDoesNotReachTheDiskIsNotSaved)
 {
     ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
-    const std::pair<int DiskErrors::*, int> failures[] = {
-        {&DiskErrors::ofSync, EIO},  {&DiskErrors::ofSync, ENOSPC},  {&DiskErrors::ofSync, EDQUOT},
-        {&DiskErrors::ofClose, EIO}, {&DiskErrors::ofClose, ENOSPC}, {&DiskErrors::ofClose, EDQUOT},
+    const std::pair<int, QString> reasons[] = {
+        {EIO, QStringLiteral("El disco dio un error al escribir: puede que nada haya quedado "
+                             "guardado en él.")},
+        {ENOSPC, QStringLiteral("No queda espacio en el disco.")},
+        {EDQUOT, QStringLiteral("Se agotó el espacio que tiene asignado en el disco.")},
+        {EFBIG,
+         QStringLiteral("El archivo pasa del límite de tamaño que tienen aquí los archivos.")},
+        {EPERM, QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(EPERM))},
     };
-    for (const auto& [call, error] : failures) {
-        diskErrors.*call = error;
-        const std::optional<QString> reason = base::writeFile(path("a.asc"), "después");
-        const std::optional<QString> ofNewFile = base::writeFile(path("b.asc"), "nuevo");
-        diskErrors = {};
-        ASSERT_TRUE(reason.has_value()) << error;
-        EXPECT_EQ(ofNewFile, reason);
-        EXPECT_TRUE(reason->contains(error == ENOSPC   ? QStringLiteral("No queda espacio")
-                                     : error == EDQUOT ? QStringLiteral("asignado")
-                                                       : QStringLiteral("error al escribir")))
-            << reason->toStdString();
-        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("antes"));
-        EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+    for (const char* call : {"write", "fsync", "dup", "close", "renameat"}) {
+        for (const auto& [error, reason] : reasons) {
+            EXPECT_EQ(told(call, error), reason) << call;
+            EXPECT_EQ(told(call, error, "b.asc"), reason) << call;
+            expectUntouched();
+        }
     }
     EXPECT_EQ(base::writeFile(path("a.asc"), "después"), std::nullopt);
 }
 
+TEST_F(SafeFile, WhyTheFolderCannotBeUsedIsWhatTheSystemSays)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    const std::pair<int, QString> reasons[] = {
+        {EROFS, QStringLiteral("El disco es de solo lectura.")},
+        {EACCES, QStringLiteral("No tiene permiso para escribir en la carpeta.")},
+        {EMFILE, QStringLiteral("Hay demasiados archivos abiertos.")},
+        {ENFILE, QStringLiteral("Hay demasiados archivos abiertos.")},
+    };
+    for (const auto& [error, reason] : reasons) {
+        EXPECT_EQ(told("open", error, "a.asc", Fault::ThatCall), reason);
+        EXPECT_EQ(told("openat", error, "a.asc", Fault::ThatCall), reason);
+        expectUntouched();
+    }
+    EXPECT_EQ(told("faccessat", EROFS), reasons[0].second);
+    EXPECT_EQ(told("faccessat", EACCES),
+              QStringLiteral("El archivo está protegido contra escritura."));
+    EXPECT_EQ(told("lstat", EACCES), reasons[1].second);
+    expectUntouched();
+}
+
+TEST_F(SafeFile, ALimitInTheMiddleOfTheFileIsToldAsALimit)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    const FileSizeLimit limit(10);
+    EXPECT_EQ(base::writeFile(path("a.asc"), QByteArray(15, 'x')),
+              QStringLiteral("El archivo pasa del límite de tamaño que tienen aquí los archivos."));
+    expectUntouched();
+}
+
+TEST_F(SafeFile, WhatIsWrittenInPiecesIsWhole)
+{
+    const QByteArray bytes = QByteArray(1000, 'a') + QByteArray(1000, 'b');
+    const Disk faulty(folder(), {1, Fault::shortWrite, Fault::ThatCall, "write"});
+    EXPECT_EQ(base::writeFile(path("a.asc"), bytes), std::nullopt);
+    EXPECT_GT(faulty.count(), 10);
+    EXPECT_EQ(base::readFile(path("a.asc")), bytes);
+}
+
+TEST_F(SafeFile, AnInterruptedCallIsMadeAgainButNotForEver)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    for (const char* call : {"open", "openat", "write", "fsync", "dup", "linkat", "renameat"}) {
+        EXPECT_EQ(told(call, EINTR), std::nullopt) << call;
+        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
+        ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    }
+    for (const char* call : {"open", "openat", "write", "fsync", "dup", "renameat"}) {
+        EXPECT_EQ(told(call, EINTR, "a.asc", Fault::ThatCall), interrupted) << call;
+        expectUntouched();
+    }
+    EXPECT_EQ(told("close", EINTR), std::nullopt) << "a descriptor is closed all the same";
+}
+
+TEST_F(SafeFile, WhatWasDoneAndYetReportedAsFailedIsDone)
+{
+    for (const bool isUnnamed : {true, false}) {
+        std::optional<failing::NoUnnamedFiles> named;
+        if (!isUnnamed)
+            named.emplace();
+        for (const char* call : {"linkat", "renameat"}) {
+            const Disk faulty(folder(), {1, EIO, Fault::Once, call, true});
+            EXPECT_EQ(base::writeFile(path("a.asc"), call), std::nullopt);
+            EXPECT_EQ(base::readFile(path("a.asc")), QByteArray(call));
+            EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+        }
+    }
+}
+
+TEST_F(SafeFile, AFileWithoutANameThatCannotGetOneIsWrittenWithOne)
+{
+    for (const Fault::Lasting lasting : {Fault::Once, Fault::ThatCall}) {
+        EXPECT_EQ(told("linkat", EPERM, "a.asc", lasting), std::nullopt);
+        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
+        EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+    }
+}
+
 TEST_F(SafeFile, ADiskThatCannotSynchroniseIsWrittenAllTheSame)
 {
-    diskErrors.ofSync = EINVAL;
-    EXPECT_EQ(base::writeFile(path("a.asc"), "datos"), std::nullopt);
-    diskErrors = {};
+    for (const int error : {EINVAL, ENOSYS, EROFS}) {
+        EXPECT_EQ(told("fsync", error, "a.asc", Fault::ThatCall), std::nullopt);
+        EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
+    }
+}
+
+TEST_F(SafeFile, AFolderThatTheDiskDoesNotConfirmIsTold)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
+    const Disk faulty(folder(), {2, EIO, Fault::Once, "fsync"});
+    EXPECT_EQ(base::writeFile(path("a.asc"), "después"),
+              QStringLiteral("El archivo está escrito, pero el disco no confirmó que quede en su "
+                             "carpeta (%1): un corte de luz puede devolverla a como estaba.")
+                  .arg(qt_error_string(EIO)));
+    EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
+    EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
+}
+
+TEST_F(SafeFile, ASymbolicLinkStaysAndItsTargetIsWritten)
+{
+    QDir(path("")).mkdir(QStringLiteral("datos"));
+    ASSERT_EQ(symlink("datos/corto.asc", QFile::encodeName(path("corto")).constData()), 0);
+    ASSERT_EQ(symlink(QFile::encodeName(path("corto")).constData(),
+                      QFile::encodeName(path("largo")).constData()),
+              0);
+    for (const char* bytes : {"nuevo", "otro"}) {
+        EXPECT_EQ(base::writeFile(path("largo"), bytes), std::nullopt);
+        EXPECT_EQ(base::readFile(path("datos/corto.asc")), QByteArray(bytes));
+        EXPECT_TRUE(QFileInfo(path("corto")).isSymLink());
+        EXPECT_TRUE(QFileInfo(path("largo")).isSymLink());
+    }
+    EXPECT_EQ(QDir(path("datos")).entryList(QDir::Files | QDir::Hidden).size(), 1);
+
+    ASSERT_EQ(symlink("no/a.asc", QFile::encodeName(path("roto")).constData()), 0);
+    EXPECT_EQ(base::writeFile(path("roto"), "x"), QStringLiteral("La carpeta no existe."));
+    ASSERT_EQ(symlink("vueltas", QFile::encodeName(path("vueltas")).constData()), 0);
+    EXPECT_EQ(base::writeFile(path("vueltas"), "x"),
+              QStringLiteral("El nombre es el de un enlace que no lleva a ningún archivo."));
+    ASSERT_EQ(symlink("datos/", QFile::encodeName(path("enlace")).constData()), 0);
+    EXPECT_EQ(base::writeFile(path("enlace"), "x"),
+              QStringLiteral("El nombre es el de una carpeta."));
+    ASSERT_EQ(symlink("nada/", QFile::encodeName(path("hueco")).constData()), 0);
+    EXPECT_EQ(base::writeFile(path("hueco"), "x"), QStringLiteral("La carpeta no existe."));
+}
+
+TEST_F(SafeFile, ANameWithoutAFolderIsOfTheCurrentOne)
+{
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(path("")));
+    EXPECT_EQ(base::writeFile(QStringLiteral("a.asc"), "datos"), std::nullopt);
+    QDir::setCurrent(before);
     EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("datos"));
+    EXPECT_EQ(base::writeFile(QStringLiteral("/"), "x"),
+              QStringLiteral("El nombre es el de una carpeta."));
+}
+
+TEST_F(SafeFile, NamesThatTheSystemDoesNotKnowAreRefused)
+{
+    EXPECT_EQ(base::writeFile(path("").append(QChar(0)).append(QLatin1Char('a')), "x"),
+              QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(EINVAL)));
+    ASSERT_EQ(base::writeFile(path("a.asc"), "x"), std::nullopt);
+    EXPECT_EQ(base::writeFile(path("a.asc/b.asc"), "x"), QStringLiteral("La carpeta no existe."));
 }
 
 TEST_F(SafeFile, AFileBeyondTheLimitIsNamedAndNotRead)

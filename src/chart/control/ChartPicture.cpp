@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "chart/control/ChartPicture.h"
 
-#include "base/SafeFile.h"
 #include "chart/drawing/ChartDrawing.h"
 
 #include <QBuffer>
@@ -46,16 +45,17 @@ std::optional<QString> copyPicture(const QImage& picture)
     return std::nullopt;
 }
 
-std::optional<QString> writePicture(const QString& fileName, const QImage& picture)
+base::Outcome<base::WrittenFile> writePicture(const QString& fileName, const QImage& picture)
 {
+    using Written = base::Outcome<base::WrittenFile>;
     if (picture.isNull())
-        return noSizeReason();
+        return Written::refused(noSizeReason());
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (!picture.save(&buffer, "BMP"))
-        return QStringLiteral("No hay memoria para el mapa de bits.");
-    return base::writeFile(fileName, bytes);
+        return Written::refused(QStringLiteral("No hay memoria para el mapa de bits."));
+    return base::replaceFile(fileName, bytes);
 }
 
 QString bitmapFileName(const QString& chosen)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/SafeFile.h"
 #include "chart/drawing/ChartGeometry.h"
 #include "chart/scale/ItemList.h"
 
@@ -20,8 +21,8 @@ QImage chartPicture(ChartContents contents, const ItemList& items, const ChartGe
 /// Puts a picture on the clipboard. @return why it could not, a whole sentence in Spanish
 std::optional<QString> copyPicture(const QImage& picture);
 
-/// Writes a picture in the Windows BMP format. @return as above
-std::optional<QString> writePicture(const QString& fileName, const QImage& picture);
+/// Writes a picture in the Windows BMP format.
+base::Outcome<base::WrittenFile> writePicture(const QString& fileName, const QImage& picture);
 
 /// The name that a chosen one is saved under: its directory, its file name cut before the first
 /// ".", and ".bmp".

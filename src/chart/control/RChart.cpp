@@ -169,7 +169,8 @@ std::optional<QString> TRChart::CopyToClipboardBitmap(bool whiteBackground) cons
     return copyPicture(picture(whiteBackground));
 }
 
-std::optional<QString> TRChart::SaveAsBitmap(const QString& fileName, bool whiteBackground) const
+base::Outcome<base::WrittenFile> TRChart::SaveAsBitmap(const QString& fileName,
+                                                       bool whiteBackground) const
 {
     return writePicture(bitmapFileName(fileName), picture(whiteBackground));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/SafeFile.h"
 #include "chart/control/ChartNavigation.h"
 #include "chart/control/PointReader.h"
 #include "chart/drawing/ChartContents.h"
@@ -223,9 +224,9 @@ public:
     QImage picture(bool whiteBackground) const;
     /// Puts the picture on the clipboard. @return why it could not, a whole sentence in Spanish
     std::optional<QString> CopyToClipboardBitmap(bool whiteBackground) const;
-    /// Writes the picture in the Windows BMP format under bitmapFileName(). @return as above
-    [[nodiscard]] std::optional<QString> SaveAsBitmap(const QString& fileName,
-                                                      bool whiteBackground) const;
+    /// Writes the picture in the Windows BMP format under bitmapFileName().
+    [[nodiscard]] base::Outcome<base::WrittenFile> SaveAsBitmap(const QString& fileName,
+                                                                bool whiteBackground) const;
     /// The name that a chosen one is saved under: its directory, its file name cut before the first
     /// ".", and ".bmp".
     static QString bitmapFileName(const QString& chosen);

@@ -136,7 +136,8 @@ void TEditor::GuardaryAnalizar1Click()
     if (!m_handOff.fileOpened)
         return;
     m_handedOver = true;
-    if (m_file.rounded) // the analysis has greeted its user since that was told
+    if (m_file.rounded ||
+        !m_file.notKept.isEmpty()) // the analysis has greeted its user since that was told
         tellFile();
     closeUnasked();
 }
@@ -200,18 +201,21 @@ bool TEditor::saveFile()
     }
     window::FileRequest request = squareFileRequest(QStringLiteral("Guardar Archivo"));
     request.fileName = m_file.name;
-    bool rounded = false;
-    const auto write = [this, &rounded](const QString& chosen) {
-        const base::Outcome<bool> written = Export(*m_datos, chosen);
-        rounded = written.value.value_or(false);
-        return written.problem();
+    ExportedSquare exported;
+    const auto write = [this, &exported](const QString& chosen) {
+        using Written = base::Outcome<base::WrittenFile>;
+        const base::Outcome<ExportedSquare> outcome = Export(*m_datos, chosen);
+        if (!outcome.value)
+            return Written::refused(outcome.reason);
+        exported = *outcome.value;
+        return Written::of({exported.notKept});
     };
     const std::optional<QString> fileName = save(request, write, known);
     if (!fileName)
         return false;
-    m_file = {*fileName, base::fingerprint(*fileName), rounded, true};
+    m_file = {*fileName, base::fingerprint(*fileName), exported.rounded, true, exported.notKept};
     showFileName();
-    if (rounded)
+    if (exported.rounded)
         tellFile();
     return true;
 }
@@ -225,7 +229,7 @@ void TEditor::showFileName()
 /// Tells the user that the file holds the square.
 void TEditor::tellFile()
 {
-    tellSaved(savedNotice(m_file.rounded), m_file.name);
+    tellSaved(savedNotice(m_file.rounded), m_file.name, m_file.notKept);
 }
 
 /// Another experiment has come into the grid, whose file holds the one before.

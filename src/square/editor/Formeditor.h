@@ -79,6 +79,7 @@ private:
         QByteArray fingerprint; ///< As it was last loaded or saved.
         bool rounded = false;   ///< It has fewer digits than the grid had as it was saved.
         bool saved = false;     ///< It holds what the grids show.
+        QString notKept = {};   ///< Of the file that it replaced as it was saved.
     };
 
     /// Order and names, and what they are made of.

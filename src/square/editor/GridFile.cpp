@@ -23,17 +23,18 @@ record::SquareData withItsTitle(const record::SquareData& square)
 
 } // namespace
 
-base::Outcome<bool> Export(grid::TNTabEd& table, const QString& fileName, int precision)
+base::Outcome<ExportedSquare> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
     const EncodedSquare encoded = encode(withItsTitle(table.square()), fileName, precision);
-    if (const auto reason = base::writeFile(fileName, encoded.bytes))
-        return base::Outcome<bool>::refused(*reason);
+    const base::Outcome<base::WrittenFile> file = base::replaceFile(fileName, encoded.bytes);
+    if (!file.value)
+        return base::Outcome<ExportedSquare>::refused(file.reason);
     const grid::Freeze freeze(table);
     for (int column = 1; column <= table.NrOfColumns(); ++column)
         table.setColumnName(column, encoded.columnNames.at(column - 1));
     for (int row = 1; row <= table.NrOfRows(); ++row)
         table.setRowName(row, encoded.rowNames.at(row - 1));
-    return base::Outcome<bool>::of(encoded.rounded);
+    return base::Outcome<ExportedSquare>::of({encoded.rounded, file.value->notKept});
 }
 
 SquareHeader ReadHeader(const QString& fileName)

@@ -13,12 +13,17 @@ class TNTabEd;
 /// The square file of a grid. The codes are those of ReadCode.
 namespace square {
 
+/// What came of a square on its way into a file.
+struct ExportedSquare {
+    bool rounded = false; ///< The file holds another value than the grid in some cell.
+    QString notKept;      ///< As of base::WrittenFile.
+};
+
 /// Writes the grid to a file, `precision` significant digits in each observation, and gives the
 /// grid the names back as they stand there, without blanks at their ends.
-/// @return whether the file holds another value than the grid in some cell; where it could not be
-///         written the reason, and the old file and the grid are as they were
-[[nodiscard]] base::Outcome<bool> Export(grid::TNTabEd& table, const QString& fileName,
-                                         int precision = fileDigits);
+/// @return as base::replaceFile(); the grid is as it was where there is a reason
+[[nodiscard]] base::Outcome<ExportedSquare> Export(grid::TNTabEd& table, const QString& fileName,
+                                                   int precision = fileDigits);
 
 // Windows read their files by loadSquare(); these two are for tests and for other users of the
 // grid.

@@ -86,7 +86,7 @@ TEST(RChartPicture, IsSavedAsAWindowsBitmap)
     const QTemporaryDir folder;
     TRChart chart;
     draw(chart);
-    EXPECT_EQ(chart.SaveAsBitmap(folder.filePath(QStringLiteral("uno.dos.dat")), false),
+    EXPECT_EQ(chart.SaveAsBitmap(folder.filePath(QStringLiteral("uno.dos.dat")), false).problem(),
               std::nullopt);
     const QByteArray bytes = bytesOf(folder.filePath(QStringLiteral("uno.bmp")));
     EXPECT_TRUE(bytes.startsWith("BM"));
@@ -99,7 +99,7 @@ TEST(RChartPicture, FailureSaysWhy)
 {
     TRChart chart;
     draw(chart);
-    const auto reason = chart.SaveAsBitmap(QStringLiteral("/no/existe/a.bmp"), false);
+    const auto reason = chart.SaveAsBitmap(QStringLiteral("/no/existe/a.bmp"), false).problem();
     ASSERT_TRUE(reason);
     EXPECT_FALSE(reason->isEmpty());
 }
@@ -120,7 +120,7 @@ TEST(RChartPicture, ChartOfNoSizeHasNone)
     chart.resize(0, 100);
     EXPECT_TRUE(chart.picture(false).isNull());
     EXPECT_EQ(chart.CopyToClipboardBitmap(false), QStringLiteral("La gráfica no tiene tamaño."));
-    EXPECT_EQ(chart.SaveAsBitmap(folder.filePath(QStringLiteral("a.bmp")), false),
+    EXPECT_EQ(chart.SaveAsBitmap(folder.filePath(QStringLiteral("a.bmp")), false).problem(),
               QStringLiteral("La gráfica no tiene tamaño."));
     EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.bmp"))));
 }

@@ -63,11 +63,11 @@ TEST_F(GridFile, ExportWritesTheGridAndHandsTheTrimmedNamesBack)
     m_grid.setSquare(*square::decode(ofOrder3()).data);
     m_grid.setColumnName(1, utf8("  Col 1 "));
     m_grid.setRowName(3, utf8(" Fila 3"));
-    EXPECT_EQ(square::Export(m_grid, path(), 8).value, false);
+    EXPECT_EQ(square::Export(m_grid, path(), 8).value->rounded, false);
     EXPECT_EQ(base::readFile(path()), ofOrder3());
     EXPECT_EQ(m_grid.columnName(1), utf8("Col 1"));
     EXPECT_EQ(m_grid.rowName(3), utf8("Fila 3"));
-    EXPECT_EQ(square::Export(m_grid, path(), 3).value, true); // 512.5
+    EXPECT_EQ(square::Export(m_grid, path(), 3).value->rounded, true); // 512.5
     EXPECT_TRUE(base::readFile(path())->contains("\t-2.50E+0000\t"));
 }
 
