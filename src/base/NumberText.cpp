@@ -14,6 +14,7 @@ namespace base {
 namespace {
 
 constexpr int generalDigits = 15;
+constexpr int mostDigits = 17; // that tell a double from its neighbours
 constexpr int lowestFixedExponent = -5; // 1e-5 is still written out
 constexpr int lowestScientificExponent = 15;
 
@@ -205,11 +206,14 @@ QString fixedText(double value, int decimals)
 QByteArray scientificField(double value, int precision)
 {
     Buffer buffer;
-    const std::string_view text =
+    std::string_view text =
         digitsOf(buffer, value, std::chars_format::scientific, precision - 1);
+    const std::size_t length = text.find('e');
+    if (std::abs(value) > 1e308 && !readPlainNumber(text))
+        text = digitsOf(buffer, value, std::chars_format::scientific, mostDigits - 1);
     const auto mark = text.find('e');
     const std::string_view exponent = text.substr(mark + 2);
-    std::string field(text.substr(0, mark));
+    std::string field(text.substr(0, length));
     field += 'E';
     field += text[mark + 1];
     field.append(4 - exponent.size(), '0').append(exponent);

@@ -143,6 +143,17 @@ TEST_F(NumberText, ScientificFieldIsSixteenWideAtPrecisionEight)
     EXPECT_EQ(base::scientificField(1e-308, 8), QByteArray(" 1.0000000E-0308"));
 }
 
+TEST_F(NumberText, ScientificFieldOfTheLargestNumbersIsANumber)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(base::scientificField(largest, 8), QByteArray(" 1.7976931E+0308"));
+    EXPECT_EQ(base::scientificField(-largest, 2), QByteArray("-1.7E+0308"));
+    EXPECT_EQ(base::scientificField(1.76e308, 2), QByteArray(" 1.7E+0308"));
+    EXPECT_EQ(base::scientificField(1.74e308, 2), QByteArray(" 1.7E+0308"));
+    EXPECT_EQ(base::scientificField(largest, 16), QByteArray(" 1.797693134862315E+0308"));
+    EXPECT_EQ(base::scientificField(largest, 17), QByteArray(" 1.7976931348623157E+0308"));
+}
+
 TEST_F(NumberText, TheUsersDecimalSignIsInEveryTextButTheFiles)
 {
     const UserLocale comma("es_ES");
