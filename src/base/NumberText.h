@@ -76,7 +76,7 @@ std::optional<double> readPlainNumber(std::string_view text);
 ///
 /// Blanks around it, one sign, digits, at most one "," or "." as the decimal point, an optional
 /// exponent. Two separators are refused and never guessed at, since "1.234,5" and "1,234.5" mean
-/// different numbers to different users.
+/// different numbers to different users. A reason quotes the beginning of a long text.
 Outcome<double> readTypedNumber(QStringView text);
 
 } // namespace base

@@ -210,6 +210,21 @@ TEST_F(NumberText, AnythingElseIsRefusedWithAReason)
             << typed;
 }
 
+TEST_F(NumberText, ALongTextIsJudgedWholeAndQuotedByItsBeginning)
+{
+    const auto reason = [](const QString& typed) { return base::readTypedNumber(typed).reason; };
+    EXPECT_EQ(reason(QString(400, u'9')),
+              text("«") + QString(40, u'9') + text("…» es demasiado grande."));
+    EXPECT_EQ(reason(text("1,") + QString(50, u'0') + text("e999")),
+              text("«1,") + QString(38, u'0') + text("…» es demasiado grande."));
+    EXPECT_EQ(reason(QString(50, u'9') + text(".1.1")),
+              text("«") + QString(40, u'9') +
+                  text("…» tiene más de un separador decimal. Escriba el número sin separador de "
+                       "miles y con una sola coma o un solo punto."));
+    EXPECT_EQ(reason(QString(100, u'x')),
+              text("«") + QString(40, u'x') + text("…» no es un número."));
+}
+
 TEST_F(NumberText, PlainNumbersTakeOnlyAPoint)
 {
     EXPECT_EQ(base::readPlainNumber("+2.5"), 2.5);

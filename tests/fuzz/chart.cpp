@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any calls, keys and movements of the mouse, with any numbers, leave two charts with ranges, ticks and
-// labels that can be drawn, and each view is laid out once.
+// Any calls, keys and movements of the mouse, with any numbers, leave two charts with ranges, ticks
+// and labels that can be drawn, and each view is laid out once.
 #include "chart/control/RChart.h"
 #include "fuzz/Fuzzing.h"
 
@@ -96,8 +96,9 @@ private:
                 const long double position = (*positions)[i];
                 require(position >= least - beyond && position <= greatest + beyond,
                         "ticks are within the range");
-                require(i == 0 || (position != (*positions)[i - 1] &&
-                                   (position > (*positions)[i - 1]) == (range.high() > range.low())),
+                require(i == 0 ||
+                            (position != (*positions)[i - 1] &&
+                             (position > (*positions)[i - 1]) == (range.high() > range.low())),
                         "ticks go from the low bound to the high one");
             }
         }
@@ -290,7 +291,8 @@ private:
             m_data.ConsumeBool() ? chart.setLRim(count) : chart.setBRim(count);
             break;
         case 4:
-            chart.setCrossHair1({chart::CrossHairMode::chBoth, anyDouble(m_data), anyDouble(m_data)});
+            chart.setCrossHair1(
+                {chart::CrossHairMode::chBoth, anyDouble(m_data), anyDouble(m_data)});
             break;
         case 5:
             chart.setUserTickTextX({anyText(), anyText()});
@@ -304,8 +306,8 @@ private:
 
     void step(TRChart& chart)
     {
-        static constexpr std::array keys{Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Left,
-                                         Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
+        static constexpr std::array keys{Qt::Key_Plus,  Qt::Key_Minus, Qt::Key_Left,
+                                         Qt::Key_Right, Qt::Key_Up,    Qt::Key_Down};
         static constexpr std::array arrows{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
         switch (m_data.ConsumeIntegralInRange(0, 15)) {
         case 0:
@@ -369,7 +371,8 @@ extern "C" const char* __lsan_default_suppressions()
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QApplication application(*argc, *argv);
+    // Never destroyed: libFuzzer leaves by exit(), when parts of Qt are gone.
+    [[maybe_unused]] static const auto* const application = new QApplication(*argc, *argv);
     QLocale::setDefault(QLocale(QStringLiteral("es_ES")));
     return 0;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any text that is copied into a table or extracted as an experiment is read whole or refused with a
-// reason; what is read holds each observation once, in its row, column and treatment.
+// Any text that is copied into a table or extracted as an experiment is read whole or refused with
+// a reason; what is read holds each observation once, in its row, column and treatment.
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
 #include "base/TableText.h"
@@ -105,8 +105,8 @@ Observed observedIn(const QString& text)
     experiment::FieldLines lines;
     while (!table.value->rest.isEmpty())
         lines.push_back(base::takeFields(*table.value));
-    const auto separators = table.value->byCommas ? experiment::Separators::Commas
-                                                  : experiment::Separators::Others;
+    const auto separators =
+        table.value->byCommas ? experiment::Separators::Commas : experiment::Separators::Others;
     const auto readings = experiment::isExperimentList(lines)
                               ? std::vector{experiment::readExperimentList(lines, separators)}
                               : experiment::readExperimentSquare(lines);
@@ -177,7 +177,8 @@ void checkPaste(grid::TableModel& model, const grid::NumberBlock& block, int col
     });
     const auto copied = grid::readNumberBlock(grid::copiedText(model.square(), range),
                                               {model.square(), column, row});
-    require(copied.value && copied.value->values == block.values, "what is copied is what was pasted");
+    require(copied.value && copied.value->values == block.values,
+            "what is copied is what was pasted");
     history.undo();
     require(valuesOf(model.square()) == before, "a paste can be taken back");
     history.redo();
@@ -190,10 +191,10 @@ void checkNumbers(const QString& text, int order, int column, int row)
     model.resize(order, order);
     grid::CellRange{1, 1, order, order}.forEachCell(
         [&](int c, int r) { model.setValue(c, r, c + 100.0 * r); });
-    const grid::Room room{model.square(), column, row, [](int columns, int rows) {
-                              return QStringLiteral("suba el orden a %1")
-                                  .arg(std::max(columns, rows));
-                          }};
+    const grid::Room room{
+        model.square(), column, row, [](int columns, int rows) {
+            return QStringLiteral("suba el orden a %1").arg(std::max(columns, rows));
+        }};
     const auto block = grid::readNumberBlock(text, room);
     require(block.value.has_value() == block.reason.isEmpty(), "what is refused has a reason");
     if (!block.value) {
@@ -245,15 +246,15 @@ void checkPlanted(FuzzedDataProvider& data)
         treatments += asList ? anyLabel(data, i) : QString(QLatin1Char(static_cast<char>('A' + i)));
     }
     Observed planted;
-    QString text = asList ? QStringLiteral("Fila\tColumna\tTratamiento\tObservación\n")
-                          : QLatin1Char('\t') + columnNames.join(QLatin1Char('\t')) +
-                                QLatin1Char('\n');
+    QString text =
+        asList ? QStringLiteral("Fila\tColumna\tTratamiento\tObservación\n")
+               : QLatin1Char('\t') + columnNames.join(QLatin1Char('\t')) + QLatin1Char('\n');
     for (int row = 0; row < n; ++row) {
         QStringList cells = {rowNames[row]};
         for (int column = 0; column < n; ++column) {
-            const int number = (rows[static_cast<std::size_t>(row)] +
-                                columns[static_cast<std::size_t>(column)]) %
-                               n;
+            const int number =
+                (rows[static_cast<std::size_t>(row)] + columns[static_cast<std::size_t>(column)]) %
+                n;
             const double value = fuzzing::anyFinite(data);
             planted.emplace(rowNames[row], columnNames[column], treatments[number], value);
             if (asList)
@@ -278,7 +279,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         return 0;
     // The first byte: the user's decimal sign, and the cell and the table that a text is pasted to.
     const int choice = bytes[0];
-    QLocale::setDefault(QLocale(choice % 2 == 0 ? QStringLiteral("es_ES") : QStringLiteral("es_MX")));
+    QLocale::setDefault(
+        QLocale(choice % 2 == 0 ? QStringLiteral("es_ES") : QStringLiteral("es_MX")));
     const QByteArray text(reinterpret_cast<const char*>(bytes) + 1,
                           static_cast<qsizetype>(size - 1));
     const QString copied = QString::fromUtf8(text);

@@ -20,7 +20,8 @@ bool isRounded(double rounded, double value, int digits)
            unit * std::abs(value) * 1.000001 + std::numeric_limits<double>::denorm_min();
 }
 
-/// In the file's own form a name with a blank loses its quotes, and blanks that then are at its ends.
+/// In the file's own form a name with a blank loses its quotes, and blanks that then are at its
+/// ends.
 /// @return whether it came back as it was
 bool checkName(const QString& read, const QString& inFile, const QString& defaultName)
 {
@@ -61,8 +62,7 @@ void checkSave(const record::SquareData& square, int digits)
                 read.data->NrOfRows() == square.NrOfRows(),
             "the size is kept");
     const QByteArray title = withoutLineEnds(square.Identifier());
-    require(title.isEmpty() ? !read.data->Identifier().isEmpty()
-                            : read.data->Identifier() == title,
+    require(title.isEmpty() ? !read.data->Identifier().isEmpty() : read.data->Identifier() == title,
             "the title is kept");
     bool sameNames = true;
     for (int column = 1; column <= square.NrOfColumns(); ++column)
@@ -82,9 +82,9 @@ void checkFile(const QByteArray& bytes)
     const square::SquareHeader header = square::readHeader(bytes);
     if (header.code != square::Usable)
         require(read.code == header.code, "the header's fault is that of the file");
-    require(read.data.has_value() == (read.code == square::Usable ||
-                                      read.code == square::NoAttribute ||
-                                      read.code == square::NoObservation),
+    require(read.data.has_value() ==
+                (read.code == square::Usable || read.code == square::NoAttribute ||
+                 read.code == square::NoObservation),
             "a square comes with the codes that promise one");
     if (read.data) {
         require(read.data->NrOfColumns() == header.nrOfColumns &&

@@ -21,8 +21,8 @@ const QString tooLarge = QStringLiteral("demasiado grande");
 /// one form of numbers.
 std::optional<double> numberOfTheLibrary(const QString& text)
 {
-    static const QRegularExpression form(QRegularExpression::anchoredPattern(QStringLiteral(
-        "[+-]?(?:[0-9]++[.,]?[0-9]*+|[.,][0-9]++)(?:[eE][+-]?[0-9]++)?")));
+    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+        QStringLiteral("[+-]?(?:[0-9]++[.,]?[0-9]*+|[.,][0-9]++)(?:[eE][+-]?[0-9]++)?")));
     QString plain = text.trimmed();
     if (!form.match(plain).hasMatch())
         return std::nullopt;
@@ -50,14 +50,16 @@ void checkTexts(double value)
     if (const auto shown = base::readTypedNumber(general); shown.value) {
         require(areNear(*shown.value, value, std::abs(value) * 1e-14 + 1e-322),
                 "the general text is the number to 15 digits");
-        require(base::generalText(*shown.value) == general, "the general text is that of its number");
+        require(base::generalText(*shown.value) == general,
+                "the general text is that of its number");
     } else {
         require(shown.reason.contains(tooLarge) && std::abs(value) > 1.797e308,
                 "the general text is a number");
     }
     if (std::abs(value) < 1e15) {
-        require(areNear(readBack(base::tableText(value)), value, 0.00501 + std::abs(value) * 5.01e-15),
-                "the text of a table is the number to two decimals");
+        require(
+            areNear(readBack(base::tableText(value)), value, 0.00501 + std::abs(value) * 5.01e-15),
+            "the text of a table is the number to two decimals");
         for (const int decimals : {0, 2, 12}) {
             require(areNear(readBack(base::fixedText(value, decimals)), value,
                             0.501 * std::pow(10.0, -decimals) + std::abs(value) * 1e-15),
@@ -65,7 +67,8 @@ void checkTexts(double value)
         }
     }
     const QByteArray field = base::scientificField(value, 17).trimmed();
-    require(base::readPlainNumber(field.toStdString()) == value, "the field of a file is the number");
+    require(base::readPlainNumber(field.toStdString()) == value,
+            "the field of a file is the number");
 }
 
 /// A number that is told as doubtful reads as a thousand times as much without its mark.
