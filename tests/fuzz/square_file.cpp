@@ -12,12 +12,13 @@ QByteArray withoutLineEnds(QByteArray line)
     return line.replace('\r', "").replace('\n', "");
 }
 
-/// Whether a value is another one with its digits rounded, the largest ones cut off.
+/// Whether a value is another one with its digits rounded, the largest ones cut off, and read back.
 bool isRounded(double rounded, double value, int digits)
 {
+    using Limits = std::numeric_limits<double>;
     const double unit = std::pow(10.0, 1 - digits) * (std::abs(value) > 1e308 ? 1.0 : 0.5);
     return std::abs(rounded - value) <=
-           unit * std::abs(value) * 1.000001 + std::numeric_limits<double>::denorm_min();
+           (unit * 1.000001 + Limits::epsilon()) * std::abs(value) + Limits::denorm_min();
 }
 
 /// In the file's own form a name with a blank loses its quotes, and blanks that then are at its
