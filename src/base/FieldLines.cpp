@@ -2,6 +2,7 @@
 #include "base/FieldLines.h"
 
 #include "base/NumberText.h"
+#include "base/ShortText.h"
 
 #include <QRegularExpression>
 
@@ -9,7 +10,6 @@ namespace base {
 
 namespace {
 
-constexpr qsizetype longestQuote = 40;
 constexpr qsizetype longestNumber = 2000;
 
 } // namespace
@@ -26,19 +26,18 @@ std::vector<QStringView> fieldsOf(QStringView line, QChar separator)
 
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber)
 {
-    if (field.size() > longestNumber) {
-        return Outcome<double>::refused(
-            QStringLiteral("Línea %1, campo %2: «%3» tiene más de %4 caracteres, no es un número.")
-                .arg(QString::number(lineNumber), QString::number(fieldNumber), shortened(field),
-                     QString::number(longestNumber)));
-    }
     Outcome<double> number = readTypedNumber(field);
-    if (number.value)
-        return number;
-    const QString reason =
-        field.size() > longestQuote ? readTypedNumber(shortened(field)).reason : number.reason;
-    return Outcome<double>::refused(
-        QStringLiteral("Línea %1, campo %2: %3").arg(lineNumber).arg(fieldNumber).arg(reason));
+    if (number.value && field.size() > longestNumber) {
+        number = Outcome<double>::refused(
+            QStringLiteral("«%1» tiene más de %2 caracteres, no es un número.")
+                .arg(shortened(field), QString::number(longestNumber)));
+    }
+    if (!number.value) {
+        number.reason =
+            QStringLiteral("Línea %1, campo %2: %3")
+                .arg(QString::number(lineNumber), QString::number(fieldNumber), number.reason);
+    }
+    return number;
 }
 
 QString letterQuestion(QStringView text)
@@ -70,13 +69,6 @@ QString counted(qsizetype count, const QString& singular)
 {
     return QStringLiteral("%1 %2%3").arg(QString::number(count), singular,
                                          count == 1 ? QString() : QStringLiteral("s"));
-}
-
-QString shortened(QStringView text)
-{
-    if (text.size() <= longestQuote)
-        return text.toString();
-    return text.first(longestQuote).toString() + QStringLiteral("…");
 }
 
 } // namespace base

@@ -14,8 +14,8 @@ namespace base {
 /// there are; between two tabs or semicolons there is always a field, perhaps an empty one.
 std::vector<QStringView> fieldsOf(QStringView line, QChar separator);
 
-/// The number in a field, or a reason that names the line and the field, both counted from 1. A
-/// field of more than 2000 characters is none: a double has at most 1075 decimals.
+/// The number in a field, or a reason that names the line and the field, both counted from 1. What
+/// more than 2000 characters are is no number: a double has at most 1075 decimals.
 Outcome<double> numberIn(QStringView field, qsizetype lineNumber, qsizetype fieldNumber);
 
 /// Asks after a letter O or l that stands beside a digit or its decimal sign; empty for other
@@ -31,8 +31,4 @@ QString raggedLine(qsizetype lineNumber, qsizetype fields, qsizetype fieldsOfFir
 
 /// "1 campo", "2 campos": a number of things whose plural ends in "s".
 QString counted(qsizetype count, const QString& singular);
-
-/// A text for a message: cut where it is too long to be read there.
-QString shortened(QStringView text);
-
 } // namespace base

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/NumberText.h"
 
+#include "base/ShortText.h"
+
 #include <QLocale>
 
 #include <algorithm>
@@ -14,6 +16,7 @@ namespace base {
 namespace {
 
 constexpr int generalDigits = 15;
+constexpr int mostDigits = 17;          // that tell a double from its neighbours
 constexpr int lowestFixedExponent = -5; // 1e-5 is still written out
 constexpr int lowestScientificExponent = 15;
 
@@ -205,11 +208,13 @@ QString fixedText(double value, int decimals)
 QByteArray scientificField(double value, int precision)
 {
     Buffer buffer;
-    const std::string_view text =
-        digitsOf(buffer, value, std::chars_format::scientific, precision - 1);
+    std::string_view text = digitsOf(buffer, value, std::chars_format::scientific, precision - 1);
+    const std::size_t length = text.find('e');
+    if (std::abs(value) > 1e308 && !readPlainNumber(text))
+        text = digitsOf(buffer, value, std::chars_format::scientific, mostDigits - 1);
     const auto mark = text.find('e');
     const std::string_view exponent = text.substr(mark + 2);
-    std::string field(text.substr(0, mark));
+    std::string field(text.substr(0, length));
     field += 'E';
     field += text[mark + 1];
     field.append(4 - exponent.size(), '0').append(exponent);
@@ -228,18 +233,19 @@ Outcome<double> readTypedNumber(QStringView text)
     const QString trimmed = text.trimmed().toString();
     if (trimmed.isEmpty())
         return Number::refused(QStringLiteral("Falta el número."));
+    const QString shown = base::shortened(trimmed);
     const QString plain = QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.'));
     if (plain.count(QLatin1Char('.')) > 1) {
         return Number::refused(
             QStringLiteral("«%1» tiene más de un separador decimal. Escriba el número sin "
                            "separador de miles y con una sola coma o un solo punto.")
-                .arg(trimmed));
+                .arg(shown));
     }
     const std::optional<double> value = numberOrInfinity(plain.toStdString());
     if (!value)
-        return Number::refused(QStringLiteral("«%1» no es un número.").arg(trimmed));
+        return Number::refused(QStringLiteral("«%1» no es un número.").arg(shown));
     if (std::isinf(*value))
-        return Number::refused(QStringLiteral("«%1» es demasiado grande.").arg(trimmed));
+        return Number::refused(QStringLiteral("«%1» es demasiado grande.").arg(shown));
     return Number::of(*value);
 }
 

@@ -62,7 +62,7 @@ QString fixedText(double value, int decimals);
 ///
 /// A blank or a minus sign, one digit, ".", `precision` - 1 digits, "E", the exponent's sign and
 /// four exponent digits: " 2.4000000E+0001" with precision 8. `precision` is at least 2 and the
-/// value finite.
+/// value finite. Digits that would round to more than the largest double are cut off instead.
 QByteArray scientificField(double value, int precision);
 
 /// A number in ordinary notation with "." as its decimal point, the whole of `text`.
@@ -76,7 +76,7 @@ std::optional<double> readPlainNumber(std::string_view text);
 ///
 /// Blanks around it, one sign, digits, at most one "," or "." as the decimal point, an optional
 /// exponent. Two separators are refused and never guessed at, since "1.234,5" and "1,234.5" mean
-/// different numbers to different users.
+/// different numbers to different users. A reason quotes the beginning of a long text.
 Outcome<double> readTypedNumber(QStringView text);
 
 } // namespace base

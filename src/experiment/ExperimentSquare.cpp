@@ -3,6 +3,7 @@
 
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
+#include "base/ShortText.h"
 
 #include <algorithm>
 #include <optional>

@@ -143,6 +143,17 @@ TEST_F(NumberText, ScientificFieldIsSixteenWideAtPrecisionEight)
     EXPECT_EQ(base::scientificField(1e-308, 8), QByteArray(" 1.0000000E-0308"));
 }
 
+TEST_F(NumberText, ScientificFieldOfTheLargestNumbersIsANumber)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(base::scientificField(largest, 8), QByteArray(" 1.7976931E+0308"));
+    EXPECT_EQ(base::scientificField(-largest, 2), QByteArray("-1.7E+0308"));
+    EXPECT_EQ(base::scientificField(1.76e308, 2), QByteArray(" 1.7E+0308"));
+    EXPECT_EQ(base::scientificField(1.74e308, 2), QByteArray(" 1.7E+0308"));
+    EXPECT_EQ(base::scientificField(largest, 16), QByteArray(" 1.797693134862315E+0308"));
+    EXPECT_EQ(base::scientificField(largest, 17), QByteArray(" 1.7976931348623157E+0308"));
+}
+
 TEST_F(NumberText, TheUsersDecimalSignIsInEveryTextButTheFiles)
 {
     const UserLocale comma("es_ES");
@@ -197,6 +208,21 @@ TEST_F(NumberText, AnythingElseIsRefusedWithAReason)
     for (const char* typed : {"1e309", "-1e400", "1e99999999999999999999"})
         EXPECT_TRUE(base::readTypedNumber(text(typed)).reason.contains(text("demasiado grande")))
             << typed;
+}
+
+TEST_F(NumberText, ALongTextIsJudgedWholeAndQuotedByItsBeginning)
+{
+    const auto reason = [](const QString& typed) { return base::readTypedNumber(typed).reason; };
+    EXPECT_EQ(reason(QString(400, u'9')),
+              text("«") + QString(40, u'9') + text("…» es demasiado grande."));
+    EXPECT_EQ(reason(text("1,") + QString(50, u'0') + text("e999")),
+              text("«1,") + QString(38, u'0') + text("…» es demasiado grande."));
+    EXPECT_EQ(reason(QString(50, u'9') + text(".1.1")),
+              text("«") + QString(40, u'9') +
+                  text("…» tiene más de un separador decimal. Escriba el número sin separador de "
+                       "miles y con una sola coma o un solo punto."));
+    EXPECT_EQ(reason(QString(100, u'x')),
+              text("«") + QString(40, u'x') + text("…» no es un número."));
 }
 
 TEST_F(NumberText, PlainNumbersTakeOnlyAPoint)

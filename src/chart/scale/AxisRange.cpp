@@ -36,6 +36,14 @@ void AxisRange::setBounds(long double low, long double high)
     apply(low, std::abs(high - low) < least ? low + least : high);
 }
 
+void AxisRange::goBackTo(const AxisRange& earlier)
+{
+    if (m_logarithmic == earlier.m_logarithmic && m_minRange == earlier.m_minRange)
+        *this = earlier;
+    else
+        setBounds(earlier.m_low, earlier.m_high);
+}
+
 void AxisRange::setMinRange(double width)
 {
     if (!hasLogarithm(width) || !std::isfinite(width))

@@ -38,6 +38,10 @@ public:
     /// Both at once; where they are too near each other, high moves.
     void setBounds(long double low, long double high);
 
+    /// The bounds of an earlier range, to the last digit where the rules have not changed since. By
+    /// setBounds() the one that gave way to the minimum range might do so again by a rounding.
+    void goBackTo(const AxisRange& earlier);
+
     /// A least width; at or below 1e-100 it is ignored. A narrower range is widened, low first and
     /// then high around the centre of the range that this leaves, so not quite to the minimum.
     void setMinRange(double width);

@@ -88,6 +88,33 @@ std::vector<long double> multiplesOfDecades(int firstDecade, int lastDecade, lon
     return positions;
 }
 
+/// Ticks at the powers of ten.
+AxisTicks decadeTicks(const AxisRange& range, int intervals, bool shortTicks)
+{
+    const long double least = std::min(range.low(), range.high());
+    const long double greatest = std::max(range.low(), range.high());
+    // A power of ten that misses its bound by a rounding is still on the axis.
+    const long double first = std::log10(least) - beforeTheStart;
+    const long double last = std::log10(greatest) + beforeTheStart;
+
+    const int step = decadeStep(static_cast<int>(last - first), intervals);
+    AxisTicks ticks;
+    for (auto i = static_cast<int>(std::ceil(first / step)); i * step <= last; ++i)
+        ticks.main.push_back(std::pow(10.0L, i * step));
+    keepAtMost(ticks.main, mostTicks);
+    if (shortTicks && step == 1) {
+        ticks.minor = multiplesOfDecades(static_cast<int>(std::floor(first)),
+                                         static_cast<int>(std::ceil(last)), least, greatest);
+    }
+    ticks.grid = ticks.main;
+    if (range.low() > range.high()) {
+        std::reverse(ticks.main.begin(), ticks.main.end());
+        std::reverse(ticks.minor.begin(), ticks.minor.end());
+        std::reverse(ticks.grid.begin(), ticks.grid.end());
+    }
+    return ticks;
+}
+
 } // namespace
 
 std::optional<TickStep> tickStep(long double low, long double high, int intervals)
@@ -120,29 +147,12 @@ AxisTicks linearTicks(const AxisRange& range, int intervals, bool shortTicks)
 
 AxisTicks logarithmicTicks(const AxisRange& range, int intervals, bool shortTicks)
 {
-    const long double least = std::min(range.low(), range.high());
-    const long double greatest = std::max(range.low(), range.high());
-    // A power of ten that misses its bound by a rounding is still on the axis.
-    const long double first = std::log10(least) - beforeTheStart;
-    const long double last = std::log10(greatest) + beforeTheStart;
-    if (last - first < 2)
-        return linearTicks(range, intervals, shortTicks);
-
-    const int step = decadeStep(static_cast<int>(last - first), intervals);
-    AxisTicks ticks;
-    for (auto i = static_cast<int>(std::ceil(first / step)); i * step <= last; ++i)
-        ticks.main.push_back(std::pow(10.0L, i * step));
-    keepAtMost(ticks.main, mostTicks);
-    if (shortTicks && step == 1) {
-        ticks.minor = multiplesOfDecades(static_cast<int>(std::floor(first)),
-                                         static_cast<int>(std::ceil(last)), least, greatest);
-    }
-    ticks.grid = ticks.main;
-    if (range.low() > range.high()) {
-        std::reverse(ticks.main.begin(), ticks.main.end());
-        std::reverse(ticks.minor.begin(), ticks.minor.end());
-        std::reverse(ticks.grid.begin(), ticks.grid.end());
-    }
+    const long double decades = std::abs(std::log10(range.high()) - std::log10(range.low()));
+    AxisTicks ticks = decades + 2 * beforeTheStart < 2 ? linearTicks(range, intervals, shortTicks)
+                                                       : decadeTicks(range, intervals, shortTicks);
+    // The rounding that a bound may be off leads to 1e-100 too, where no axis reaches.
+    for (std::vector<long double>* positions : {&ticks.main, &ticks.minor, &ticks.grid})
+        std::erase_if(*positions, [](long double position) { return !hasLogarithm(position); });
     return ticks;
 }
 

@@ -120,11 +120,7 @@ void ChartView::zoomTo(const Bounds& x, const Bounds& y)
 
 void ChartView::moveTo(const Bounds& x, const Bounds& y)
 {
-    const View moved = with(x, y);
-    unlessRefused([&] {
-        requireDates(moved);
-        m_shown = moved;
-    });
+    show(with(x, y));
 }
 
 void ChartView::followX(const AxisRange& x, bool isStep)
@@ -140,7 +136,10 @@ void ChartView::followX(const AxisRange& x, bool isStep)
 
 void ChartView::restore(const View& earlier)
 {
-    moveTo({earlier.x.low(), earlier.x.high()}, {earlier.y.low(), earlier.y.high()});
+    View view = m_shown;
+    view.x.goBackTo(earlier.x);
+    view.y.goBackTo(earlier.y);
+    show(view);
 }
 
 View ChartView::with(const Bounds& x, const Bounds& y) const
@@ -149,6 +148,15 @@ View ChartView::with(const Bounds& x, const Bounds& y) const
     view.x.setBounds(x.low, x.high);
     view.y.setBounds(y.low, y.high);
     return view;
+}
+
+/// Shows a view as it is, on an axis of dates only where it can.
+void ChartView::show(const View& wanted)
+{
+    unlessRefused([&] {
+        requireDates(wanted);
+        m_shown = wanted;
+    });
 }
 
 /// The view with the high bound of the other axis where one unit is as long on both; as it is for a

@@ -106,6 +106,7 @@ public:
 
 private:
     View with(const Bounds& x, const Bounds& y) const;
+    void show(const View& wanted);
     View isometric(View wanted, Axis changed) const;
     void requireDates(const View& wanted) const;
     void change(const View& wanted);

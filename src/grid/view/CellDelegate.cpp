@@ -160,7 +160,7 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
             emit notice(told);
         return;
     }
-    QString refusal = base::readTypedNumber(base::shortened(text)).reason;
+    QString refusal = number.reason;
     if (const QString question = base::letterQuestion(text); !question.isEmpty())
         refusal += QLatin1Char(' ') + question;
     refusal += nameOf(index, QStringLiteral("\nCelda: fila «%1», columna «%2»."));

@@ -5,6 +5,7 @@
 #include "base/FieldLines.h"
 #include "base/FileText.h"
 #include "base/NumberText.h"
+#include "base/ShortText.h"
 #include "square/file/NameScanner.h"
 #include "square/file/TextReader.h"
 

@@ -16,7 +16,7 @@ namespace {
 AxisRange fineRange(long double low, long double high, bool logarithmic = false)
 {
     AxisRange range;
-    range.setMinRange(1e-99);
+    range.setMinRange(2e-100);
     range.setBounds(low, high);
     range.setLogarithmic(logarithmic);
     return range;
@@ -235,4 +235,18 @@ TEST(DateTimeTicks, DivideMinutesHoursAndDays)
     const AxisTicks day = chart::dateTimeTicks(fineRange(45000.0, 45001.0), 8, true);
     expectPositions(day.main, {45000, 45000.125, 45000.25, 45000.375, 45000.5, 45000.625, 45000.75,
                                45000.875, 45001});
+}
+
+TEST(LogarithmicTicks, HaveALogarithmAtTheLeastBoundToo)
+{
+    // 1E-100 is less than a rounding away, but no axis reaches it.
+    constexpr double least = chart::leastLogarithmicBound;
+    for (const auto& [low, high] : {std::pair(least, 1e300), {1e300, least}, {least, 5e-100}}) {
+        const AxisTicks ticks = logarithmicTicks(fineRange(low, high, true), 4, true);
+        ASSERT_FALSE(ticks.main.empty());
+        for (const auto& positions : {ticks.main, ticks.minor, ticks.grid}) {
+            for (const long double position : positions)
+                EXPECT_TRUE(chart::hasLogarithm(position)) << position << " from " << low;
+        }
+    }
 }

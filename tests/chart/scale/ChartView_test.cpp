@@ -124,6 +124,25 @@ TEST_F(ChartViewTest, MovesAreRecordedAtTheirEnd)
     expectShown(range(0.0, 10.0), range(0.0, 10.0));
 }
 
+TEST_F(ChartViewTest, AViewOfTheLeastWidthIsGoneBackToToItsLastDigit)
+{
+    // The low bound gives way; from there to the high one it is less than the least width by a
+    // rounding.
+    AxisRange narrow;
+    narrow.setBounds(-1.2e-10L, -2e-11L);
+    narrow.setHigh(-3.33058260439016351538e-11L);
+    AxisRange again;
+    again.setBounds(narrow.low(), narrow.high());
+    ASSERT_NE(again, narrow);
+
+    view.setRange(Axis::Y, narrow);
+    const View before = view.shown();
+    view.zoomTo({0.0L, 5.0L}, {0.0L, 5.0L});
+    view.goBack();
+    EXPECT_EQ(view.shown(), before);
+    EXPECT_TRUE(view.isStep());
+}
+
 TEST_F(ChartViewTest, DatesAreRefusedAloudOrPassedOver)
 {
     EXPECT_NO_THROW(view.setDates(Axis::X, true));

@@ -149,6 +149,18 @@ TEST_F(ClipboardNumbers, QuotesALongFieldShortened)
     EXPECT_NE(reason.find("xxx…»"), std::string::npos);
 }
 
+TEST_F(ClipboardNumbers, ALongFieldThatIsTooLargeIsToldAsTooLarge)
+{
+    const std::string tooLarge =
+        "Línea 1, campo 1: «" + std::string(40, '9') + "…» es demasiado grande." + toR1C1 + missing;
+    for (const int digits : {41, 400, 3000, 1'000'000}) {
+        const QString nines(digits, QLatin1Char('9'));
+        EXPECT_EQ(refusalOf(nines + QStringLiteral("e999")), tooLarge) << digits;
+        if (digits > 308)
+            EXPECT_EQ(refusalOf(nines), tooLarge) << digits;
+    }
+}
+
 TEST_F(ClipboardNumbers, WhatIsCopiedIsReadBackBitForBit)
 {
     std::mt19937_64 random(20240611);

@@ -182,6 +182,22 @@ TEST_F(Typing, ALetterInTheNumberIsAskedAfter)
         "«2O» no es un número. ¿Hay una letra O o l en lugar de un 0 o un 1?\nCelda: fila ")));
 }
 
+TEST_F(Typing, ALongNumberThatIsTooLargeIsToldAsTooLarge)
+{
+    for (const QString& typed :
+         {QString(400, u'9'), QStringLiteral("1,%1e999").arg(QString(50, u'0'))}) {
+        dialogs.errors.clear();
+        click(2, 1);
+        type(typed.toLatin1().constData());
+        press(Qt::Key_Return);
+        ASSERT_EQ(dialogs.errors.size(), 1U);
+        EXPECT_TRUE(dialogs.errors[0].text.startsWith(
+            QStringLiteral("«%1…» es demasiado grande.\nCelda: fila ").arg(typed.left(40))))
+            << dialogs.errors[0].text.toStdString();
+        press(Qt::Key_Escape);
+    }
+}
+
 TEST_F(Typing, ABadTextLeftByAClickIsRefusedOnceAndTheOldValueStays)
 {
     table.setValue(2, 1, 24);
