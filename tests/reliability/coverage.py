@@ -11,6 +11,7 @@ A branch is a condition, or a part of one, in the source: instances of a templat
 """
 
 import collections
+import concurrent.futures
 import dataclasses
 import json
 import os
@@ -69,19 +70,29 @@ def build_and_run() -> list[pathlib.Path]:
     """Builds the unit tests, runs them, and gives their programs."""
     say("== Se compilan las pruebas con cuenta de ramas")
     script = "source tools/packages.sh && configure_and_build coverage unit_tests"
-    subprocess.run(["bash", "-c", script], cwd=ROOT, check=True, stdout=sys.stderr)
+    # What ccache kept may name the sources by another path, under which nothing would be counted.
+    subprocess.run(["bash", "-c", script], cwd=ROOT, check=True, stdout=sys.stderr,
+                   env=dict(os.environ, CCACHE_DISABLE="1"))
     listing = json.loads(
         subprocess.run(["ctest", "-L", "^unit$", "--show-only=json-v1"], cwd=BUILD, check=True,
                        capture_output=True).stdout)
-    say("== Se corren")
+    programs = [pathlib.Path(test["command"][-1]) for test in listing["tests"]]
     shutil.rmtree(PROFILES, ignore_errors=True)
-    environment = dict(os.environ, LC_ALL="es_ES.UTF-8", LLVM_PROFILE_FILE=f"{PROFILES}/%m.%p.profraw")
-    environment.pop("CL_REMEMBER", None)
-    run = subprocess.run(["ctest", "-L", "^unit$", "-j2", "--timeout", "1200", "--output-on-failure"],
-                         cwd=BUILD, env=environment, stdout=sys.stderr, check=False)
-    if run.returncode != 0:
-        sys.exit("no pasan todas las pruebas")
-    return [pathlib.Path(test["command"][-1]) for test in listing["tests"]]
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        failed = [program.name for program, passes in zip(programs, pool.map(runs, programs)) if not passes]
+    if failed:
+        sys.exit(f"no pasan: {', '.join(failed)}")
+    return programs
+
+
+def runs(program: pathlib.Path) -> bool:
+    """Runs a program of tests, without the limit of time that it has as an ordinary test."""
+    say(f"== Se corre {program.name}")
+    environment = dict(os.environ, LC_ALL="es_ES.UTF-8", QT_QPA_PLATFORM="offscreen",
+                       LLVM_PROFILE_FILE=f"{PROFILES}/{program.name}.%p.profraw")
+    run = subprocess.run([program, "--gtest_brief=1"], cwd=BUILD, env=environment, stdout=sys.stderr,
+                         check=False)
+    return run.returncode == 0
 
 
 def exported(programs: list[pathlib.Path]) -> list[dict]:
@@ -203,9 +214,15 @@ def main() -> int:
 
 
 INTRODUCTION = """\
-TODO
+Las pruebas de las capas, compiladas con la cuenta de líneas y ramas de clang, corren una vez cada una. Una rama es
+una condición, o parte de una, como está escrita: está tomada cuando unas pruebas la encontraron verdadera y otras
+falsa, así que cuenta dos veces. De los cálculos, los números y los archivos (`base`, `record`, `square/file`, `stats`)
+se exigen todas las ramas que pueden alcanzarse; de las demás capas, el 90 % de las líneas. `main.cpp` no está aquí: lo
+corren las pruebas que manejan el programa, todas ellas.
 
 {table}
+
+Ramas de aquellas capas que ninguna prueba toma, cada una con su motivo:
 """
 
 if __name__ == "__main__":

@@ -28,7 +28,9 @@ import shutil
 import signal
 import subprocess
 import sys
+import threading
 import time
+from collections.abc import Sequence
 
 import mutations
 from mutations import Mutant
@@ -46,8 +48,7 @@ PROGRAMS = (
 SEEDS = (1, 2)
 DRAWN = 100
 WORKERS = 2
-PROCESSOR_TIME = 90  # seconds; the slowest program of tests takes 15
-SLOWEST = 900  # seconds for one that waits without computing
+SLOWEST = 900  # seconds for a program of tests that waits without computing
 MEMORY = 6 << 30
 CONFIGURATION = (
     "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_COMPILER=g++",
@@ -71,24 +72,38 @@ class Workshop:
     def __init__(self, number: int):
         self.source = TREE / str(number) / "source"
         self.build = TREE / str(number) / "build"
+        self.scratch = TREE / str(number) / "scratch"
+        self.programs: dict[str, str] = {}  # their digests without a mistake
+        self.seconds: dict[str, float] = {}  # of the processor, without a mistake
 
     def prepare(self) -> None:
+        """Builds and tests the tree without a mistake, once."""
+        if self.programs:
+            return
+        self.scratch.mkdir(parents=True, exist_ok=True)
+        say(f"se prepara {self.build.relative_to(ROOT)}")
         for name in COPIED:
             update(ROOT / name, self.source / name)
         launcher = shutil.which("ccache") and (
             "-DCMAKE_CXX_COMPILER_LAUNCHER=env;CCACHE_SLOPPINESS=pch_defines,time_macros;ccache",)
         subprocess.run(["cmake", "-S", self.source, "-B", self.build, *CONFIGURATION, *(launcher or ())],
                        check=True, stdout=subprocess.DEVNULL)
-        if not self.compiles(jobs=WORKERS):
+        if not self.compiles():
             sys.exit(f"{self.build}: no compila sin ningún error sembrado")
-        self.programs = {program: self.digest(program) for program in PROGRAMS}
+        sound = self.scratch.with_name("sound.json")
+        known = json.loads(sound.read_text()) if sound.is_file() else {}
         for program in PROGRAMS:
-            failure = self.failure_of(program)
-            if failure:
-                sys.exit(f"{program}: falla sin ningún error sembrado: {failure}")
+            digest = self.digest(program)
+            if known.get(program, [""])[0] != digest:
+                failure = self.failure_of(program)
+                if failure:
+                    sys.exit(f"{program}: falla sin ningún error sembrado: {failure}")
+                known[program] = [digest, self.seconds[program]]
+                sound.write_text(json.dumps(known))
+            self.programs[program], self.seconds[program] = known[program]
 
-    def compiles(self, jobs: int = 1) -> bool:
-        built = subprocess.run(["ninja", "-C", self.build, f"-j{jobs}", *map(target, PROGRAMS)],
+    def compiles(self, programs: Sequence[str] = PROGRAMS) -> bool:
+        built = subprocess.run(["ninja", "-C", self.build, "-j1", *map(target, programs)],
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
         return built.returncode == 0
 
@@ -97,23 +112,27 @@ class Workshop:
 
     def failure_of(self, program: str) -> str:
         """What a program of tests noticed; empty where it passes."""
+        limit = 10 + int(5 * self.seconds[program]) if program in self.seconds else SLOWEST
 
         def limited() -> None:
-            resource.setrlimit(resource.RLIMIT_CPU, (PROCESSOR_TIME, PROCESSOR_TIME + 5))
+            resource.setrlimit(resource.RLIMIT_CPU, (limit, limit + 5))
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
         environment = dict(os.environ, LC_ALL="es_ES.UTF-8", QT_QPA_PLATFORM="offscreen")
-        with subprocess.Popen(
+        run = subprocess.Popen(
             [self.build / "bin" / target(program), "--gtest_fail_fast", "--gtest_brief=1"],
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, cwd=self.build, env=environment,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, cwd=self.scratch, env=environment,
             preexec_fn=limited, start_new_session=True,
-        ) as run:
-            try:
-                output = run.communicate(timeout=SLOWEST)[0].decode(errors="replace")
-            except subprocess.TimeoutExpired:
-                os.killpg(run.pid, signal.SIGKILL)
-                return f"{program} no termina"
+        )
+        patience = threading.Timer(SLOWEST, os.killpg, (run.pid, signal.SIGKILL))
+        patience.start()
+        with run.stdout:
+            output = run.stdout.read().decode(errors="replace")
+        _, status, usage = os.wait4(run.pid, 0)
+        patience.cancel()
+        run.returncode = os.waitstatus_to_exitcode(status)
+        self.seconds.setdefault(program, usage.ru_utime + usage.ru_stime)
         if run.returncode == 0:
             return ""
         if run.returncode in (-signal.SIGXCPU, -signal.SIGKILL):
@@ -127,21 +146,30 @@ class Workshop:
         original = path.read_text()
         path.write_text(mutant.applied_to(original))
         try:
-            if not self.compiles():
-                return BROKEN, ""
-            changed = [name for name in in_order(mutant) if self.digest(name) != self.programs[name]]
-            for program in changed:
-                failure = self.failure_of(program)
-                if failure:
-                    return KILLED, failure
+            changed = False
+            for programs in in_order(mutant):
+                if not self.compiles(programs):
+                    return BROKEN, ""
+                for program in programs:
+                    if self.digest(program) != self.programs[program]:
+                        changed = True
+                        failure = self.failure_of(program)
+                        if failure:
+                            return KILLED, failure
             return (SURVIVED if changed else SAME), ""
         finally:
             path.write_text(original)
 
 
-def in_order(mutant: Mutant) -> list[str]:
-    layer = ".".join(mutant.file.split("/")[1:-1])
-    return sorted(PROGRAMS, key=lambda program: not program.startswith(layer))
+def in_order(mutant: Mutant) -> list[list[str]]:
+    """The programs of tests in three groups: that of the very file, those of its layer, the others."""
+    path = pathlib.Path(mutant.file)
+    layer = ".".join(path.parent.parts[1:])
+    own = layer + "." + re.sub(r"(?<=[a-z])(?=[A-Z])", "_", path.stem).lower()
+    groups: list[list[str]] = [[], [], []]
+    for program in PROGRAMS:
+        groups[0 if program == own else 1 if program.startswith(layer) else 2].append(program)
+    return [group for group in groups if group]
 
 
 def update(source: pathlib.Path, copy: pathlib.Path) -> None:
@@ -218,6 +246,7 @@ def tried(seed: int, workshops: queue.Queue[Workshop], findings: Findings) -> li
     def judge(mutant: Mutant) -> tuple[Mutant, tuple[str, str]]:
         workshop = workshops.get()
         try:
+            workshop.prepare()
             return mutant, workshop.verdict(mutant)
         finally:
             workshops.put(workshop)
@@ -228,7 +257,8 @@ def tried(seed: int, workshops: queue.Queue[Workshop], findings: Findings) -> li
         batch = [next(order) for _ in range(DRAWN - len(chosen))]
         new = sorted((mutant for mutant in batch if not findings.of(mutant)), key=lambda m: m.file)
         with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
-            for mutant, verdict in pool.map(judge, new):
+            for judged in concurrent.futures.as_completed([pool.submit(judge, m) for m in new]):
+                mutant, verdict = judged.result()
                 findings.add(mutant, verdict)
                 say(f"{verdict[0]}: {mutant.file} ({mutant.kind}; {verdict[1]})\n"
                     f"    - {mutant.before}\n    + {mutant.after}")
@@ -268,12 +298,9 @@ def main(arguments: list[str]) -> int:
     os.nice(10)
     now = state()
     reasons = mutations.listed(EQUIVALENTS)
-    rooms = [Workshop(number) for number in range(1, WORKERS + 1)]
-    say("se prepara el árbol de cada obrero")
     workshops: queue.Queue[Workshop] = queue.Queue()
-    for room in rooms:
-        room.prepare()
-        workshops.put(room)
+    for number in range(1, WORKERS + 1):
+        workshops.put(Workshop(number))
     rows, details, left = [], [], 0
     for seed in seeds:
         findings = Findings(seed, now, "--keep" in arguments)
@@ -288,9 +315,16 @@ def main(arguments: list[str]) -> int:
 
 
 INTRODUCTION = """\
-TODO
+De todos los errores de un solo lugar que pueden sembrarse en los cálculos, los números y los archivos (`src/stats`,
+`src/base`, `src/record`, `src/square/file`) se sortean cien por semilla, tantos de cada clase: una comparación por su
+vecina o su contraria, una operación por otra, una constante con uno más o uno menos, «y» por «o», una condición
+negada, una sentencia quitada, otro valor devuelto, un bucle que da una sola vuelta. Cada uno se siembra solo en una
+copia del código, que se compila y corre las pruebas de esas capas y de las que las usan sin ventanas; el que no compila
+se cambia por el siguiente del sorteo. «Mismo programa»: el compilador hace con el error, byte por byte, los mismos
+programas de prueba. «Sin efecto»: nada de lo que cambia puede verse, por el motivo que se da abajo. «Vivos»: los que
+ninguna prueba notó, que deben ser 0.
 
-| Semilla | Errores | No compilaban | Muertos | Mismo programa | Iguales | Vivos |
+| Semilla | Errores | No compilaban | Notados | Mismo programa | Sin efecto | Vivos |
 |---:|---:|---:|---:|---:|---:|---:|
 """
 

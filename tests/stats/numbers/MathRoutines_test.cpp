@@ -140,6 +140,7 @@ TEST(MathRoutines, IncompleteBetaAtTheEdges)
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, -0.1), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, 1.1), 1.0);
     EXPECT_EQ(stats::IncompleteBeta(0.0, 3.0, 0.5), 0.0);
+    EXPECT_EQ(stats::IncompleteBeta(2.0, 0.0, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, -1.0, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, notANumber, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, notANumber), 0.0);
