@@ -28,6 +28,7 @@ TEST(ForeignMarks, AreThoseThatCouldSetThousandsApart)
     const UserLocale spanish("es_ES");
     EXPECT_EQ(noticeOf("1.250"), QStringLiteral("«1.250» se leyó como 1,25"));
     EXPECT_EQ(noticeOf(" -12.345 "), QStringLiteral("«-12.345» se leyó como -12,345"));
+    EXPECT_EQ(noticeOf("-1.250"), QStringLiteral("«-1.250» se leyó como -1,25"));
     EXPECT_EQ(noticeOf("+999.000"), QStringLiteral("«+999.000» se leyó como 999"));
     for (const char* plain : {"1,250", "1.25", "1.2500", "1250.000", "0.250", "1.250e3", "1.2e3",
                               ".250", "125", "1.", "-.125", "0"})

@@ -131,6 +131,8 @@ TEST_F(NumberText, FixedTextShowsItsDecimals)
 {
     EXPECT_EQ(base::fixedText(24.0, 3), text("24.000"));
     EXPECT_EQ(base::fixedText(-0.0004, 3), text("0.000"));
+    EXPECT_EQ(base::fixedText(-0.0006, 3), text("-0.001"));
+    EXPECT_EQ(base::fixedText(-24.0, -1), text("-24"));
     EXPECT_EQ(base::fixedText(2.5, 0), text("2"));
     EXPECT_EQ(base::fixedText(1e15, 3), text("1E15"));
 }

@@ -46,6 +46,11 @@ TEST(TableText, TheFirstSeparatorThatItHasSeparates)
     EXPECT_EQ(fieldsIn("a b,c,1.5\n1,2,3"), "a b|c|1.5\n1|2|3");
     EXPECT_EQ(fieldsIn("A 24, B 30"), "A 24|B 30");
     EXPECT_EQ(fieldsIn(" a  b 1,5\n2,5 ,5 -,5 3"), "a|b|1,5\n2,5|,5|-,5|3");
+    EXPECT_EQ(fieldsIn("+,5 3"), "+,5|3");
+    EXPECT_EQ(fieldsIn("a,5 3"), "a|5 3") << "no decimal: no digit before it";
+    EXPECT_EQ(fieldsIn("2,b 3"), "2|b 3") << "no decimal: no digit behind it";
+    EXPECT_EQ(fieldsIn(",b,c"), "|b|c");
+    EXPECT_EQ(fieldsIn("a,b,"), "a|b");
 }
 
 TEST(TableText, WhatIsEmptyAtTheEndDoesNotCount)
@@ -55,6 +60,8 @@ TEST(TableText, WhatIsEmptyAtTheEndDoesNotCount)
     EXPECT_EQ(fieldsIn("a,1,\nb,2,\n,,\n"), "a|1\nb|2");
     EXPECT_EQ(fieldsIn("1\t2\t\n3\t\t\n"), "1|2\n3|") << "a hole is no end";
     EXPECT_EQ(fieldsIn("1\n\n2\n"), "1\n\n2");
+    EXPECT_EQ(fieldsIn("a,b,\nc,d\ne,f,\n"), "a|b|\nc|d\ne|f|")
+        << "commas at the end that only some lines have do count";
     EXPECT_EQ(fieldsIn("\t\n\t\n"), "");
     EXPECT_EQ(fieldsIn(""), "");
 }
@@ -90,7 +97,7 @@ TEST(TableText, CommasBetweenNumbersMayBeUnclear)
 {
     for (const char* text : {"24,5,20,1", "24,20,19\n17,24,30", "1,234.5", "12,500,7.5", "1,2,345"})
         EXPECT_TRUE(hasUnclearNumbers(text)) << text;
-    for (const char* text :
-         {"24.5,20.1", "24.0,20,19\n17,24,30", "0.5,100.25", "24, 20, 19", "1;2,5", "1 2,5"})
+    for (const char* text : {"24.5,20.1", "24.0,20,19\n17,24,30", "0.5,100.25", "24, 20, 19",
+                             "1;2,5", "1 2,5", "1234,500,7.5", "12,5000,7.5", "12,50,7.5"})
         EXPECT_FALSE(hasUnclearNumbers(text)) << text;
 }

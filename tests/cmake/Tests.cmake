@@ -11,6 +11,9 @@ function(add_remembered_test name)
     )
 endfunction()
 
+# Builds the test programs of the layers; `ctest -L unit` runs them.
+add_custom_target(unit_tests)
+
 # A test program of one layer: add_layer_test(stats.distributions SOURCES ... LIBRARIES stats).
 # With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one, of a layer that
 # may be WITHOUT_QT. The sources are compiled as one, but for those APART, whose local names are those of
@@ -54,6 +57,8 @@ function(add_layer_test name)
     endif()
     add_remembered_test(${name} $<TARGET_FILE:${target}>)
     set_tests_properties(
-        ${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+        ${name} PROPERTIES LABELS unit TIMEOUT ${arg_TIMEOUT}
+                           ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
     )
+    add_dependencies(unit_tests ${target})
 endfunction()

@@ -19,6 +19,31 @@ TEST(SquareData, StartsWithDefaults)
     EXPECT_EQ(data.value(3, 2), 0.0);
 }
 
+TEST(SquareData, OutsideTheSquareThereIsNothingToReadOrWrite)
+{
+    record::SquareData data(3, 2);
+    for (const int column : {-1, 0, 4}) {
+        data.setColumnName(column, QStringLiteral("fuera"));
+        data.setValue(column, 1, 9.0);
+        EXPECT_EQ(data.columnName(column), QString()) << column;
+        EXPECT_EQ(data.value(column, 1), 0.0) << column;
+    }
+    for (const int row : {-1, 0, 3}) {
+        data.setRowName(row, QStringLiteral("fuera"));
+        data.setRowAttribute(row, 7);
+        data.setValue(1, row, 9.0);
+        EXPECT_EQ(data.rowName(row), QString()) << row;
+        EXPECT_EQ(data.rowAttribute(row), 0) << row;
+        EXPECT_EQ(data.value(1, row), 0.0) << row;
+    }
+    EXPECT_EQ(data.names(), record::Names());
+    data.resize(4, 3);
+    EXPECT_EQ(data.columnName(4), QStringLiteral("C-4"));
+    EXPECT_EQ(data.rowName(3), QStringLiteral("R-3"));
+    EXPECT_EQ(data.rowAttribute(3), 0);
+    EXPECT_EQ(data.value(4, 3), 0.0);
+}
+
 TEST(SquareData, NamesAreCutToFiftyCharacters)
 {
     record::SquareData data(3, 3);

@@ -59,7 +59,7 @@ void TMatrix::Fill(double value)
 
 double TMatrix::SumOfRegion(int firstColumn, int firstRow, int lastColumn, int lastRow) const
 {
-    if (m_columns == 0 || m_rows == 0)
+    if (m_elements.empty())
         return 0.0;
     const auto [left, right] =
         std::minmax({std::clamp(firstColumn, 1, m_columns), std::clamp(lastColumn, 1, m_columns)});

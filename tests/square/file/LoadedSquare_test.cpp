@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 using namespace squarebytes;
@@ -94,6 +95,15 @@ TEST_F(LoadedSquare, CountsThatNoSquareHasGiveTheGridsOwnTexts)
     expectRefused(load(ofSize("4000", "4001")), memory);
     expectRefused(load(ofSize("2147483647", "2147483647")), memory);
     EXPECT_TRUE(load(ofSize("4000", "4000")).reason.startsWith(badFile));
+}
+
+TEST_F(LoadedSquare, AFileThatIsTooLargeIsNamedAsSuch)
+{
+    QFile sparse(path());
+    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(sparse.resize((qint64(1) << 30) + 1));
+    expectRefused(square::loadSquare(path()),
+                  utf8("El archivo tiene más de 1 GiB, lo más que se lee."));
 }
 
 TEST_F(LoadedSquare, WhatCannotBeOpenedIsABadFile)

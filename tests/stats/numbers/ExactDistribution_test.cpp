@@ -188,7 +188,12 @@ TEST(ExactDistribution, CountsEqualValuesTogetherInAscendingOrder)
     EXPECT_EQ(distribution.cumulative(1.5), 0.75);
     EXPECT_EQ(distribution.cumulative(3.0), 1.0);
     EXPECT_EQ(distribution.cumulative(9.0), 1.0);
-    EXPECT_TRUE(std::isnan(distribution.cumulative(std::numeric_limits<double>::quiet_NaN())));
+    EXPECT_EQ(distribution.shareAbove(0.5), 1.0);
+    EXPECT_EQ(distribution.shareAbove(2.0), 0.25);
+    EXPECT_EQ(distribution.shareAbove(3.0), 0.0);
+    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(distribution.cumulative(notANumber)));
+    EXPECT_TRUE(std::isnan(distribution.shareAbove(notANumber)));
 }
 
 TEST(ExactDistribution, IsHandedOverAsValuesThenProbabilities)

@@ -104,6 +104,8 @@ TEST(MathRoutines, TheContinuedFractionIsTheOneOfTheExponentialForAOfOne)
     // Gamma(1, x) = exp(-x), so the fraction is 1 / x. The method stops at 1e-8 between rounds.
     for (double x = 2.0; x < 50.0; x += 0.5)
         EXPECT_TRUE(isRelativelyNear(stats::GammaContFrac(1.0, x), 1.0 / x, 1e-8));
+    // At 0 every round divides by 0, and none of them counts.
+    EXPECT_EQ(stats::GammaContFrac(1.0, 0.0), 0.0);
 }
 
 TEST(MathRoutines, IncompleteBetaAgreesWithReferences)
@@ -138,6 +140,7 @@ TEST(MathRoutines, IncompleteBetaAtTheEdges)
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, -0.1), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, 1.1), 1.0);
     EXPECT_EQ(stats::IncompleteBeta(0.0, 3.0, 0.5), 0.0);
+    EXPECT_EQ(stats::IncompleteBeta(2.0, 0.0, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, -1.0, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, notANumber, 0.5), 0.0);
     EXPECT_EQ(stats::IncompleteBeta(2.0, 3.0, notANumber), 0.0);

@@ -131,6 +131,7 @@ TEST(Matrix, MovedFromHasNoElements)
     EXPECT_EQ(to.Elem(3, 2), 32.0);
     // NOLINTNEXTLINE(bugprone-use-after-move): what is left is stated
     EXPECT_EQ(from.NrOfColumns(), 0);
+    EXPECT_EQ(from.NrOfRows(), 0);
     EXPECT_EQ(from.Elem(1, 1), 0.0);
     EXPECT_EQ(from.SumOfRegion(1, 1, 3, 2), 0.0);
     from = numbered();

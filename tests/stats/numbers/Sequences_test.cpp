@@ -248,3 +248,11 @@ TEST_P(SequencesOfOrder, NamesOfTreatmentsDoNotMatter)
 }
 
 INSTANTIATE_TEST_SUITE_P(Orders, SequencesOfOrder, ::testing::Range(3, 7));
+
+TEST(ObservationPairs, ASquareOfNoOrderHasNone)
+{
+    const TMatrix square = TMatrix::Create(2, 2);
+    EXPECT_TRUE(stats::sortedPairs(square, 0).empty());
+    EXPECT_TRUE(stats::sortedPairs(square, -1).empty());
+    EXPECT_EQ(stats::sortedPairs(square, 1).size(), 1U);
+}

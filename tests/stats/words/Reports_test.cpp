@@ -292,6 +292,21 @@ TEST_F(Reports, TestCBeyondItsLargestOrderSaysSoInOneLine)
     EXPECT_EQ(reportOf(TestKind::C, square, 40, 0.05).size(), 11);
 }
 
+TEST_F(Reports, AnyTestIsRunByItsKind)
+{
+    const TMatrix square = squareOf({{12.5, 14, 9.75}, {11, 10.2, 16.1}, {8.3, 12, 13}});
+    for (const auto& [kind, name] : testNames()) {
+        Exact exact;
+        const QStringList lines = reportOf(kind, square, 3, 0.05, exact);
+        const stats::TestReport report = stats::runTest(kind, square, 3, 0.05);
+        EXPECT_EQ(report.lines, lines) << name;
+        EXPECT_EQ(report.exactTitle, exact.title) << name;
+        ASSERT_EQ(report.exact.has_value(), exact.available) << name;
+        if (report.exact)
+            EXPECT_EQ(report.exact->count(), exact.count) << name;
+    }
+}
+
 TEST_F(Reports, OrderTwentyIsAnswered)
 {
     const TMatrix square =
