@@ -127,12 +127,17 @@ def main(arguments: list[str]) -> int:
     program = pathlib.Path(arguments[1]) if is_short else PROGRAM
     seeds = os.environ.get("CL_MONKEY_SEEDS", SHORT_SEED if is_short else SEEDS).split()
     seconds = int(os.environ.get("CL_MONKEY_SECONDS", SHORT_SECONDS if is_short else SECONDS))
-    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as two:
-        walks = dict(zip(seeds, two.map(lambda seed: run(program, [seed, str(seconds)]), seeds)))
-    for seed, walk in walks.items():
+
+    def look(seed: str) -> Walk:
+        walk = run(program, [seed, str(seconds)])
+        print(f"   seed {seed}: {len(walk.steps)} steps", file=sys.stderr, flush=True)
         if walk.kind:
             shortest = shrink(program, walk, SHORT_SHRINKING_SECONDS if is_short else SHRINKING_SECONDS)
-            print(report(seed, walk, shortest), file=sys.stderr)
+            print(report(seed, walk, shortest), file=sys.stderr, flush=True)
+        return walk
+
+    with concurrent.futures.ThreadPoolExecutor(max_workers=2) as two:
+        walks = dict(zip(seeds, two.map(look, seeds)))
     if any(walk.kind for walk in walks.values()):
         return 1
     if is_short:
