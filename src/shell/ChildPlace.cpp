@@ -20,6 +20,13 @@ ChildPlace::ChildPlace(QWidget* child)
     });
 }
 
+/// The focus moves once more where a menu of the child goes with it, and then there is no place left
+/// to be told.
+ChildPlace::~ChildPlace()
+{
+    qApp->disconnect(this);
+}
+
 /// Qt hides a child for a moment in order to maximise or restore it, which it also does each time
 /// another one takes over as the maximised child. The focus would go on to the next control.
 bool ChildPlace::focusNextPrevChild(bool next)

@@ -16,6 +16,7 @@ class ChildPlace : public QMdiSubWindow {
 
 public:
     explicit ChildPlace(QWidget* child);
+    ~ChildPlace() override;
 
 protected:
     bool focusNextPrevChild(bool next) override;

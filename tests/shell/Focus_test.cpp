@@ -89,6 +89,17 @@ TEST_F(Focus, TabGoesRoundInAWindow)
     EXPECT_EQ(focused(), QStringLiteral("RefTratamientos"));
 }
 
+TEST_F(Focus, WindowMayGoWithTheMenuOfItsCellsOpen)
+{
+    frame.NuevoArchivo1Click();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::setActiveWindow(QApplication::activePopupWidget());
+    delete active();
+    EXPECT_EQ(active(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
 TEST_F(Focus, WhoClosesAGraphIsBackAtItsAnalysis)
 {
     frame.NuevoArchivo1Click();
