@@ -83,6 +83,27 @@ int errorOnTheDisk(int descriptor)
     return 0;
 }
 
+/// Closes a file at the end, be that for want of memory.
+class Descriptor {
+public:
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            close(m_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
 /// Reads up to the end; a file that says that it is empty may still have something to say.
 Outcome<QByteArray> readDescriptor(int descriptor, qint64 size)
 {
@@ -143,16 +164,12 @@ Outcome<QByteArray> readLimited(const QString& fileName)
 {
     if (!QFileInfo(fileName).isFile()) // asked first: to open a device may do something to it
         return {};
-    const int descriptor =
-        open(QFile::encodeName(fileName).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return {};
-    Outcome<QByteArray> contents;
+    const Descriptor file(
+        open(QFile::encodeName(fileName).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
-    if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
-        contents = readDescriptor(descriptor, status.st_size);
-    close(descriptor);
-    return contents;
+    if (file.number() < 0 || fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return readDescriptor(file.number(), status.st_size);
 }
 
 std::optional<QByteArray> readFile(const QString& fileName)
