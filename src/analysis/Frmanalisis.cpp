@@ -38,7 +38,9 @@ QString completion()
 
 QString failureText(const std::exception& failure)
 {
-    const QString reason = dynamic_cast<const std::bad_alloc*>(&failure)
+    // A matrix tells of its memory in English.
+    const QString reason = dynamic_cast<const std::bad_alloc*>(&failure) ||
+                                   dynamic_cast<const stats::EMatrixError*>(&failure)
                                ? QStringLiteral("no hay memoria suficiente")
                                : QString::fromUtf8(failure.what());
     return QStringLiteral("No se pudo completar el análisis: %1.").arg(reason);

@@ -129,14 +129,13 @@ Decimal shortened(Decimal decimal, int kept)
 /// nothing where it is none.
 std::optional<double> numberOrInfinity(std::string_view text)
 {
-    if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos)
-        return std::nullopt; // also "inf" and "nan", which std::from_chars would take
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     double value = 0.0;
     const char* const last = text.data() + text.size();
     const auto [end, error] = std::from_chars(text.data(), last, value);
-    if (end != last || error == std::errc::invalid_argument)
+    const bool isWord = error == std::errc() && !std::isfinite(value); // "inf", "nan"
+    if (end != last || error == std::errc::invalid_argument || isWord)
         return std::nullopt;
     if (error == std::errc::result_out_of_range) { // at either end: Qt tells an infinity from a 0
         value = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toDouble();
@@ -214,11 +213,14 @@ QByteArray scientificField(double value, int precision)
         text = digitsOf(buffer, value, std::chars_format::scientific, mostDigits - 1);
     const auto mark = text.find('e');
     const std::string_view exponent = text.substr(mark + 2);
-    std::string field(text.substr(0, length));
-    field += 'E';
-    field += text[mark + 1];
-    field.append(4 - exponent.size(), '0').append(exponent);
-    return QByteArray::fromStdString(field).rightJustified(precision + 8, ' ');
+    const auto padding = static_cast<qsizetype>(precision) + 8 -
+                         static_cast<qsizetype>(length + 6); // "E+0000" behind the digits
+    QByteArray field;
+    field.reserve(precision + 8);
+    field.append(padding, ' ');
+    field.append(text.data(), static_cast<qsizetype>(length)).append('E').append(text[mark + 1]);
+    field.append(4 - static_cast<qsizetype>(exponent.size()), '0');
+    return field.append(exponent.data(), static_cast<qsizetype>(exponent.size()));
 }
 
 std::optional<double> readPlainNumber(std::string_view text)

@@ -13,6 +13,7 @@
 
 #include <csignal>
 #include <exception>
+#include <new>
 
 namespace shell {
 
@@ -61,6 +62,9 @@ bool Application::notify(QObject* receiver, QEvent* event)
         const bool handled = QApplication::notify(receiver, &redo);
         event->setAccepted(redo.isAccepted());
         return handled;
+    } catch (const std::bad_alloc&) {
+        m_dialogs.showError(activeWindow(), QStringLiteral("No hay memoria suficiente."),
+                            applicationName());
     } catch (const std::exception& error) {
         m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()), applicationName());
     }

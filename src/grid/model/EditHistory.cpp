@@ -3,12 +3,25 @@
 
 #include <QUndoCommand>
 
+#include <exception>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace grid {
 
-/// One step: how it is taken and how it is taken back.
+namespace {
+
+/// A table outside the model, which takes the place of the one inside.
+struct OtherTable {
+    TableData table;
+    bool isIn = false; ///< It is in the model, and the model's is here.
+};
+
+} // namespace
+
+/// One step: how it is taken and how it is taken back. Both may be called where they have nothing to
+/// do any more, and where one throws, the other has put everything back.
 class EditHistory::Command : public QUndoCommand {
 public:
     Command(const Change& change, std::function<void()> forth, std::function<void()> back)
@@ -18,8 +31,9 @@ public:
     {
     }
     const Change& change() const { return m_change; }
-    void redo() override { m_forth(); }
-    void undo() override { m_back(); }
+    void redo() override { take(m_forth, m_back); }
+    void undo() override { take(m_back, m_forth); }
+    bool isTaken() const { return m_isTaken; }
     int id() const override { return m_change.kind > 0 ? m_change.kind : -1; }
     bool mergeWith(const QUndoCommand* next) override
     {
@@ -28,9 +42,25 @@ public:
     }
 
 private:
+    void take(const std::function<void()>& step, const std::function<void()>& otherWay)
+    {
+        try {
+            step();
+        } catch (const std::exception&) {
+            try {
+                otherWay();
+            } catch (const std::bad_alloc&) {
+                // The table is as it was; its views look at it when there is memory again.
+            }
+            throw;
+        }
+        m_isTaken = !m_isTaken;
+    }
+
     Change m_change;
     std::function<void()> m_forth;
     std::function<void()> m_back;
+    bool m_isTaken = false;
 };
 
 EditHistory::EditHistory(TableModel& model, QObject* parent)
@@ -93,20 +123,26 @@ void EditHistory::setIdentifier(const QByteArray& identifier)
 
 void EditHistory::replaceTable(TableData table)
 {
-    const std::function<void()> exchange = exchangeWith(std::move(table));
-    run({}, exchange, exchange);
+    const Alongside exchange = exchangeWith(std::move(table));
+    run({}, exchange.forth, exchange.back);
 }
 
 void EditHistory::replaceTable(TableData table, const Alongside& alongside)
 {
-    const std::function<void()> exchange = exchangeWith(std::move(table));
-    runWith(alongside, 0, exchange, exchange);
+    const Alongside exchange = exchangeWith(std::move(table));
+    runWith(alongside, 0, exchange.forth, exchange.back);
 }
 
-std::function<void()> EditHistory::exchangeWith(TableData table)
+Alongside EditHistory::exchangeWith(TableData table)
 {
-    return
-        [this, other = std::make_shared<TableData>(std::move(table))] { m_model.exchange(*other); };
+    const auto other = std::make_shared<OtherTable>(OtherTable{std::move(table)});
+    const auto exchangeUnless = [this, other](bool isThere) {
+        return [this, other, isThere] {
+            if (other->isIn != isThere)
+                m_model.exchange(other->table, other->isIn);
+        };
+    };
+    return {exchangeUnless(true), exchangeUnless(false)};
 }
 
 void EditHistory::keepShape(const TableShape& before, const Alongside& alongside, int kind)
@@ -122,7 +158,12 @@ void EditHistory::runWith(const Alongside& alongside, int kind, const std::funct
 {
     const auto both = [](const std::function<void()>& table, const std::function<void()>& window) {
         return [table, window] {
-            table();
+            try {
+                table();
+            } catch (const std::bad_alloc&) {
+                window(); // the table has changed, but not all views know
+                throw;
+            }
             window();
         };
     };
@@ -142,7 +183,16 @@ void EditHistory::replace(const Change& change, T before, T after, Put put)
 void EditHistory::run(const Change& change, std::function<void()> forth, std::function<void()> back)
 {
     auto command = std::make_unique<Command>(change, std::move(forth), std::move(back));
-    tell(change, [&] { m_stack.push(command.release()); });
+    tell(change, [&] {
+        try {
+            m_stack.push(command.get());
+        } catch (const std::bad_alloc&) {
+            if (command->isTaken())
+                command->undo();
+            throw;
+        }
+        static_cast<void>(command.release()); // the stack's from now on
+    });
 }
 
 std::optional<EditHistory::Change> EditHistory::changeAt(int index) const

@@ -83,7 +83,7 @@ private:
     /// Puts `after` in the place of `before`, through put(), where the two differ.
     template <typename T, typename Put>
     void replace(const Change& change, T before, T after, Put put);
-    std::function<void()> exchangeWith(TableData table);
+    Alongside exchangeWith(TableData table);
     void runWith(const Alongside& alongside, int kind, const std::function<void()>& forth,
                  const std::function<void()>& back);
     void run(const Change& change, std::function<void()> forth, std::function<void()> back);

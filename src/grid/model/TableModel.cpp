@@ -69,8 +69,15 @@ void TableModel::setShape(const TableShape& shape)
 
 void TableModel::exchange(TableData& other)
 {
+    bool exchanged = false;
+    exchange(other, exchanged);
+}
+
+void TableModel::exchange(TableData& other, bool& exchanged)
+{
     beginResetModel();
     std::swap(m_table, other);
+    exchanged = !exchanged;
     endResetModel();
 }
 

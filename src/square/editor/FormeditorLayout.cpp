@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace square {
@@ -25,8 +26,10 @@ QString numbered(const QString& prefix, int number)
     return QStringLiteral("%1 %2").arg(prefix, QString::number(number));
 }
 
+/// Frozen, or the table would fit its columns once for each of them.
 void setPrecisions(grid::TNTabEd& table, int decimals)
 {
+    const grid::Freeze freeze(table);
     for (int column = 1; column <= table.NrOfColumns(); ++column)
         table.setPrecision(column, decimals);
 }
@@ -71,20 +74,31 @@ QString TEditor::showLoaded(record::SquareData square, const File& file)
 {
     const int order = square.NrOfColumns();
     const Layout before = layoutNow();
-    const auto step = [this, other = std::make_shared<File>(file)](const Layout& wanted) {
-        return [this, other, wanted] {
-            exchangeFile(*other);
+    struct OtherFile {
+        File file;
+        bool isIn = false; ///< It is the editor's, and the editor's is here.
+    };
+    const auto other = std::make_shared<OtherFile>(OtherFile{file});
+    const auto step = [this, other](const Layout& wanted, bool isOther) {
+        return [this, other, wanted, isOther] {
+            if (std::exchange(other->isIn, isOther) != isOther)
+                exchangeFile(other->file);
             putAround(wanted);
             aleatorizar();
         };
     };
+    const auto takeBack = [this, &before](const QString& problem) {
+        m_refTratamientos->setShape(before.treatments);
+        return problem;
+    };
     try {
         m_refTratamientos->resizeTable(order, order);
         setPrecisions(*m_refTratamientos, treatmentDecimals);
-        m_datos->exchangeSquare(std::move(square), {step(layoutNow()), step(before)});
+        m_datos->exchangeSquare(std::move(square), {step(layoutNow(), true), step(before, false)});
     } catch (const grid::GridError& error) {
-        m_refTratamientos->setShape(before.treatments);
-        return QString::fromUtf8(error.what());
+        return takeBack(QString::fromUtf8(error.what()));
+    } catch (const std::bad_alloc&) {
+        return takeBack(record::outOfMemoryMessage());
     }
     return {};
 }

@@ -7,6 +7,7 @@
 #include "square/file/NameScanner.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace square {
 
@@ -61,8 +62,9 @@ QString nameInFile(const QString& name, const QString& defaultName)
 /// Whether a written observation is read back as the same value.
 bool readsAs(const QByteArray& field, double value)
 {
-    const QByteArray number = field.trimmed();
-    return base::readPlainNumber({number.constData(), std::size_t(number.size())}) == value;
+    std::string_view number(field.constData(), static_cast<std::size_t>(field.size()));
+    number.remove_prefix(number.find_first_not_of(' '));
+    return base::readPlainNumber(number) == value;
 }
 
 QByteArray firstLine(const record::SquareData& data, const QString& fileName)

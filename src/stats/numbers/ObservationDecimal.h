@@ -32,13 +32,6 @@ using WholeNumber = boost::multiprecision::cpp_int;
 /// The sums of a square's observations from which its analysis of variance follows, as whole
 /// numbers of one decimal unit.
 struct DecimalSums {
-    explicit DecimalSums(int n)
-        : rows(static_cast<std::size_t>(n))
-        , columns(rows)
-        , treatments(rows)
-    {
-    }
-
     int exponent = 0; ///< The unit is 10^exponent; that of `squares` is 10^(2 exponent).
     std::vector<WholeNumber> rows;
     std::vector<WholeNumber> columns;

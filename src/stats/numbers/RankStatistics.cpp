@@ -4,6 +4,8 @@
 #include "stats/numbers/ObservationPairs.h"
 #include "stats/numbers/Treatments.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace stats {
@@ -15,23 +17,41 @@ struct Cell {
     int row = 0;
 };
 
+/// As many columns as the processor fetches cells of at a time: reading a large matrix column by
+/// column would fetch each cell with its neighbours and use none of these.
+constexpr int linesAtATime = 8;
+
 /// Adds to every cell the rank of its observation within its line. cellOf(line, place), both from 1
 /// to n, is a cell of the square: its lines are the rows or the columns.
 template <typename CellOf>
 void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& cellOf)
 {
-    std::vector<ObservationPair> pairs;
-    for (int line = 1; line <= n; ++line) {
-        pairs.clear();
+    std::array<std::vector<ObservationPair>, linesAtATime> lines;
+    std::vector<std::array<std::int64_t, linesAtATime>> ranksAt(static_cast<std::size_t>(n));
+    for (int before = 0; before < n; before += linesAtATime) {
+        const int count = std::min(linesAtATime, n - before);
+        for (auto& pairs : lines)
+            pairs.clear();
         for (int place = 1; place <= n; ++place) {
-            const Cell cell = cellOf(line, place);
-            pairs.push_back({observations.Elem(cell.column, cell.row), place});
+            for (int line = 1; line <= count; ++line) {
+                const auto [column, row] = cellOf(before + line, place);
+                lines[line - 1].push_back({observations.Elem(column, row), place});
+            }
         }
-        sortByValue(pairs);
-        visitRanks(pairs, [&](int place, std::int64_t rank) {
-            const auto [column, row] = cellOf(line, place);
-            ranks.Elem(column, row, ranks.Elem(column, row) + static_cast<double>(rank));
-        });
+        for (int line = 1; line <= count; ++line) {
+            sortByValue(lines[line - 1]);
+            visitRanks(lines[line - 1], [&](int place, std::int64_t rank) {
+                ranksAt[place - 1][line - 1] = rank;
+            });
+        }
+        for (int place = 1; place <= n; ++place) {
+            for (int line = 1; line <= count; ++line) {
+                const auto [column, row] = cellOf(before + line, place);
+                ranks.Elem(column, row,
+                           ranks.Elem(column, row) +
+                               static_cast<double>(ranksAt[place - 1][line - 1]));
+            }
+        }
     }
 }
 

@@ -24,12 +24,15 @@ template <typename Visit>
 void visitCells(int n, const Visit& visit)
 {
     for (int row = 1; row <= n; ++row) {
-        for (int column = 1; column <= n; ++column)
-            visit(column, row, treatmentOf(column, row, n));
+        int treatment = row;
+        for (int column = 1; column <= n; ++column) {
+            visit(column, row, treatment);
+            treatment = treatment < n ? treatment + 1 : 1;
+        }
     }
 }
 
-/// 128 bits hold every product for squares of any order that fits into memory.
+/// 128 bits hold every product up to order 8000, the square of which no file can bring.
 __extension__ typedef __int128 WideInteger;
 
 /// n^2 whole numbers, n of each of n treatments, summed up.

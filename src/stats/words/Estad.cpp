@@ -92,6 +92,14 @@ QStringList fLines(const TestMResult& result, int n)
            };
 }
 
+/// Where the order is too large for any test.
+QString noAnalysisLine(int n)
+{
+    return QStringLiteral("No se analizan cuadrados de orden ") + QString::number(n) +
+           QStringLiteral(" (el mayor es ") + QString::number(largestOrder) +
+           QStringLiteral("): no se decide nada.");
+}
+
 QString exactTitleOf(QChar statistic, int n)
 {
     return QStringLiteral("Distribución exacta de ") + statistic +
@@ -186,6 +194,8 @@ TestReport reportM(const TMatrix& observations, int n, double alpha)
 
 TestReport runTest(TestKind kind, const TMatrix& observations, int n, double alpha)
 {
+    if (n > largestOrder)
+        return {{noAnalysisLine(n)}, std::nullopt, {}};
     switch (kind) {
     case TestKind::F:
         return {FTest(observations, n, alpha), std::nullopt, {}};

@@ -30,12 +30,16 @@ QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha);
 /// Bennett's rank test against chi-square with n - 1 degrees of freedom; equality rejects.
 QStringList BennettTest(const TMatrix& observations, int n, double alpha);
 
+/// The largest order whose cells a file can have. With more columns most cells would be missing, and
+/// the sums of M no longer fit into their 128 bits from order 8500 on.
+constexpr int largestOrder = 4000;
+
 /// What a test answers: its lines and, where it is a sequence test up to order 3, the exact
 /// distribution.
 struct TestReport {
     QStringList lines;
     std::optional<ExactDistribution> exact;
-    QString exactTitle; ///< Of a sequence test of any order.
+    QString exactTitle; ///< Of a sequence test, exact or not.
 };
 
 /// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
@@ -47,7 +51,7 @@ TestReport reportC(const TMatrix& observations, int n, double alpha);
 /// rejects.
 TestReport reportM(const TMatrix& observations, int n, double alpha);
 
-/// Any of the five.
+/// Any of the five; beyond largestOrder one line that says so, and nothing is decided.
 TestReport runTest(TestKind kind, const TMatrix& observations, int n, double alpha);
 
 /// An exact distribution as it is handed to the outside: first the values, ascending, then as many

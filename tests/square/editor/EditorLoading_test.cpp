@@ -3,6 +3,8 @@
 #include "square/file/BadFiles.h"
 #include "square/file/LoadedSquare.h"
 
+#include <QSignalSpy>
+
 using namespace squarebytes;
 
 namespace {
@@ -12,6 +14,23 @@ const QString badFile = QStringLiteral("Hay un error en el archivo, o no es un a
 } // namespace
 
 // ---- Loading ------------------------------------------------------------------------------------
+
+TEST_F(EditorFiles, ALoadFitsColumnsAsOftenWhateverTheirNumber)
+{
+    open();
+    std::vector<qsizetype> fits;
+    for (const int order : {4, 90}) {
+        QSignalSpy observations(&datos(), &grid::TNTabEd::WidthChanged);
+        QSignalSpy treatments(&reference(), &grid::TNTabEd::WidthChanged);
+        const QByteArray count = QByteArray::number(order);
+        load(lines({"ancho", count, count, "FALSE FALSE FALSE",
+                    QByteArray("1 ").repeated(order * order)}));
+        ASSERT_EQ(datos().NrOfColumns(), order);
+        EXPECT_EQ(reference().precision(order), 0);
+        fits.push_back(observations.count() + treatments.count());
+    }
+    EXPECT_EQ(fits[0], fits[1]);
+}
 
 TEST_F(EditorFiles, ALoadedFileFillsTheEditor)
 {

@@ -307,6 +307,19 @@ TEST_F(Reports, AnyTestIsRunByItsKind)
     }
 }
 
+TEST_F(Reports, BeyondTheLargestOrderEveryTestSaysSoInOneLine)
+{
+    const TMatrix line = TMatrix::Create(4001, 1);
+    for (const auto& [kind, name] : testNames()) {
+        const stats::TestReport report = stats::runTest(kind, line, 4001, 0.05);
+        ASSERT_EQ(report.lines.size(), 1) << name;
+        EXPECT_EQ(report.lines[0],
+                  QStringLiteral("No se analizan cuadrados de orden 4001 (el mayor es 4000): no se "
+                                 "decide nada."));
+        EXPECT_FALSE(report.exact.has_value());
+    }
+}
+
 TEST_F(Reports, OrderTwentyIsAnswered)
 {
     const TMatrix square =

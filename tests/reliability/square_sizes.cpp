@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How much processor time the windows take for a file of some size, step by step.
+//
+// square_sizes COLUMNS ROWS [editor] prints a line for each step: its name, its seconds and, for a
+// test, the first line of its report that tells a result.
+#include "analysis/Frmanalisis.h"
+#include "base/SafeFile.h"
+#include "controls/RadioGroup.h"
+#include "grid/view/NTabEd.h"
+#include "square/editor/Formeditor.h"
+#include "support/CellTyping.h"
+#include "support/ScriptedDialogs.h"
+#include "window/HandOff.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <ctime>
+#include <random>
+
+namespace {
+
+double processorSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+/// Does a step, with what the windows paint after it, and tells how long it took.
+template <typename Step>
+void timed(const char* name, const Step& step)
+{
+    const double began = processorSeconds();
+    const QString told = step();
+    QApplication::processEvents();
+    std::printf("%s\t%.2f\t%s\n", name, processorSeconds() - began, told.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+/// Observations of seven digits, as a file has them.
+QByteArray fileOf(int columns, int rows)
+{
+    std::mt19937 generator(1);
+    QByteArray bytes = "Medida\r\n" + QByteArray::number(columns) + "\r\n" +
+                       QByteArray::number(rows) + "\r\nFALSE FALSE FALSE\r\n";
+    for (int row = 1; row <= rows; ++row) {
+        for (int column = 1; column <= columns; ++column)
+            bytes += QByteArray::number(double(generator() % 10'000'000) / 1e4, 'f', 4) + '\t';
+        bytes += "\r\n";
+    }
+    return bytes;
+}
+
+/// The lines of a report that begin with one of these tell its statistic or why there is none.
+QString resultOf(const QPlainTextEdit& report)
+{
+    const QStringList lines = report.toPlainText().split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        if (line.contains(QLatin1String("orden")) || line.startsWith(QLatin1String("Tratamientos")) ||
+            line.startsWith(QLatin1String("Estadística")) || line.startsWith(QLatin1String("C = ")) ||
+            line.startsWith(QLatin1String("M = ")))
+            return line;
+    }
+    return lines.constFirst();
+}
+
+void analyse(const QString& fileName, ScriptedDialogs& dialogs)
+{
+    window::HandOff handOff;
+    QMainWindow host;
+    analysis::TAnalisis* analysis = nullptr;
+    timed("abrir", [&] {
+        dialogs.openAnswers.emplace_back(fileName);
+        analysis = new analysis::TAnalisis(handOff, dialogs, &host);
+        host.setCentralWidget(analysis);
+        host.show();
+        return QString();
+    });
+    struct Choice {
+        const char* name;
+        int approach;
+        int test;
+    };
+    for (const Choice& choice : {Choice{"F", 0, 0}, Choice{"Zimmerman", 1, 0},
+                                 Choice{"Bennett", 1, 1}, Choice{"C", 2, 0}, Choice{"M", 2, 1}}) {
+        auto& approaches = *analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup1"));
+        approaches.setItemIndex(choice.approach);
+        analysis->RadioGroup1Click();
+        analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup2"))->setItemIndex(choice.test);
+        timed(choice.name, [&] {
+            analysis->SpeedButton1Click();
+            return resultOf(*analysis->findChild<QPlainTextEdit*>(QStringLiteral("Reporte")));
+        });
+    }
+}
+
+void edit(const QString& fileName, int columns, ScriptedDialogs& dialogs)
+{
+    window::HandOff handOff;
+    QMainWindow host;
+    square::TEditor* editor = nullptr;
+    timed("cargar", [&] {
+        handOff.openOnCreate = true;
+        dialogs.openAnswers.emplace_back(fileName);
+        editor = new square::TEditor(handOff, dialogs, &host);
+        host.setCentralWidget(editor);
+        host.show();
+        return QString();
+    });
+    auto& table = *editor->findChild<grid::TNTabEd*>(QStringLiteral("Datos"));
+    timed("escribir", [&] {
+        typeIntoCell(table, columns, 1, QStringLiteral("12.5"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        return QString();
+    });
+    QGuiApplication::clipboard()->setText(QStringLiteral("7.5\t").repeated(columns).chopped(1));
+    table.setCurrentIndex(table.model()->index(0, 0));
+    timed("pegar una fila", [&] {
+        QTest::keyClick(&table, Qt::Key_V, Qt::ControlModifier);
+        return dialogs.errors.empty() ? QString() : dialogs.errors.back().text;
+    });
+    timed("deshacer", [&] {
+        table.undo();
+        return QString();
+    });
+    timed("guardar", [&] {
+        editor->Guardar1Click();
+        return dialogs.errors.empty() ? QString() : dialogs.errors.back().text;
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc < 3)
+        return 2;
+    const int columns = std::atoi(argv[1]);
+    const int rows = std::atoi(argv[2]);
+    const QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("medida.asc"));
+    if (base::writeFile(fileName, fileOf(columns, rows)))
+        return 1;
+    ScriptedDialogs dialogs;
+    if (argc > 3)
+        edit(fileName, columns, dialogs);
+    else
+        analyse(fileName, dialogs);
+    return 0;
+}
