@@ -3,7 +3,6 @@
 
 option(CL_WARNINGS_AS_ERRORS "Stop the build at the first warning" OFF)
 option(CL_SANITIZE "Address and undefined-behaviour sanitizers, checked standard library" OFF)
-option(CL_FUZZ "Build the libFuzzer targets (clang only)" OFF)
 option(CL_COVERAGE "Count which lines and branches run (clang only)" OFF)
 
 add_library(project_options INTERFACE)
@@ -41,10 +40,6 @@ if(CL_SANITIZE)
     )
     target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
     target_link_options(project_options INTERFACE -fsanitize=address,undefined)
-endif()
-
-if(CL_FUZZ)
-    target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # The tests too: an inline function of a layer that the linker takes from them must count as well.

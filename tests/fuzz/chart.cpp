@@ -19,8 +19,8 @@ using fuzzing::require;
 namespace {
 
 constexpr int longestWalk = 120; // calls
-constexpr int mostWidth = 320;
-constexpr int mostHeight = 240;
+constexpr int mostWidth = 240;
+constexpr int mostHeight = 160;
 
 /// Two charts, the second perhaps with the first one's items, as the windows have them.
 class Walk {

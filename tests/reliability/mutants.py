@@ -43,7 +43,8 @@ COPIED = ("CMakeLists.txt", "cmake", "src", "tests", "bench", "packaging", "docs
 # Those of a layer's own folder first; then those of the layers that use it.
 PROGRAMS = (
     "base.field_lines", "base.file_text", "base.foreign_marks", "base.number_text", "base.safe_file",
-    "base.table_text", "record", "square.file", "stats.numbers", "stats.words", "experiment", "power.study",
+    "base.short_text", "base.table_text", "record", "square.file", "stats.numbers", "stats.words",
+    "experiment", "power.study",
 )
 SEEDS = (1, 2)
 DRAWN = 100
