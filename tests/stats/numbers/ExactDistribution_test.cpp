@@ -3,13 +3,13 @@
 
 #include "stats/numbers/Near.h"
 #include "stats/numbers/Sequences.h"
+#include "support/SpecialNumbers.h"
 
 #include <boost/multiprecision/cpp_int.hpp>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <functional>
-#include <limits>
 #include <map>
 
 using boost::multiprecision::cpp_rational;
@@ -191,7 +191,6 @@ TEST(ExactDistribution, CountsEqualValuesTogetherInAscendingOrder)
     EXPECT_EQ(distribution.shareAbove(0.5), 1.0);
     EXPECT_EQ(distribution.shareAbove(2.0), 0.25);
     EXPECT_EQ(distribution.shareAbove(3.0), 0.0);
-    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(std::isnan(distribution.cumulative(notANumber)));
     EXPECT_TRUE(std::isnan(distribution.shareAbove(notANumber)));
 }

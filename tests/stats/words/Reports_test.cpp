@@ -302,8 +302,9 @@ TEST_F(Reports, AnyTestIsRunByItsKind)
         EXPECT_EQ(report.lines, lines) << name;
         EXPECT_EQ(report.exactTitle, exact.title) << name;
         ASSERT_EQ(report.exact.has_value(), exact.available) << name;
-        if (report.exact)
+        if (report.exact) {
             EXPECT_EQ(report.exact->count(), exact.count) << name;
+        }
     }
 }
 
