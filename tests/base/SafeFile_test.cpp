@@ -10,7 +10,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -196,6 +198,8 @@ TEST_F(SafeFile, AFileWithoutANameThatCannotGetOneIsWrittenWithOne)
         EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
         EXPECT_EQ(entries(), QStringList(QStringLiteral("a.asc")));
     }
+    EXPECT_EQ(told("linkat", EEXIST, "a.asc", Fault::ThatCall), std::nullopt)
+        << "every name that it tries is taken";
 }
 
 TEST_F(SafeFile, ADiskThatCannotSynchroniseIsWrittenAllTheSame)
@@ -252,8 +256,10 @@ TEST_F(SafeFile, ANameWithoutAFolderIsOfTheCurrentOne)
     EXPECT_EQ(base::writeFile(QStringLiteral("a.asc"), "datos"), std::nullopt);
     QDir::setCurrent(before);
     EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("datos"));
-    EXPECT_EQ(base::writeFile(QStringLiteral("/"), "x"),
-              QStringLiteral("El nombre es el de una carpeta."));
+    for (const char* folder : {"/", "/proc"}) {
+        EXPECT_EQ(base::writeFile(QString::fromUtf8(folder), "x"),
+                  QStringLiteral("El nombre es el de una carpeta."));
+    }
 }
 
 TEST_F(SafeFile, NamesThatTheSystemDoesNotKnowAreRefused)
@@ -286,6 +292,39 @@ TEST_F(SafeFile, AFileBeyondTheLimitIsNamedAndNotRead)
     EXPECT_EQ(version.reason, QString());
 }
 
+TEST_F(SafeFile, AFileOfJustTheLimitIsRead)
+{
+    QFile sparse(path("hueco.asc"));
+    ASSERT_TRUE(sparse.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(sparse.resize(qint64(1) << 30));
+    const auto contents = base::readLimited(path("hueco.asc"));
+    ASSERT_TRUE(contents.value);
+    EXPECT_EQ(contents.value->size(), qsizetype(1) << 30);
+}
+
+TEST_F(SafeFile, AFileWithoutASizeIsReadUpToOneMebibyte)
+{
+    // The words that a program was started with, each with the zero that ends it.
+    const auto readOfLength = [](int length) {
+        QStringList words{QStringLiteral("-c"), QStringLiteral("read line")};
+        for (int rest = length - 21; rest > 0; rest -= 100000) // "/bin/sh" and those two have 21
+            words << QString(std::min(rest, 100000) - 1, QLatin1Char('x'));
+        QProcess shell;
+        shell.start(QStringLiteral("/bin/sh"), words);
+        EXPECT_TRUE(shell.waitForStarted());
+        const auto contents =
+            base::readLimited(QStringLiteral("/proc/%1/cmdline").arg(shell.processId()));
+        shell.closeWriteChannel();
+        EXPECT_TRUE(shell.waitForFinished());
+        return contents;
+    };
+    constexpr int limit = 1 << 20;
+    const auto longest = readOfLength(limit);
+    ASSERT_TRUE(longest.value);
+    EXPECT_EQ(longest.value->size(), limit);
+    EXPECT_FALSE(readOfLength(limit + 1).value);
+}
+
 TEST_F(SafeFile, AFingerprintTellsWhetherAFileChanged)
 {
     ASSERT_EQ(base::writeFile(path("a.asc"), "datos"), std::nullopt);
@@ -302,4 +341,18 @@ TEST_F(SafeFile, OnlyOrdinaryFilesAreRead)
     EXPECT_EQ(base::readFile(path("")), std::nullopt);
     ASSERT_EQ(mkfifo(QFile::encodeName(path("tubo")).constData(), 0600), 0);
     EXPECT_EQ(base::readFile(path("tubo")), std::nullopt);
+}
+
+TEST_F(SafeFile, WhatCannotBeOpenedOrReadIsNotRead)
+{
+    ASSERT_EQ(base::writeFile(path("a.asc"), "datos"), std::nullopt);
+    {
+        const Disk faulty(folder(), {1, EIO, Fault::ThatCall, "open"});
+        EXPECT_EQ(base::readFile(path("a.asc")), std::nullopt);
+        EXPECT_EQ(faulty.failed(), std::vector<std::string>({"open"}));
+    }
+    // The memory of this process, of which the first bytes are nobody's.
+    const auto memory = base::readLimited(QStringLiteral("/proc/self/mem"));
+    EXPECT_FALSE(memory.value);
+    EXPECT_EQ(memory.reason, QString());
 }

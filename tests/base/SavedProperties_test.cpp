@@ -123,6 +123,12 @@ TEST_F(SavedProperties, ExtendedAttributesStay)
         ASSERT_EQ(attribute("user.origen"), "(none)");
         set(name(), "user.origen", "parcela 7");
     }
+    set(name(), "user.vacio", "");
+    {
+        const Disk faulty(folder(), {1, ENOSPC, Fault::Once, "fsetxattr"});
+        EXPECT_EQ(save(), lost("los atributos extendidos")) << "one of two is not both";
+    }
+    EXPECT_NE(attribute("user.origen") == "(none)", attribute("user.vacio") == "(none)");
     EXPECT_EQ(saveWith("llistxattr", EIO), lost("los permisos, los atributos extendidos"))
         << "there may have been an access list";
     EXPECT_EQ(permissions(), 0600U);
@@ -137,8 +143,12 @@ TEST_F(SavedProperties, WhatVouchesForOtherBytesGoes)
         GTEST_SKIP() << "only root may set it";
     writeOld();
     set(name(), "security.capability", QByteArray("\1\0\0\2\0\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 20));
+    // A system that checks these refuses made-up ones.
+    for (const char* hash : {"security.ima", "security.evm"})
+        setxattr(name().constData(), hash, "\1", 1, 0);
     EXPECT_EQ(save(), QString());
-    EXPECT_EQ(attribute("security.capability"), "(none)");
+    for (const char* gone : {"security.capability", "security.ima", "security.evm"})
+        EXPECT_EQ(attribute(gone), "(none)") << gone;
 }
 
 TEST_F(SavedProperties, AccessListsStay)

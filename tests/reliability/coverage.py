@@ -76,22 +76,28 @@ def build_and_run() -> list[pathlib.Path]:
     listing = json.loads(
         subprocess.run(["ctest", "-L", "^unit$", "--show-only=json-v1"], cwd=BUILD, check=True,
                        capture_output=True).stdout)
-    programs = [pathlib.Path(test["command"][-1]) for test in listing["tests"]]
     shutil.rmtree(PROFILES, ignore_errors=True)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        failed = [program.name for program, passes in zip(programs, pool.map(runs, programs)) if not passes]
+        passed = list(pool.map(passes, listing["tests"]))
+    failed = [test["name"] for test, well in zip(listing["tests"], passed) if not well]
     if failed:
         sys.exit(f"no pasan: {', '.join(failed)}")
-    return programs
+    return [program_of(test) for test in listing["tests"]]
 
 
-def runs(program: pathlib.Path) -> bool:
-    """Runs a program of tests, without the limit of time that it has as an ordinary test."""
-    say(f"== Se corre {program.name}")
-    environment = dict(os.environ, LC_ALL="es_ES.UTF-8", QT_QPA_PLATFORM="offscreen",
-                       LLVM_PROFILE_FILE=f"{PROFILES}/{program.name}.%p.profraw")
-    run = subprocess.run([program, "--gtest_brief=1"], cwd=BUILD, env=environment, stdout=sys.stderr,
-                         check=False)
+def program_of(test: dict) -> pathlib.Path:
+    return pathlib.Path(test["command"][-1])
+
+
+def passes(test: dict) -> bool:
+    """Runs a test, without the limit of time that it has as an ordinary one."""
+    say(f"== Se corre {test['name']}")
+    own = next(property["value"] for property in test["properties"] if property["name"] == "ENVIRONMENT")
+    environment = dict(os.environ, LC_ALL="es_ES.UTF-8",
+                       LLVM_PROFILE_FILE=f"{PROFILES}/{test['name']}.%p.profraw")
+    environment.update(word.split("=", 1) for word in own)
+    run = subprocess.run([program_of(test), "--gtest_brief=1"], cwd=BUILD, env=environment,
+                         stdout=sys.stderr, check=False)
     return run.returncode == 0
 
 

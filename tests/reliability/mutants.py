@@ -180,6 +180,7 @@ def update(source: pathlib.Path, copy: pathlib.Path) -> None:
             copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copyfile(source, copy)
         return
+    copy.mkdir(parents=True, exist_ok=True)
     names = {path.name for path in source.iterdir() if path.name != "__pycache__"}
     for name in names:
         update(source / name, copy / name)

@@ -35,13 +35,16 @@ void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& 
         for (int place = 1; place <= n; ++place) {
             for (int line = 1; line <= count; ++line) {
                 const auto [column, row] = cellOf(before + line, place);
-                lines[line - 1].push_back({observations.Elem(column, row), place});
+                lines[static_cast<std::size_t>(line - 1)].push_back(
+                    {observations.Elem(column, row), place});
             }
         }
         for (int line = 1; line <= count; ++line) {
-            sortByValue(lines[line - 1]);
-            visitRanks(lines[line - 1], [&](int place, std::int64_t rank) {
-                ranksAt[place - 1][line - 1] = rank;
+            sortByValue(lines[static_cast<std::size_t>(line - 1)]);
+            visitRanks(lines[static_cast<std::size_t>(line - 1)], [&](int place,
+                                                                      std::int64_t rank) {
+                ranksAt[static_cast<std::size_t>(place - 1)][static_cast<std::size_t>(line - 1)] =
+                    rank;
             });
         }
         for (int place = 1; place <= n; ++place) {
@@ -49,7 +52,8 @@ void addRanks(const TMatrix& observations, TMatrix& ranks, int n, const CellOf& 
                 const auto [column, row] = cellOf(before + line, place);
                 ranks.Elem(column, row,
                            ranks.Elem(column, row) +
-                               static_cast<double>(ranksAt[place - 1][line - 1]));
+                               static_cast<double>(ranksAt[static_cast<std::size_t>(place - 1)]
+                                                          [static_cast<std::size_t>(line - 1)]));
             }
         }
     }

@@ -78,6 +78,11 @@ TEST(QuantileSearch, WideningEndsWhenNoBracketHoldsThePoint)
     const auto undefined = [](double) { return notANumber; };
     EXPECT_EQ(widened(undefined, 0.9, {1.0, 2.0}).end, SearchEnd::NotFinite);
     EXPECT_EQ(widened(flat, 0.9, {1.0, infinity}).end, SearchEnd::NotFinite);
+    EXPECT_EQ(widened(flat, 0.1, {1.0, 2.0}).end, SearchEnd::NotFinite) << "only downwards";
+    const auto undefinedAbove = [](double x) { return x < 1.5 ? 0.0 : notANumber; };
+    const auto stopped = widened(undefinedAbove, 0.5, {1.0, 2.0});
+    EXPECT_EQ(stopped.end, SearchEnd::NotFinite);
+    EXPECT_EQ(stopped.bracket.hi, 2.0) << "what is no number moves no end";
 }
 
 TEST(QuantileSearch, HalvingFindsThePoint)
