@@ -48,6 +48,22 @@ struct Told {
 };
 
 Told* crashTold = nullptr;
+bool eventThrew = false;
+
+/// As the program's own, which lets no exception of an event handler into the toolkit.
+class CatchingApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception&) {
+            eventThrew = true;
+        }
+        return false;
+    }
+};
 
 Outcome outcomeOf(Scenario& scenario, long number, Failing failing, Told& told)
 {
@@ -64,7 +80,7 @@ Outcome outcomeOf(Scenario& scenario, long number, Failing failing, Told& told)
     }
     told.allocations = short_allocations::disarm();
     std::string damage;
-    const Outcome outcome = scenario.judge(thrown, damage);
+    const Outcome outcome = scenario.judge(thrown || eventThrew, damage);
     std::snprintf(told.damage.data(), told.damage.size(), "%s", damage.c_str());
     return outcome;
 }
@@ -155,7 +171,7 @@ int tryAll(const NamedScenario& named, Failing failing, long stride, Told& told)
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    CatchingApplication application(argc, argv);
     const long stride = argc > 1 ? std::atol(argv[1]) : 1;
     const std::string only = argc > 2 ? argv[2] : "";
     auto* told = static_cast<Told*>(mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE,
