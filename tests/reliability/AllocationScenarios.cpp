@@ -152,8 +152,8 @@ public:
         const bool told = !m_dialogs.errors.empty();
         for (int step = 0; step < 3; ++step)
             m_table.undo();
-        damage = now != m_before && now != m_pasted       ? "the table holds something else"
-                 : held(m_table.square()) != m_before     ? "it cannot be undone"
+        damage = now != m_before && now != m_pasted   ? "the table holds something else"
+                 : held(m_table.square()) != m_before ? "it cannot be undone"
                  : told && m_dialogs.errors[0].text != outOfMemory()
                      ? m_dialogs.errors[0].text.toStdString()
                      : "nobody was told";
@@ -208,8 +208,8 @@ public:
         damage = "it cannot be loaded any more, or nobody was told";
         if (state() != State{FileScenario::m_before, 6, 5.0, m_name})
             return Outcome::Damaged;
-        return told                 ? Outcome::Told
-               : thrown             ? Outcome::Thrown
+        return told                                              ? Outcome::Told
+               : thrown                                          ? Outcome::Thrown
                : isNew && now.order == 6 && now.treatment == 5.0 ? Outcome::Unaffected
                                                                  : Outcome::Damaged;
     }
@@ -268,9 +268,9 @@ public:
         m_chart.resize(size);
         if (picture() != m_expected)
             return Outcome::Damaged;
-        return thrown                      ? Outcome::Thrown
+        return thrown                    ? Outcome::Thrown
                : m_painted == m_expected ? Outcome::Unaffected
-                                           : Outcome::Repainted;
+                                         : Outcome::Repainted;
     }
 
 private:
@@ -311,7 +311,7 @@ public:
     {
         const QString now = report();
         const bool told = !m_dialogs.errors.empty();
-        damage = data() != m_data ? "the table has changed"
+        damage = data() != m_data                    ? "the table has changed"
                  : now != m_report && !now.isEmpty() ? "there is half a report"
                  : told && m_dialogs.errors[0].text !=
                                QStringLiteral("No se pudo completar el análisis: no hay memoria "
@@ -374,8 +374,8 @@ private:
         std::vector<double> all;
         for (const power::PowerPoint& point :
              power::runPowerStudy(settings, generator, integers, [](const auto&) {}))
-            all.insert(all.end(), {point.difference, point.powers.c, point.powers.m,
-                                   point.powers.b, point.powers.z});
+            all.insert(all.end(), {point.difference, point.powers.c, point.powers.m, point.powers.b,
+                                   point.powers.z});
         return all;
     }
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Lets every allocation of a piece of work fail, one after the other.
 //
-// failing_allocations [STRIDE] prints a line for each scenario and each way of failing: the name, how
-// (one or all from there), the number of allocations, how many of them were made to fail, and how
-// many ended unaffected, told, thrown, repainted, stopped (std::terminate, and in a library), crashed,
-// damaged. Each
-// failure has a process of its own; every STRIDEth is tried, all without it. Damage goes to stderr
-// and is the exit code.
+// failing_allocations [STRIDE] prints a line for each scenario and each way of failing: the name,
+// how (one or all from there), the number of allocations, how many of them were made to fail, and
+// how many ended unaffected, told, thrown, repainted, stopped (std::terminate, and in a library),
+// crashed, damaged. Each failure has a process of its own; every STRIDEth is tried, all without it.
+// Damage goes to stderr and is the exit code.
 #include "reliability/AllocationScenarios.h"
 #include "reliability/ShortAllocations.h"
 
@@ -153,14 +152,13 @@ int tryAll(const NamedScenario& named, Failing failing, long stride, Told& told)
         ++tried;
         if (ending == int(Outcome::Damaged) || ending == Crashed)
             std::fprintf(stderr, "%s: allocation %ld (%s): %s\n", named.name, number,
-                         failing == Failing::One ? "one" : "all",
-                         told.damage.data());
+                         failing == Failing::One ? "one" : "all", told.damage.data());
     }
-    std::printf("%s\t%s\t%ld\t%ld", named.name, failing == Failing::One ? "one" : "all", allocations,
-                tried);
+    std::printf("%s\t%s\t%ld\t%ld", named.name, failing == Failing::One ? "one" : "all",
+                allocations, tried);
     for (const auto ending : {int(Outcome::Unaffected), int(Outcome::Told), int(Outcome::Thrown),
-                              int(Outcome::Repainted), int(Stopped),
-                              int(StoppedInLibrary), int(Crashed), int(Outcome::Damaged)})
+                              int(Outcome::Repainted), int(Stopped), int(StoppedInLibrary),
+                              int(Crashed), int(Outcome::Damaged)})
         std::printf("\t%d", counts.at(static_cast<std::size_t>(ending)));
     std::printf("\n");
     std::fflush(stdout);
@@ -174,8 +172,8 @@ int main(int argc, char** argv)
     CatchingApplication application(argc, argv);
     const long stride = argc > 1 ? std::atol(argv[1]) : 1;
     const std::string only = argc > 2 ? argv[2] : "";
-    auto* told = static_cast<Told*>(mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE,
-                                         MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    auto* told = static_cast<Told*>(
+        mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     int damaged = 0;
     for (const NamedScenario& scenario : allScenarios()) {
         if (!only.empty() && only != scenario.name)
