@@ -119,7 +119,7 @@ public:
 private:
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_table{m_dialogs};
-    base::Outcome<bool> m_written;
+    base::Outcome<square::ExportedSquare> m_written;
 };
 
 void press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers)

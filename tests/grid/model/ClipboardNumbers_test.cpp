@@ -156,8 +156,9 @@ TEST_F(ClipboardNumbers, ALongFieldThatIsTooLargeIsToldAsTooLarge)
     for (const int digits : {41, 400, 3000, 1'000'000}) {
         const QString nines(digits, QLatin1Char('9'));
         EXPECT_EQ(refusalOf(nines + QStringLiteral("e999")), tooLarge) << digits;
-        if (digits > 308)
+        if (digits > 308) {
             EXPECT_EQ(refusalOf(nines), tooLarge) << digits;
+        }
     }
 }
 

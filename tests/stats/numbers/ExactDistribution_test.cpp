@@ -191,9 +191,9 @@ TEST(ExactDistribution, CountsEqualValuesTogetherInAscendingOrder)
     EXPECT_EQ(distribution.shareAbove(0.5), 1.0);
     EXPECT_EQ(distribution.shareAbove(2.0), 0.25);
     EXPECT_EQ(distribution.shareAbove(3.0), 0.0);
-    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(std::isnan(distribution.cumulative(notANumber)));
-    EXPECT_TRUE(std::isnan(distribution.shareAbove(notANumber)));
+    constexpr double noStatistic = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(distribution.cumulative(noStatistic)));
+    EXPECT_TRUE(std::isnan(distribution.shareAbove(noStatistic)));
 }
 
 TEST(ExactDistribution, IsHandedOverAsValuesThenProbabilities)
