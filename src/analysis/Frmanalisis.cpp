@@ -132,8 +132,8 @@ void TAnalisis::SpeedButton1Click()
                       test == stats::TestKind::C ? QStringLiteral("c") : QStringLiteral("m"));
         const QString text = report.lines.join(QLatin1Char('\n'));
         m_report->setPlainText(text);
-        // Short of memory the toolkit may lose the text without a word.
-        if (m_report->toPlainText() != text) {
+        // Short of memory the toolkit may lose the text without a word, here and on the way.
+        if (text.isEmpty() || m_report->toPlainText() != text) {
             m_report->clear();
             throw std::bad_alloc();
         }
