@@ -106,8 +106,8 @@ void exactDistributionOfM(benchmark::State& state)
 
 BENCHMARK(zimmermanStatistic)->DenseRange(3, 6)->Arg(20)->Arg(1000);
 BENCHMARK(bennettStatistic)->DenseRange(3, 6)->Arg(20)->Arg(1000);
-BENCHMARK(sequenceC)->DenseRange(3, 6)->Arg(20);
-BENCHMARK(sequenceM)->DenseRange(3, 6)->Arg(20);
+BENCHMARK(sequenceC)->DenseRange(3, 6)->Arg(20)->Arg(1000);
+BENCHMARK(sequenceM)->DenseRange(3, 6)->Arg(20)->Arg(1000);
 BENCHMARK(latinSquareAnova)->DenseRange(3, 6)->Arg(20)->Arg(1000);
 BENCHMARK(fQuantile)->DenseRange(3, 6)->Arg(20);
 BENCHMARK(simulatedC)

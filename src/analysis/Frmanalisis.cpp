@@ -130,7 +130,13 @@ void TAnalisis::SpeedButton1Click()
         if (test == stats::TestKind::C || test == stats::TestKind::M)
             keepExact(report,
                       test == stats::TestKind::C ? QStringLiteral("c") : QStringLiteral("m"));
-        m_report->setPlainText(report.lines.join(QLatin1Char('\n')));
+        const QString text = report.lines.join(QLatin1Char('\n'));
+        m_report->setPlainText(text);
+        // Short of memory the toolkit may lose the text without a word, here and on the way.
+        if (text.isEmpty() || m_report->toPlainText() != text) {
+            m_report->clear();
+            throw std::bad_alloc();
+        }
         m_reported = std::move(asked);
     } catch (const std::exception& failure) {
         emit statusText(invitation());

@@ -358,6 +358,18 @@ TEST_F(AnalysisRunning, RunningOutOfMemoryIsSaidInSpanish)
     EXPECT_TRUE(dialogs.errors[0].text.contains(QStringLiteral("no hay memoria suficiente")));
 }
 
+TEST_F(AnalysisRunning, AMatrixOutOfMemoryIsSaidInSpanish)
+{
+    writeBytes(QStringLiteral("datos.asc"), squareFile(orderThree));
+    dialogs.openAnswers.emplace_back(path(QStringLiteral("datos.asc")));
+    take(new analysis::TAnalisis(handOff, dialogs, nullptr,
+                                 failingWith(stats::EMatrixError("not enough memory on heap"))));
+    run();
+    ASSERT_EQ(dialogs.errors.size(), 1U);
+    EXPECT_EQ(dialogs.errors[0].text,
+              QStringLiteral("No se pudo completar el análisis: no hay memoria suficiente."));
+}
+
 TEST_F(AnalysisRunning, TheKeyboardReachesEverything)
 {
     openSquare(propellantRows);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/FieldLines.h"
-#include "base/ShortText.h"
 
 #include "support/Text.h"
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Lets every allocation of a piece of work fail, one after the other.
 //
-// failing_allocations [STRIDE] prints a line for each scenario and each way of failing: the name, how
-// (one or all from there), the number of allocations, how many of them were made to fail, and how
-// many ended unaffected, told, thrown, repainted, stopped (std::terminate, and in a library), crashed,
-// damaged. Each
-// failure has a process of its own; every STRIDEth is tried, all without it. Damage goes to stderr
-// and is the exit code.
+// failing_allocations [STRIDE] prints a line for each scenario and each way of failing: the name,
+// how (one or all from there), the number of allocations, how many of them were made to fail, and
+// how many ended unaffected, told, thrown, repainted, stopped (std::terminate, and in a library),
+// crashed, damaged. Each failure has a process of its own; every STRIDEth is tried, all without it.
+// Damage goes to stderr and is the exit code.
 #include "reliability/AllocationScenarios.h"
 #include "reliability/ShortAllocations.h"
 
@@ -48,6 +47,22 @@ struct Told {
 };
 
 Told* crashTold = nullptr;
+bool eventThrew = false;
+
+/// As the program's own, which lets no exception of an event handler into the toolkit.
+class CatchingApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception&) {
+            eventThrew = true;
+        }
+        return false;
+    }
+};
 
 Outcome outcomeOf(Scenario& scenario, long number, Failing failing, Told& told)
 {
@@ -64,7 +79,7 @@ Outcome outcomeOf(Scenario& scenario, long number, Failing failing, Told& told)
     }
     told.allocations = short_allocations::disarm();
     std::string damage;
-    const Outcome outcome = scenario.judge(thrown, damage);
+    const Outcome outcome = scenario.judge(thrown || eventThrew, damage);
     std::snprintf(told.damage.data(), told.damage.size(), "%s", damage.c_str());
     return outcome;
 }
@@ -137,14 +152,13 @@ int tryAll(const NamedScenario& named, Failing failing, long stride, Told& told)
         ++tried;
         if (ending == int(Outcome::Damaged) || ending == Crashed)
             std::fprintf(stderr, "%s: allocation %ld (%s): %s\n", named.name, number,
-                         failing == Failing::One ? "one" : "all",
-                         told.damage.data());
+                         failing == Failing::One ? "one" : "all", told.damage.data());
     }
-    std::printf("%s\t%s\t%ld\t%ld", named.name, failing == Failing::One ? "one" : "all", allocations,
-                tried);
+    std::printf("%s\t%s\t%ld\t%ld", named.name, failing == Failing::One ? "one" : "all",
+                allocations, tried);
     for (const auto ending : {int(Outcome::Unaffected), int(Outcome::Told), int(Outcome::Thrown),
-                              int(Outcome::Repainted), int(Stopped),
-                              int(StoppedInLibrary), int(Crashed), int(Outcome::Damaged)})
+                              int(Outcome::Repainted), int(Stopped), int(StoppedInLibrary),
+                              int(Crashed), int(Outcome::Damaged)})
         std::printf("\t%d", counts.at(static_cast<std::size_t>(ending)));
     std::printf("\n");
     std::fflush(stdout);
@@ -155,11 +169,11 @@ int tryAll(const NamedScenario& named, Failing failing, long stride, Told& told)
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    CatchingApplication application(argc, argv);
     const long stride = argc > 1 ? std::atol(argv[1]) : 1;
     const std::string only = argc > 2 ? argv[2] : "";
-    auto* told = static_cast<Told*>(mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE,
-                                         MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    auto* told = static_cast<Told*>(
+        mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     int damaged = 0;
     for (const NamedScenario& scenario : allScenarios()) {
         if (!only.empty() && only != scenario.name)

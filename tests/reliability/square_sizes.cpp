@@ -64,9 +64,10 @@ QString resultOf(const QPlainTextEdit& report)
 {
     const QStringList lines = report.toPlainText().split(QLatin1Char('\n'));
     for (const QString& line : lines) {
-        if (line.contains(QLatin1String("orden")) || line.startsWith(QLatin1String("Tratamientos")) ||
-            line.startsWith(QLatin1String("Estadística")) || line.startsWith(QLatin1String("C = ")) ||
-            line.startsWith(QLatin1String("M = ")))
+        if (line.contains(QLatin1String("orden")) ||
+            line.startsWith(QLatin1String("Tratamientos")) ||
+            line.startsWith(QLatin1String("Estadística")) ||
+            line.startsWith(QLatin1String("C = ")) || line.startsWith(QLatin1String("M = ")))
             return line;
     }
     return lines.constFirst();
@@ -91,10 +92,12 @@ void analyse(const QString& fileName, ScriptedDialogs& dialogs)
     };
     for (const Choice& choice : {Choice{"F", 0, 0}, Choice{"Zimmerman", 1, 0},
                                  Choice{"Bennett", 1, 1}, Choice{"C", 2, 0}, Choice{"M", 2, 1}}) {
-        auto& approaches = *analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup1"));
+        auto& approaches =
+            *analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup1"));
         approaches.setItemIndex(choice.approach);
         analysis->RadioGroup1Click();
-        analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup2"))->setItemIndex(choice.test);
+        analysis->findChild<controls::RadioGroup*>(QStringLiteral("RadioGroup2"))
+            ->setItemIndex(choice.test);
         timed(choice.name, [&] {
             analysis->SpeedButton1Click();
             return resultOf(*analysis->findChild<QPlainTextEdit*>(QStringLiteral("Reporte")));

@@ -71,7 +71,11 @@ TEST(ObservationPairs, EqualValuesKeepTheirOrder)
 TEST(ObservationPairs, BothZerosAreOneValue)
 {
     std::mt19937_64 generator(5);
-    constexpr std::array values{0.0, -0.0, 1.0, -1.0, std::numeric_limits<double>::denorm_min(),
+    constexpr std::array values{0.0,
+                                -0.0,
+                                1.0,
+                                -1.0,
+                                std::numeric_limits<double>::denorm_min(),
                                 -std::numeric_limits<double>::denorm_min(),
                                 std::numeric_limits<double>::infinity(),
                                 -std::numeric_limits<double>::infinity()};
