@@ -31,13 +31,14 @@ constexpr int statusOfSignal = 128;
 
 std::atomic<bool> eventLoopRuns = false;
 
-[[noreturn]] void endUnasked(const char* why, int status)
+[[noreturn]] void endUnasked(const QString& why, int status)
 {
-    std::fprintf(
-        stderr,
-        "Cuadrado Latino: %s. El programa termina sin preguntar: lo que no estaba guardado "
-        "se perdió, y los archivos quedan como estaban.\n",
-        why);
+    const QString told =
+        QStringLiteral("Cuadrado Latino: %1. El programa termina sin preguntar: lo "
+                       "que no estaba guardado se perdió, y los archivos quedan "
+                       "como estaban.\n")
+            .arg(why);
+    std::fputs(qUtf8Printable(told), stderr);
     std::_Exit(status);
 }
 
@@ -46,7 +47,7 @@ std::atomic<bool> eventLoopRuns = false;
 void endedFromBelow()
 {
     if (eventLoopRuns)
-        endUnasked("se perdió la conexión con la pantalla", EXIT_FAILURE);
+        endUnasked(QStringLiteral("se perdió la conexión con la pantalla"), EXIT_FAILURE);
 }
 
 } // namespace
@@ -76,7 +77,7 @@ void UnchosenEnd::signalCame(int signal)
         m_sinceFirst.start();
         m_retry.start();
     } else if (signal != SIGHUP && m_sinceFirst.hasExpired(oneCall.count())) {
-        endUnasked("se le pidió terminar por segunda vez", statusOfSignal + signal);
+        endUnasked(QStringLiteral("se le pidió terminar por segunda vez"), statusOfSignal + signal);
     }
     window::showQuestion();
 }

@@ -128,10 +128,6 @@ TEST_F(UnchosenEnd, SignalsThatComeTogetherAreOneCall)
 {
     twoEditors();
     dialogs.yesNoAnswers = {false, false};
-    dialogs.whenAskedYesNo = [] {
-        std::raise(SIGTERM);
-        QTest::qWait(50);
-    };
     for (const int signal : {SIGTERM, SIGTERM, SIGHUP, SIGINT})
         std::raise(signal);
     EXPECT_TRUE(hasClosed());

@@ -1,0 +1,259 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The end that nobody chose: every signal, the session's end and a display that goes, in every state of
+the program, with every answer.
+
+    endings.py
+
+Prints its section of docs/fiabilidad.md. Its short form is the test program.endings.
+"""
+
+import concurrent.futures
+import json
+import pathlib
+import signal
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+EXECUTABLE = ROOT / "build" / "dev" / "bin" / "cuadrado-latino"
+DRIVERS = ROOT / "tests" / "program"
+
+STATES = {
+    "ninguna ventana abierta": "no_windows",
+    "un editor nuevo": "new_editor",
+    "un editor de un archivo y uno nuevo": "editor_of_a_file",
+    "tres editores": "three_editors",
+    "«Desea guardar los cambios?» abierta": "open_question",
+    "diálogo de archivos abierto": "open_file_dialog",
+    "menú abierto": "open_menu",
+    "estudio de potencia en marcha": "running_study",
+    "análisis maximizado sobre el editor": "maximised_analysis",
+}
+ASKING = ("open_question", "open_file_dialog")
+ON_DISPLAY = "--on-display"
+AT_A_TIME = 3
+SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
+ANSWERS = ("guardar", "descartar", "cancelar")
+FIRST_QUESTION, NO_MORE_QUESTION = 15.0, 3.0  # seconds to wait for one
+MORE_THAN_ONE_CALL = 1.2
+CHANGED = b" 7.0000000E+0000"
+
+
+class Cell:
+    """One life of the program, from a state to its end or to its going on."""
+
+    def __init__(self, state, **environment):
+        from endings import Life  # of the drivers, which need a display and a bus
+
+        self.state = state
+        self.faults = []
+        self.life = Life(EXECUTABLE, **environment)
+        getattr(self.life, state)()
+        self.before = self.life.files()
+
+    def must(self, holds, what):
+        if not holds:
+            self.faults.append(f"{self.state}: {what}")
+
+    def status(self):
+        return self.life.program.process.poll()
+
+    def dialog(self):
+        """What is asked: the question, a file name, or nothing while the program goes on."""
+        if self.life.is_asking():
+            return "question"
+        if self.life.program.look("text", "Nombre de archivo:"):
+            return "file"
+        return None
+
+    def wait_for_dialog(self, patience):
+        end = time.monotonic() + patience
+        while time.monotonic() < end and self.status() is None:
+            if dialog := self.dialog():
+                return dialog
+            time.sleep(0.05)
+        return None
+
+    def answer(self, answer):
+        """Until nothing is asked any more."""
+        number = 0
+        patience = FIRST_QUESTION
+        while dialog := self.wait_for_dialog(patience):
+            patience = NO_MORE_QUESTION
+            if dialog == "question":
+                self.life.answer("No" if answer == "descartar" else "Sí")
+            elif answer == "guardar":
+                number += 1
+                self.life.program.answer_file_dialog(self.life.folder / f"guardado{number}.asc")
+            else:
+                self.life.answer("Cancelar")
+            time.sleep(0.3)  # until that dialog has gone
+
+    def outcome(self, answer):
+        """What is seen in the end, once it was compared with what should be."""
+        after = self.life.files()
+        if answer in ("guardar", "cancelar"):
+            # Of a file the answer «Sí» saves at once: what can be cancelled is a name.
+            changed = [name for name in after if after[name] != self.before.get(name)]
+            self.must(
+                all(CHANGED in after[name] for name in changed), "a file that was written half"
+            )
+            self.must(set(self.before) <= set(after), "a file that has gone")
+        else:
+            self.must(after == self.before, f"files changed: {sorted(after)}")
+        stray = [name for name in after if not name.endswith(".asc")]
+        self.must(not stray, f"strays: {stray}")
+        if answer == "cancelar":
+            self.must(self.status() is None, f"ended with {self.status()} although cancelled")
+            return "sigue"
+        self.must(self.status() == 0, f"{answer}: ended with {self.status()}")
+        saved = sum(CHANGED in contents for contents in after.values())
+        return f"{saved} guardados, 0" if saved > 1 else f"{saved} guardado, 0" if saved else "0"
+
+    def told_of_the_loss(self):
+        return "lo que no estaba guardado se perdió" in self.life.told()
+
+
+def by_signal(state, number, answer):
+    cell = Cell(state)
+    try:
+        cell.life.signal(number)
+        if answer == "segunda señal":
+            if state == "running_study":
+                cell.must(cell.wait_for_dialog(FIRST_QUESTION), "no question after the study")
+            time.sleep(MORE_THAN_ONE_CALL)
+            second = signal.SIGTERM if number == signal.SIGHUP else number
+            cell.life.signal(second)
+            status = cell.life.program.wait_for_end()
+            cell.must(status == 128 + second, f"the second signal: {status}")
+            cell.must(cell.told_of_the_loss(), "nothing on the standard error")
+            cell.must(cell.life.files() == cell.before, "files changed")
+            return str(status), cell.faults
+        cell.answer(answer)
+        if answer != "cancelar":
+            cell.life.program.wait_for_end()
+        return cell.outcome(answer), cell.faults
+    finally:
+        cell.life.kill()
+
+
+def by_session(state, answer):
+    from session_manager import SessionManager
+
+    session = SessionManager()
+    cell = Cell(state, SESSION_MANAGER=session.address)
+    try:
+        cell.must(session.told() == "registered", "no session")
+        session.order("end")
+        if state in ASKING:
+            told = session.told()
+            cell.must(told == "cancelled", f"an open question: {told}")
+            return "la sesión sigue", cell.faults
+        cell.answer(answer)
+        told = session.told()
+        cell.must(told == ("cancelled" if answer == "cancelar" else "saved"), f"told: {told}")
+        if answer != "cancelar":
+            cell.life.program.wait_for_end()
+        return cell.outcome(answer), cell.faults
+    finally:
+        cell.life.kill()
+        session.stop()
+
+
+def without_display(state):
+    from endings import OwnDisplay
+
+    display = OwnDisplay()
+    cell = None
+    try:
+        cell = Cell(state)
+        display.take_away()
+        status = cell.life.program.wait_for_end()
+        cell.must(status == 1, f"without a display: {status}")
+        cell.must(cell.told_of_the_loss(), "nothing on the standard error")
+        cell.must(cell.life.files() == cell.before, "files changed")
+        return str(status), cell.faults
+    finally:
+        if cell:
+            cell.life.kill()
+        display.close()
+
+
+class Table:
+    def __init__(self):
+        self.lives = 0
+        self.faults = []
+
+    def cell(self, end, *arguments):
+        print(end.__name__, *arguments, file=sys.stderr, flush=True)
+        self.lives += 1
+        try:
+            seen, faults = end(*arguments)
+        except (AssertionError, subprocess.TimeoutExpired) as error:
+            seen, faults = "¿?", [f"{arguments}: {error}"]
+        for fault in faults:
+            print("FOUND", *arguments, fault, file=sys.stderr, flush=True)
+        self.faults += faults
+        return seen
+
+    def row(self, caption, state):
+        """With no window open there is nothing to answer."""
+        nothing_asked = state == "no_windows"
+        cells = []
+        for answer in ANSWERS[:1] if nothing_asked else (*ANSWERS, "segunda señal"):
+            seen = [self.cell(by_signal, state, number, answer) for number in SIGNALS]
+            cells.append(seen[0] if len(set(seen)) == 1 else " · ".join(seen))
+        sessions = ANSWERS[:1] if nothing_asked or state in ASKING else ANSWERS
+        seen = [self.cell(by_session, state, answer) for answer in sessions]
+        if nothing_asked:
+            cells += ["—", "—", "—"]
+        cells += [" / ".join(seen), self.cell(without_display, state)]
+        return f"| {caption} | {' | '.join(cells)} |"
+
+
+def drive(caption):
+    """One row, on a display of its own: the lives of a state wait more than they compute."""
+    sys.path.insert(0, str(DRIVERS))
+    table = Table()
+    row = table.row(caption, STATES[caption])
+    json.dump({"row": row, "lives": table.lives, "faults": table.faults}, sys.stdout)
+
+
+def driven(caption):
+    command = [DRIVERS / "on_virtual_display", __file__, ON_DISPLAY, caption]
+    run = subprocess.run(command, cwd=ROOT, stdout=subprocess.PIPE, check=True)
+    return json.loads(run.stdout)
+
+
+def main():
+    with concurrent.futures.ThreadPoolExecutor(AT_A_TIME) as pool:
+        results = list(pool.map(driven, STATES))
+    names = ", ".join(number.name for number in SIGNALS)
+    lives = sum(result["lives"] for result in results)
+    print(f"""\
+Se llevó el programa, con teclas y ratón de verdad sobre una pantalla virtual, a cada uno de {len(STATES)} estados, y ahí
+le llegó un final que nadie eligió en él: cada una de las señales {names}; el fin de la sesión
+del escritorio, pedido por un administrador de sesiones; o la pérdida de la pantalla. Se respondió a lo que
+preguntara, o no se respondió y se repitió la señal. Cada una de las {lives} vidas empezó de nuevo.
+
+En cada casilla, lo que se vio: cuántos archivos quedaron guardados y el estado de salida, o «sigue» donde el
+programa siguió como si nada; donde las tres señales no dieron lo mismo, las tres. Un estado por señal va de 128
+en adelante: 143 es SIGTERM, 130 es SIGINT; tras SIGHUP la segunda fue SIGTERM. El fin de la sesión, con las
+respuestas guardar / descartar / cancelar. Se comprobó además que ningún archivo quedara a medias ni cambiara sin
+una respuesta que lo mandara, que no quedaran archivos sueltos, y que quien terminó sin preguntar lo dijera.
+
+| estado | guardar | descartar | cancelar | segunda señal | fin de la sesión | sin pantalla |
+|---|---|---|---|---|---|---|""")
+    for result in results:
+        print(result["row"])
+    if faults := [fault for result in results for fault in result["faults"]]:
+        sys.exit("\n".join(faults))
+
+
+if __name__ == "__main__":
+    if sys.argv[1:2] == [ON_DISPLAY]:
+        drive(sys.argv[2])
+    else:
+        main()
