@@ -69,6 +69,32 @@ class Saves(DiskTest):
         program.answer_file_dialog(self.folder / "parcela.asc")
         wait_for("the file", (self.folder / "parcela.asc").is_file)
 
+    def test_a_name_that_is_too_long_is_told_of(self):
+        program = self.start()
+        program.press("F2")
+        program.wait_for_focus("text «Nombre de archivo:»")
+        long = subprocess.Popen(["xclip", "-selection", "clipboard"], stdin=subprocess.PIPE)
+        long.communicate(b"a" * 300)
+        program.press("ctrl+v", "Return")
+        self.tell_error(program, "El nombre del archivo es demasiado largo.")
+        self.assertEqual(self.file_name(program), "a" * 300)
+        program.answer_file_dialog(self.folder / "parcela.asc")
+        wait_for("the file", (self.folder / "parcela.asc").is_file)
+
+    def test_blanks_at_the_end_of_a_name_are_not_saved(self):
+        program = self.start()
+        program.press("F2")
+        program.answer_file_dialog(f"{self.folder / 'datos.asc'} ")
+        program.find("frame", f"Editor - {self.folder / 'datos.asc'}")
+        self.assertTrue((self.folder / "datos.asc").is_file())
+
+    def test_a_file_is_opened_by_its_name_without_suffix(self):
+        for name in ("parcela", "parcela.asc"):  # the second may be meant, but was not typed
+            shutil.copy(SAMPLES / "orden3.asc", self.folder / name)
+            program = self.start()
+            open_editor(program, self.folder / "parcela")
+            program.kill()
+
     def test_an_unchanged_file_is_analysed_without_being_written(self):
         square = self.folder / "muestra.asc"
         shutil.copy(SAMPLES / "orden3.asc", square)

@@ -94,23 +94,23 @@ class Cell:
     def outcome(self, answer):
         """What is seen in the end, once it was compared with what should be."""
         after = self.life.files()
-        if answer in ("guardar", "cancelar"):
-            # Of a file the answer «Sí» saves at once: what can be cancelled is a name.
-            changed = [name for name in after if after[name] != self.before.get(name)]
+        written = [name for name in after if after[name] != self.before.get(name)]
+        if answer == "descartar":
+            self.must(after == self.before, f"files changed: {sorted(after)}")
+        else:  # of a file the answer «Sí» saves at once: what can be cancelled is a name
+            whole = [name for name in written if after[name].endswith(b"\r\n")]
+            self.must(whole == written, "a file that was written half")
             self.must(
-                all(CHANGED in after[name] for name in changed), "a file that was written half"
+                not written or any(CHANGED in after[name] for name in written), "nothing typed in it"
             )
             self.must(set(self.before) <= set(after), "a file that has gone")
-        else:
-            self.must(after == self.before, f"files changed: {sorted(after)}")
         stray = [name for name in after if not name.endswith(".asc")]
         self.must(not stray, f"strays: {stray}")
         if answer == "cancelar":
             self.must(self.status() is None, f"ended with {self.status()} although cancelled")
             return "sigue"
         self.must(self.status() == 0, f"{answer}: ended with {self.status()}")
-        saved = sum(CHANGED in contents for contents in after.values())
-        return f"{saved} guardados, 0" if saved > 1 else f"{saved} guardado, 0" if saved else "0"
+        return {0: "0", 1: "1 guardado, 0"}.get(len(written), f"{len(written)} guardados, 0")
 
     def told_of_the_loss(self):
         return "lo que no estaba guardado se perdió" in self.life.told()
