@@ -4,8 +4,23 @@
 #include "shell/UnchosenEnd.h"
 #include "window/QtDialogs.h"
 
+namespace {
+
+/// Qt 6.4 puts pieces of different sizes on the screen at a scale below 1, and nobody can read
+/// them.
+void dropUnreadableScale()
+{
+    bool isNumber = false;
+    const double scale = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble(&isNumber);
+    if (isNumber && scale < 1)
+        qunsetenv("QT_SCALE_FACTOR");
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
+    dropUnreadableScale();
     window::QtDialogs dialogs;
     shell::Application application(argc, argv, dialogs);
     shell::TPrincipal frame(dialogs);

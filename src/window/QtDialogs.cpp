@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
 
@@ -43,11 +44,14 @@ public:
     }
 };
 
-/// Wide enough for what the list tells of each file; a long name is what gives way.
+/// Wide enough for what the list tells of each file; a long name is what gives way. On a small or
+/// magnified screen everything gives way to the screen, with the buttons on it.
 void widenFileList(QFileDialog& dialog)
 {
     const int character = dialog.fontMetrics().averageCharWidth();
-    dialog.resize(character * 100, dialog.fontMetrics().height() * 26);
+    const QSize wanted(character * 100, dialog.fontMetrics().height() * 26);
+    const QSize titleAndBorders(2 * character, 2 * dialog.fontMetrics().height());
+    dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() - titleAndBorders));
     auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (list == nullptr)
         return;

@@ -29,7 +29,8 @@ class OwnDisplay:
         os.close(writes)
         with os.fdopen(reads) as number:
             os.environ["DISPLAY"] = f":{number.readline().strip()}"
-        self._manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        self._manager = subprocess.Popen(["openbox"], **quiet)
         managed = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]
         wait_for("a window manager", lambda: b"#" in subprocess.check_output(managed))
 

@@ -30,8 +30,8 @@ def overlap(a, b):
 
 
 class Frame(ProgramTest):
-    def start(self):
-        program = super().start()
+    def start(self, **how):
+        program = super().start(**how)
         program.find("frame", "Editor")
         return program
 
@@ -114,6 +114,18 @@ class Frame(ProgramTest):
         program.find("push button", "Cancelar")
         program.press("Escape")
         program.find("table cell", "99,000")
+
+    def test_on_a_magnified_screen_the_file_dialog_stays_on_it(self):
+        program = self.start(QT_SCALE_FACTOR="3")
+        program.press("F2")
+        for part in (program.find("push button", "Cancelar"), program.find("text", "Nombre de archivo:")):
+            box = place(part)
+            self.assertLessEqual(3 * (box.x + box.width), 1280)
+            self.assertLessEqual(3 * (box.y + box.height), 800)
+
+    def test_a_scale_below_one_is_no_scale(self):
+        program = self.start(QT_SCALE_FACTOR="0.5")
+        self.assertLessEqual(place(program.find("frame", "Cuadrado Latino")).width, 1280)
 
     def test_dialogs_speak_spanish(self):
         program = self.start()

@@ -224,7 +224,7 @@ def drive(caption):
 def driven(caption):
     command = [DRIVERS / "on_virtual_display", __file__, ON_DISPLAY, caption]
     run = subprocess.run(command, cwd=ROOT, stdout=subprocess.PIPE, check=True)
-    return json.loads(run.stdout)
+    return json.loads(run.stdout.splitlines()[-1])
 
 
 def main():

@@ -1,0 +1,238 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Languages and places: the tests under other locales, and a short day of the program where something that
+programs lean on is missing.
+
+    places.py [--corto [EXECUTABLE]]
+
+Prints its section of docs/fiabilidad.md; the short form visits the cheapest places only. The executable is
+that of build/dev; a test that names it is not remembered once it has changed.
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD = ROOT / "build" / "dev"
+EXECUTABLE = BUILD / "bin" / "cuadrado-latino"
+DRIVERS = ROOT / "tests" / "program"
+ON_DISPLAY = "--on-display"
+
+LOCALES = ("C", "es_ES", "es_MX", "de_DE", "tr_TR")
+STRANGER_ID = 65534  # nobody
+CHANGED = b" 7.0000000E+0000"
+
+
+def as_stranger():
+    """A command that starts a program as a user without a home of his own."""
+    ids = [f"--reuid={STRANGER_ID}", f"--regid={STRANGER_ID}", "--clear-groups"]
+    return ["setpriv", *ids] if os.getuid() == 0 else []
+
+
+class Place:
+    """Where the program lives a short day: variables that are set or, with None, missing."""
+
+    def __init__(self, caption, stranger=False, folder=None, **variables):
+        self.caption = caption
+        self.stranger = stranger
+        self.folder = folder  # the current one
+        self.variables = variables
+
+    def command(self):
+        missing = [name for name, value in self.variables.items() if value is None]
+        unset = [argument for name in missing for argument in ("-u", name)]
+        return ["env", *unset, *(as_stranger() if self.stranger else []), EXECUTABLE]
+
+    def environment(self):
+        given = {name: value for name, value in self.variables.items() if value is not None}
+        return {**os.environ, "LC_ALL": "es_ES.UTF-8", **given}
+
+
+def quick_places():
+    return [
+        Place("sin HOME", HOME=None),
+        Place("sin bus de mensajes ni XDG_RUNTIME_DIR", DBUS_SESSION_BUS_ADDRESS=None,
+              XDG_RUNTIME_DIR=None),
+        Place("LC_ALL=POSIX, sin UTF-8", LC_ALL="POSIX"),
+    ]  # fmt: skip
+
+
+def places(scratch):
+    read_only = scratch / "solo lectura"
+    read_only.mkdir(mode=0o555)
+    undecodable = os.path.join(os.fsencode(scratch), b"datos\xf1")
+    os.mkdir(undecodable)
+    return [
+        *quick_places(),
+        *(Place(f"{name}.UTF-8", LC_ALL=f"{name}.UTF-8") for name in LOCALES),
+        Place("sin ninguna variable de idioma", LC_ALL=None, LANG=None),
+        Place("un idioma que el sistema no tiene", LC_ALL="xx_YY.UTF-8"),
+        Place("HOME que no existe", HOME="/no/hay"),
+        Place("otro usuario, sin permiso sobre su HOME", stranger=True, HOME="/root"),
+        Place("carpeta actual de solo lectura", stranger=True, folder=read_only),
+        Place("carpeta actual cuyo nombre no es UTF-8", folder=undecodable),
+        Place("bus de mensajes que no responde", DBUS_SESSION_BUS_ADDRESS="unix:path=/no/hay"),
+        Place("escala 0,5", QT_SCALE_FACTOR="0.5"),
+        Place("escala 3", QT_SCALE_FACTOR="3"),
+    ]
+
+
+class Day:
+    """Types a number, saves, closes with a signal. The accessibility bus may be missing: titles of windows
+    and the file on the disk are what is looked at."""
+
+    def __init__(self, place, scratch):
+        from stranger import output, wait_for, xdotool  # of the drivers, which need a display
+
+        self._output, self._wait_for, self._xdotool = output, wait_for, xdotool
+        self._folder = pathlib.Path(tempfile.mkdtemp(dir=scratch))
+        self._folder.chmod(0o777)
+        self._process = subprocess.Popen(
+            place.command(), env=place.environment(), cwd=place.folder or self._folder,
+            stderr=subprocess.PIPE, text=True,
+        )
+
+    def _titles(self):
+        windows = self._output("xdotool", "search", "--onlyvisible", "--pid", self._process.pid)
+        return [self._output("xdotool", "getwindowname", window).strip() for window in windows.split()]
+
+    def _wait_for_title(self, title):
+        self._wait_for(f"the window {title}", lambda: title in self._titles())
+        time.sleep(1.0)  # until it has the keys
+
+    def live(self):
+        """What is wrong in the end; nothing where nothing is."""
+        path = self._folder / "parcela.asc"
+        try:
+            self._wait_for_title("Cuadrado Latino")
+            self._xdotool("key", "--delay", 100, "7", "Return", "F2")
+            self._wait_for_title("Guardar Archivo")
+            self._xdotool("type", "--delay", 20, path)
+            self._xdotool("key", "Return")
+            self._wait_for("the file", lambda: path.is_file() and CHANGED in path.read_bytes())
+            self._process.send_signal(signal.SIGTERM)
+            status = self._process.wait(timeout=15)
+            strays = [file.name for file in self._folder.iterdir() if file != path]
+            if status != 0 or strays:
+                return f"status {status}, strays {strays}"
+            return None
+        except (AssertionError, subprocess.TimeoutExpired) as error:
+            return str(error)
+        finally:
+            self._process.kill()
+            self._process.communicate()
+
+
+def undecodable_names(scratch):
+    """A relative name in a folder whose name the program cannot say: nothing is written anywhere, and the
+    user is told. @return what is wrong"""
+    from stranger import output, wait_for, xdotool
+
+    folder = os.path.join(os.fsencode(scratch), b"lote\xf1")
+    os.mkdir(folder)
+    alien = os.path.join(folder, b"viejo\xf1.asc")
+    shutil.copy(ROOT / "ejemplos" / "orden3.asc", alien)
+    before = everything_below(scratch)
+    program = subprocess.Popen([EXECUTABLE], cwd=folder, stderr=subprocess.DEVNULL)
+    shows = lambda title: output("xdotool", "search", "--onlyvisible", "--name", title)  # noqa: E731
+    try:
+        wait_for("the program", lambda: shows("^Cuadrado Latino$"))
+        time.sleep(1.0)
+        xdotool("key", "--delay", 100, "7", "Return", "F2")
+        wait_for("the dialog", lambda: shows("^Guardar Archivo$"))
+        time.sleep(1.0)
+        xdotool("type", "--delay", 20, "nuevo.asc")
+        xdotool("key", "Return")
+        wait_for("the error box", lambda: shows("^Editor$"))
+        return None if everything_below(scratch) == before else "a file was written"
+    except AssertionError as error:
+        return str(error)
+    finally:
+        program.kill()
+        program.wait()
+
+
+def everything_below(folder):
+    return {
+        os.path.join(root, name)
+        for root, _, names in os.walk(os.fsencode(folder))
+        for name in names
+    }
+
+
+def visit(short):
+    sys.path.insert(0, str(DRIVERS))
+    scratch = pathlib.Path(os.environ["CL_SCRATCH"])
+    for folder in (scratch, scratch.parent):
+        folder.chmod(0o755)
+    rows, faults = [], []
+    for place in quick_places() if short else places(scratch):
+        print(place.caption, file=sys.stderr, flush=True)
+        if fault := Day(place, scratch).live():
+            faults.append(f"{place.caption}: {fault}")
+        rows.append(f"| {place.caption} | {'¡no!' if fault else 'sí'} |")
+    if fault := undecodable_names(scratch):
+        faults.append(f"undecodable names: {fault}")
+    print("\n".join(rows))
+    if faults:
+        sys.exit("\n".join(faults))
+
+
+def tests_under(locale):
+    """How many tests passed, of how many, and which did not."""
+    print(f"tests under {locale}", file=sys.stderr, flush=True)
+    environment = {**os.environ, "LC_ALL": f"{locale}.UTF-8"}
+    environment.pop("CL_REMEMBER", None)
+    command = ["ctest", "-j", str(os.cpu_count()), "-E", "^(program|reliability|packaging)", "-LE", "lint"]
+    run = subprocess.run(
+        command, cwd=BUILD, env=environment, capture_output=True, text=True, check=False
+    )
+    failed = re.findall(r"\d+ - (\S+) \(", run.stdout)
+    total = int(re.search(r"tests failed out of (\d+)", run.stdout).group(1))
+    return total, failed
+
+
+def main(short):
+    visited = subprocess.run(
+        [DRIVERS / "on_virtual_display", __file__, ON_DISPLAY, *(["--corto"] if short else [])],
+        cwd=ROOT, stdout=subprocess.PIPE, text=True, check=False,
+    )
+    if short:
+        sys.exit(visited.returncode)
+    suites = {locale: tests_under(locale) for locale in LOCALES}
+    print("""\
+Las pruebas que no manejan el programa se corrieron bajo cada idioma, que cambia el signo decimal, el de los miles
+y, en turco, la mayúscula de la i:
+
+| idioma | pruebas | fallaron |
+|---|---:|---|""")
+    for locale, (total, failed) in suites.items():
+        print(f"| {locale}.UTF-8 | {total} | {', '.join(failed) or 'ninguna'} |")
+    print("""
+El programa mismo vivió un día corto en cada lugar: se escribió un dato, se guardó en un archivo, se miró el archivo y
+se terminó con SIGTERM, que sin nada por guardar da el estado 0.
+
+| lugar | guarda y termina |
+|---|---|""")
+    print(visited.stdout.strip())
+    print("""
+Nombres que no son UTF-8: un archivo así no aparece en los diálogos, de modo que no puede confundirse con otro; en
+una carpeta así, un nombre sin carpeta se rechaza con «La carpeta no existe.» y no se escribe nada en ningún sitio. El
+programa no toma archivos de la línea de órdenes.""")
+    bad = [f"{locale}: {failed}" for locale, (_, failed) in suites.items() if failed]
+    if visited.returncode != 0 or bad:
+        sys.exit("\n".join(bad) or "places: see above")
+
+
+if __name__ == "__main__":
+    if ON_DISPLAY in sys.argv:
+        visit("--corto" in sys.argv)
+    else:
+        main("--corto" in sys.argv)
