@@ -55,6 +55,7 @@ void widenFileList(QFileDialog& dialog)
     auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (list == nullptr)
         return;
+    list->header()->setMinimumSectionSize(character * 16);
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
