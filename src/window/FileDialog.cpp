@@ -69,7 +69,7 @@ void FileDialog::accept()
     const QString name = meantName();
     if (acceptMode() == AcceptOpen && isFile(pathOf(name))) {
         m_named = QDir::cleanPath(pathOf(name));
-        QDialog::accept();
+        done(Accepted);
         return;
     }
     if (name != edit->text())

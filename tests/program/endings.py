@@ -102,7 +102,7 @@ class Life:
 
     def maximised_analysis(self):
         self.new_editor()
-        self.program.press("alt+a", "n", "d")
+        self.program.click(self.program.find("push button", "Nuevo Análisis"))
         self.program.answer_file_dialog(SAMPLES / "propelente.asc")
         self.program.wait_for_focus("radio button «Clásico»")
         self.program.press("F9")
