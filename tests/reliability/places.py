@@ -131,8 +131,8 @@ class Day:
 
 
 def undecodable_names(scratch):
-    """A relative name in a folder whose name the program cannot say: nothing is written anywhere, and the
-    user is told. @return what is wrong"""
+    """A relative name in a folder whose name the program cannot say leads into that very folder, and to no
+    other file. @return what is wrong"""
     from stranger import output, wait_for, xdotool
 
     folder = os.path.join(os.fsencode(scratch), b"lote\xf1")
@@ -150,8 +150,9 @@ def undecodable_names(scratch):
         time.sleep(1.0)
         xdotool("type", "--delay", 20, "nuevo.asc")
         xdotool("key", "Return")
-        wait_for("the error box", lambda: shows("^Editor$"))
-        return None if everything_below(scratch) == before else "a file was written"
+        saved = os.path.join(folder, b"nuevo.asc")
+        wait_for("the file", lambda: os.path.isfile(saved) and CHANGED in open(saved, "rb").read())
+        return None if everything_below(scratch) - before == {saved} else "another file was written"
     except AssertionError as error:
         return str(error)
     finally:
@@ -224,7 +225,7 @@ se terminó con SIGTERM, que sin nada por guardar da el estado 0.
     print(visited.stdout.strip())
     print("""
 Nombres que no son UTF-8: un archivo así no aparece en los diálogos, de modo que no puede confundirse con otro; en
-una carpeta así, un nombre sin carpeta se rechaza con «La carpeta no existe.» y no se escribe nada en ningún sitio. El
+una carpeta así, un nombre sin carpeta se guarda en ella y en ningún otro sitio. El
 programa no toma archivos de la línea de órdenes.""")
     bad = [f"{locale}: {failed}" for locale, (_, failed) in suites.items() if failed]
     if visited.returncode != 0 or bad:
