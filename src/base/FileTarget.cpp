@@ -25,14 +25,16 @@ FileTarget split(const QByteArray& path)
     return {slash == 0 ? QByteArray("/.") : path.left(slash), path.mid(slash + 1), std::nullopt};
 }
 
-/// The path that a symbolic link leads to; empty for a link that is gone.
+/// The path that a symbolic link leads to; empty, with errno set, where it cannot be read.
 QByteArray followed(const FileTarget& link)
 {
     QByteArray text(PATH_MAX, '\0');
     const ssize_t length =
         readlink(link.path().constData(), text.data(), static_cast<std::size_t>(text.size()));
-    text.truncate(std::max<ssize_t>(length, 0));
-    return text.isEmpty() || text.startsWith('/') ? text : link.folder + '/' + text;
+    if (length < 0)
+        return {};
+    text.truncate(length);
+    return text.startsWith('/') ? text : link.folder + '/' + text;
 }
 
 bool isFolder(const QByteArray& path)
@@ -94,6 +96,8 @@ Outcome<FileTarget> findTarget(const QString& fileName)
         if (!S_ISLNK(status.st_mode))
             return existingFile(std::move(target), status);
         path = followed(target);
+        if (path.isEmpty())
+            return refused(errno);
     }
     return refused(ELOOP);
 }

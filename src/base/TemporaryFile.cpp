@@ -2,6 +2,7 @@
 #include "base/TemporaryFile.h"
 
 #include <QCryptographicHash>
+#include <QString>
 
 #include <atomic>
 #include <dirent.h>

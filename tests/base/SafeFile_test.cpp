@@ -119,6 +119,8 @@ TEST_F(SafeFile, WhatDoesNotReachTheDiskIsNotSaved)
             expectUntouched();
         }
     }
+    EXPECT_EQ(told("write", Fault::emptyWrite), reasons[0].second);
+    expectUntouched();
     EXPECT_EQ(base::writeFile(path("a.asc"), "después"), std::nullopt);
 }
 
@@ -237,6 +239,8 @@ TEST_F(SafeFile, ASymbolicLinkStaysAndItsTargetIsWritten)
     }
     EXPECT_EQ(QDir(path("datos")).entryList(QDir::Files | QDir::Hidden).size(), 1);
 
+    EXPECT_EQ(told("readlink", EACCES, "largo"),
+              QStringLiteral("No tiene permiso para escribir en la carpeta."));
     ASSERT_EQ(symlink("no/a.asc", QFile::encodeName(path("roto")).constData()), 0);
     EXPECT_EQ(base::writeFile(path("roto"), "x"), QStringLiteral("La carpeta no existe."));
     ASSERT_EQ(symlink("vueltas", QFile::encodeName(path("vueltas")).constData()), 0);

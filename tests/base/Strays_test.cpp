@@ -156,6 +156,12 @@ TEST_F(Strays, ATakenNameIsPassedOver)
         save("a.asc");
         EXPECT_EQ(strays(), QStringList());
     }
+    {
+        const Disk faulty(folder(), {1, EEXIST, Fault::ThatCall, "linkat"});
+        save("a.asc");
+    }
+    const Disk faulty(folder(), {1, EEXIST, Fault::ThatCall, "openat"});
+    EXPECT_TRUE(base::writeFile(path("a.asc"), "x").has_value()) << "not for ever";
 }
 
 TEST_F(Strays, AFolderThatCannotBeReadKeepsItsStrays)

@@ -105,8 +105,19 @@ extern "C" int open(const char* name, int flags, ...)
     return openAt(AT_FDCWD, name, flags, mode);
 }
 
-/// On a machine of 64 bits both are one.
+extern "C" int openat(int folder, const char* name, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeIn(flags, arguments);
+    va_end(arguments);
+    return openAt(folder, name, flags, mode);
+}
+
+// On a machine of 64 bits both are one.
 extern "C" int open64(const char* name, int flags, ...) __attribute__((alias("open")));
+extern "C" int openat64(int folder, const char* name, int flags, ...)
+    __attribute__((alias("openat")));
 
 extern "C" int fsync(int descriptor)
 {

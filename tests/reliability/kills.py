@@ -42,7 +42,10 @@ class Loop:
 
     def __init__(self, program, file, size, kind):
         self.process = subprocess.Popen(
-            [program, file, str(size), *kind], stdout=subprocess.PIPE, stderr=subprocess.PIPE
+            [program, file, str(size), *kind],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            bufsize=0,  # what is read ahead by readline() communicate() would not see
         )
 
     def run_and_kill(self, wait):

@@ -6,10 +6,13 @@
 #include "support/UserLocale.h"
 
 #include <QClipboard>
+#include <QFile>
 #include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
+
+#include <unistd.h>
 
 namespace {
 
@@ -89,6 +92,37 @@ TEST_F(Notices, ASaveIsToldUntilTheNextEdit)
     ASSERT_EQ(status(), greeting());
     press(Qt::Key_F2);
     EXPECT_EQ(status(), saved);
+}
+
+TEST_F(Notices, WhatASaveCouldNotKeepIsToldWithIt)
+{
+    const QString path = folder.filePath(QStringLiteral("lote.asc"));
+    const QString lost = QStringLiteral("Los otros nombres del archivo conservan lo anterior. ");
+    const QByteArray name = QFile::encodeName(path);
+    frame.NuevoArchivo1Click();
+    saveEditor();
+    ASSERT_EQ(link(name.constData(), (name + ".otro").constData()), 0);
+    enter(1, 1, "7");
+    press(Qt::Key_F2);
+    EXPECT_EQ(status(), lost + QStringLiteral("Guardado: ") + path);
+
+    ASSERT_EQ(link(name.constData(), (name + ".tercero").constData()), 0);
+    enter(1, 1, "8");
+    saveAndAnalyse();
+    EXPECT_EQ(children().size(), 1) << "the analysis alone";
+    EXPECT_EQ(status(), lost + QStringLiteral("Guardado: ") + path);
+    enter(1, 1, "9");
+    EXPECT_FALSE(status().contains(lost));
+
+    const QString report = folder.filePath(QStringLiteral("reporte.txt"));
+    for (const QString& told : {QString(), lost}) {
+        dialogs.saveAnswers.push_back(report);
+        entry({QStringLiteral("Aná&lisis"), QStringLiteral("&Exportar...")})->trigger();
+        EXPECT_EQ(status(), told + QStringLiteral("Exportado: ") + report);
+        const QByteArray other = QFile::encodeName(report) + ".otro";
+        unlink(other.constData());
+        ASSERT_EQ(link(QFile::encodeName(report).constData(), other.constData()), 0);
+    }
 }
 
 TEST_F(Notices, ASaveThatFailedOrWasGivenUpIsNotTold)

@@ -8,8 +8,8 @@
 /// functions stand before the C library's.
 ///
 /// Counted, and made to fail, are the calls that concern files of one folder: open, openat, lstat,
-/// fstatat, faccessat, llistxattr, lgetxattr, fgetxattr, flock, fchown, fchmod, fremovexattr,
-/// fsetxattr, write, lseek, fsync, dup, close, linkat, renameat, unlinkat.
+/// readlink, fstatat, faccessat, llistxattr, lgetxattr, fgetxattr, flock, fchown, fchmod,
+/// fremovexattr, fsetxattr, write, lseek, fsync, dup, close, linkat, renameat, unlinkat.
 namespace failing {
 
 struct Fault {
@@ -18,7 +18,8 @@ struct Fault {
         ThatCall,   ///< From then on all calls of that name fail.
         Everything, ///< From then on all calls fail.
     };
-    static constexpr int shortWrite = 0; ///< As an error: half of the bytes are written.
+    static constexpr int shortWrite = 0;  ///< As an error: half of the bytes are written.
+    static constexpr int emptyWrite = -1; ///< As an error: none of the bytes, without an error.
 
     int first = 1; ///< Which call fails, or begins to: 1 is the first.
     int error = 0;

@@ -23,7 +23,6 @@ protected:
 
     SevenSaves()
     {
-        QTRY_VERIFY_WITH_TIMEOUT(QTest::qWaitForWindowExposed(&frame), 5000);
         openEditor();
         dialogs.openAnswers.push_back(sample("orden3.asc"));
         frame.AnlisisdeDatos1Click();
