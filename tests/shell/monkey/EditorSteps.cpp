@@ -43,7 +43,7 @@ Monkey::Told Monkey::typePrefix(Random& random)
     if (oneIn(random, 5))
         press(Qt::Key_Backspace);
     else
-        m_hands.type(letter);
+        type(letter);
     aim(*window, [this](Window& aimed) { m_account.learnPrefixes(aimed); });
     return QStringLiteral("change the names of the %1 of %2")
         .arg(isOfRows ? QStringLiteral("rows") : QStringLiteral("columns"), window->name());

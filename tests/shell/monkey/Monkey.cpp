@@ -187,6 +187,13 @@ void Monkey::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     m_hands.press(key, modifiers);
 }
 
+void Monkey::type(const QString& text)
+{
+    if (QApplication::activeWindow() == nullptr)
+        comeBack();
+    m_hands.type(text);
+}
+
 QPoint Monkey::cellPoint(const grid::TNTabEd& grid, int column, int row) const
 {
     const QRect cell = grid.visualRect(grid.model()->index(row - 1, column - 1));
