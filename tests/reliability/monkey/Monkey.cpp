@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include <QApplication>
 #include <QItemSelectionModel>

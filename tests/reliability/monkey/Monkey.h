@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "shell/monkey/Account.h"
-#include "shell/monkey/Folder.h"
-#include "shell/monkey/RandomDialogs.h"
+#include "reliability/monkey/Account.h"
+#include "reliability/monkey/Folder.h"
+#include "reliability/monkey/RandomDialogs.h"
 
 #include "shell/walk/FrameHands.h"
 

@@ -6,8 +6,8 @@
 //
 // It tells each step on the standard output before and after it is taken, a line that begins with
 // its number, and ends with 1 where something is lost, with 3 where a step does not end.
+#include "reliability/monkey/Monkey.h"
 #include "shell/Application.h"
-#include "shell/monkey/Monkey.h"
 
 #include <gtest/gtest.h>
 

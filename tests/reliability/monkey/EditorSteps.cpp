@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is done to a square around its cells, and its files.
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include "controls/UpDown.h"
 
