@@ -20,8 +20,8 @@ ChildPlace::ChildPlace(QWidget* child)
     });
 }
 
-/// The focus moves once more where a menu of the child goes with it, and then there is no place left
-/// to be told.
+/// The focus moves once more where a menu of the child goes with it, and then there is no place
+/// left to be told.
 ChildPlace::~ChildPlace()
 {
     qApp->disconnect(this);

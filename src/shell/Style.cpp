@@ -96,11 +96,19 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
     return QProxyStyle::sizeFromContents(type, option, contents + margin, widget);
 }
 
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const
+{
+    const DrawnAlike alike(option, m_palettes);
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
 /// Outlines are drawn in a darker shade of the window's colour, which is darker still where the
 /// window is dark.
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const
 {
+    const DrawnAlike alike(option, m_palettes);
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element != PE_IndicatorRadioButton || button == nullptr || !isDark(option->palette)) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -116,6 +124,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                QPainter* painter, const QWidget* widget) const
 {
+    const DrawnAlike alike(option, m_palettes);
     const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
     const bool isBlackOnDark = control == CC_TitleBar && bar != nullptr &&
                                (bar->titleBarState & State_Active) == 0 && isDark(option->palette);

@@ -3,7 +3,30 @@
 
 #include "window/Icons.h"
 
+#include <QShortcutEvent>
+
 namespace window {
+
+namespace {
+
+/// A button whose key does at once what a click does. Qt's own is first shown pressed for a tenth
+/// of a second, and then acts in the middle of what its user has begun to type.
+class CommandButton : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::Shortcut ||
+            static_cast<const QShortcutEvent*>(event)->isAmbiguous())
+            return QToolButton::event(event);
+        click();
+        return true;
+    }
+};
+
+} // namespace
 
 QAction* addEntry(QMenu& menu, const Command& command)
 {
@@ -16,7 +39,7 @@ QAction* addEntry(QMenu& menu, const Command& command)
 
 QToolButton* createButton(const Command& command, QWidget* parent)
 {
-    auto* button = new QToolButton(parent);
+    auto* button = new CommandButton(parent);
     button->setObjectName(command.name);
     button->setText(command.text);
     button->setAccessibleName(command.text);

@@ -130,7 +130,7 @@ def main(arguments: list[str]) -> int:
 
     def look(seed: str) -> Walk:
         walk = run(program, [seed, str(seconds)])
-        print(f"   seed {seed}: {len(walk.steps)} steps", file=sys.stderr, flush=True)
+        print(f"   seed {seed}: {len(walk.steps)} steps {walk.kind}", file=sys.stderr, flush=True)
         if walk.kind:
             shortest = shrink(program, walk, SHORT_SHRINKING_SECONDS if is_short else SHRINKING_SECONDS)
             print(report(seed, walk, shortest), file=sys.stderr, flush=True)

@@ -11,8 +11,11 @@
 #include <QDialogButtonBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
 #include <QStyleOptionTitleBar>
 
 namespace {
@@ -48,7 +51,59 @@ protected:
     const QPalette before;
 };
 
+/// A desktop's style that notes down with which palettes it draws.
+class NotingStyle : public QProxyStyle {
+public:
+    explicit NotingStyle(QSet<qint64>& palettes)
+        : QProxyStyle(QStringLiteral("fusion"))
+        , m_palettes(palettes)
+    {
+    }
+    void drawControl(ControlElement, const QStyleOption* option, QPainter*,
+                     const QWidget*) const override
+    {
+        m_palettes.insert(option->palette.cacheKey());
+    }
+    void drawComplexControl(ComplexControl, const QStyleOptionComplex* option, QPainter*,
+                            const QWidget*) const override
+    {
+        m_palettes.insert(option->palette.cacheKey());
+    }
+
+private:
+    QSet<qint64>& m_palettes;
+};
+
 } // namespace
+
+// Qt keeps what it has drawn by the identity of the palette.
+TEST(Style, DrawsWhatIsAlikeWithOnePalette)
+{
+    QSet<qint64> palettes;
+    const shell::Style style(new NotingStyle(palettes));
+    QPixmap paper(10, 10);
+    QPainter painter(&paper);
+    const auto draw = [&](const QColor& color) {
+        QStyleOptionHeader header;
+        header.palette = QPalette(color);
+        const qint64 own = header.palette.cacheKey();
+        style.drawControl(QStyle::CE_HeaderSection, &header, &painter);
+        EXPECT_EQ(header.palette.cacheKey(), own);
+        QStyleOptionSlider bar;
+        bar.palette = QPalette(color);
+        style.drawComplexControl(QStyle::CC_ScrollBar, &bar, &painter);
+    };
+    for (int window = 0; window < 3; ++window)
+        draw(Qt::white);
+    EXPECT_EQ(palettes.size(), 1);
+    draw(darkGround);
+    EXPECT_EQ(palettes.size(), 2);
+    for (int color = 0; color < 300; ++color) // more than are remembered
+        draw(QColor::fromHsv(color, 200, 200));
+    const auto before = palettes.size();
+    draw(QColor::fromHsv(299, 200, 200));
+    EXPECT_EQ(palettes.size(), before);
+}
 
 TEST_F(DarkStyle, ARadioButtonThatIsNotChosenIsSeen)
 {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "grid/view/NTabEd.h"
-#include "shell/monkey/Folder.h"
-#include "shell/monkey/RandomDialogs.h"
-#include "shell/monkey/SquareMemory.h"
+#include "reliability/monkey/Folder.h"
+#include "reliability/monkey/RandomDialogs.h"
+#include "reliability/monkey/SquareMemory.h"
 #include "window/ChildWindow.h"
 
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include <QApplication>
 #include <QItemSelectionModel>
@@ -185,6 +185,13 @@ void Monkey::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     if (QApplication::activeWindow() == nullptr)
         comeBack();
     m_hands.press(key, modifiers);
+}
+
+void Monkey::type(const QString& text)
+{
+    if (QApplication::activeWindow() == nullptr)
+        comeBack();
+    m_hands.type(text);
 }
 
 QPoint Monkey::cellPoint(const grid::TNTabEd& grid, int column, int row) const

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "shell/monkey/Account.h"
-#include "shell/monkey/Folder.h"
-#include "shell/monkey/RandomDialogs.h"
+#include "reliability/monkey/Account.h"
+#include "reliability/monkey/Folder.h"
+#include "reliability/monkey/RandomDialogs.h"
 
 #include "shell/walk/FrameHands.h"
 
@@ -94,6 +94,7 @@ private:
     QRect rangeOf(const grid::TNTabEd& grid, int scope) const;
     void comeBack();
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
     bool canClickCell(const grid::TNTabEd& grid, int column, int row) const;
     QPoint cellPoint(const grid::TNTabEd& grid, int column, int row) const;
     /// An entry of the menu of the cells, or of that of the names.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/Account.h"
+#include "reliability/monkey/Account.h"
 
 #include "analysis/Frmanalisis.h"
 #include "base/NumberText.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "shell/monkey/Folder.h"
+#include "reliability/monkey/Folder.h"
 #include "window/ChildWindow.h"
 #include "window/QtDialogs.h"
 

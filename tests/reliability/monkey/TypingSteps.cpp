@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Typing numbers, and where the cursor goes.
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include <QTest>
 
@@ -20,7 +20,7 @@ Monkey::Told Monkey::typeCharacter(Random& random)
     if (window == nullptr)
         return std::nullopt;
     const QChar character = QStringLiteral("0123456789,.-e")[below(random, 14)];
-    m_hands.type(character);
+    type(character);
     return QStringLiteral("type «%1» in %2").arg(character).arg(window->name());
 }
 
@@ -33,7 +33,7 @@ Monkey::Told Monkey::typeNumber(Random& random)
     const QString text =
         isOdd ? QString::fromLatin1(texts[below(random, static_cast<int>(std::size(texts)))])
               : QString::number(below(random, 100'000) / 8.0);
-    m_hands.type(text);
+    type(text);
     return QStringLiteral("type «%1» in %2").arg(text, window->name());
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is done to a square around its cells, and its files.
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include "controls/UpDown.h"
 
@@ -43,7 +43,7 @@ Monkey::Told Monkey::typePrefix(Random& random)
     if (oneIn(random, 5))
         press(Qt::Key_Backspace);
     else
-        m_hands.type(letter);
+        type(letter);
     aim(*window, [this](Window& aimed) { m_account.learnPrefixes(aimed); });
     return QStringLiteral("change the names of the %1 of %2")
         .arg(isOfRows ? QStringLiteral("rows") : QStringLiteral("columns"), window->name());

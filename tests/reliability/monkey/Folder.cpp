@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/Folder.h"
+#include "reliability/monkey/Folder.h"
 
 #include <QDirIterator>
 #include <QFile>

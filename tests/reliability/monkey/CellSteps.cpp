@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is done to cells by keys and by the menus of the grid.
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What steps do to a square. What cannot be foretold is learnt from the window, as far as no
 // observation can be lost in it.
-#include "shell/monkey/Account.h"
+#include "reliability/monkey/Account.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/Table.h"
+#include "reliability/monkey/Table.h"
 
 #include <QLocale>
 #include <QRegularExpression>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/RandomDialogs.h"
+#include "reliability/monkey/RandomDialogs.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "shell/monkey/Table.h"
+#include "reliability/monkey/Table.h"
 
 #include <functional>
 #include <vector>

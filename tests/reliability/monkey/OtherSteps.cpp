@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tests, graphs and studies, and hands that go anywhere.
-#include "shell/monkey/Monkey.h"
+#include "reliability/monkey/Monkey.h"
 
 #include "distribution/Frmgraf.h"
 #include "power/window/Frmpotencia.h"

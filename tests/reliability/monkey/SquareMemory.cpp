@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/monkey/SquareMemory.h"
+#include "reliability/monkey/SquareMemory.h"
 
 #include <utility>
 
