@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QThread>
 
 #include <algorithm>
 #include <cerrno>
@@ -316,8 +317,13 @@ TEST_F(SafeFile, AFileWithoutASizeIsReadUpToOneMebibyte)
         QProcess shell;
         shell.start(QStringLiteral("/bin/sh"), words);
         EXPECT_TRUE(shell.waitForStarted());
-        const auto contents =
-            base::readLimited(QStringLiteral("/proc/%1/cmdline").arg(shell.processId()));
+        const QString name = QStringLiteral("/proc/%1/cmdline").arg(shell.processId());
+        auto contents = base::readLimited(name);
+        // For a moment after its start a program has no words yet.
+        for (int tries = 0; tries < 1000 && contents.value && contents.value->isEmpty(); ++tries) {
+            QThread::msleep(10);
+            contents = base::readLimited(name);
+        }
         shell.closeWriteChannel();
         EXPECT_TRUE(shell.waitForFinished());
         return contents;
