@@ -20,8 +20,8 @@ struct OtherTable {
 
 } // namespace
 
-/// One step: how it is taken and how it is taken back. Both may be called where they have nothing to
-/// do any more, and where one throws, the other has put everything back.
+/// One step: how it is taken and how it is taken back. Both may be called where they have nothing
+/// to do any more, and where one throws, the other has put everything back.
 class EditHistory::Command : public QUndoCommand {
 public:
     Command(const Change& change, std::function<void()> forth, std::function<void()> back)

@@ -44,7 +44,8 @@ public:
     void setShape(const TableShape& shape);
     /// Swaps the whole table.
     void exchange(TableData& other);
-    /// The same; `exchanged` becomes its opposite with the swap, after which a view may still throw.
+    /// The same; `exchanged` becomes its opposite with the swap, after which a view may still
+    /// throw.
     void exchange(TableData& other, bool& exchanged);
 
     void setValue(int column, int row, double value);

@@ -19,8 +19,8 @@ namespace {
 std::optional<ObservationDecimal> shortDecimal(double observation)
 {
     constexpr std::int64_t mostUnits = 1'000'000'000'000'000;
-    // Powers of ten that are doubles, so that the product is within half a unit of the right one and
-    // the quotient is the double next to the decimal.
+    // Powers of ten that are doubles, so that the product is within half a unit of the right one
+    // and the quotient is the double next to the decimal.
     static constexpr std::array<double, 23> powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
@@ -28,20 +28,20 @@ std::optional<ObservationDecimal> shortDecimal(double observation)
     if (!(size >= 1e-7 && size < 1e15))
         return std::nullopt;
     std::size_t decimals = 0;
-    for (const std::size_t step : {std::size_t{16}, std::size_t{8}, std::size_t{4}, std::size_t{2},
-                                   std::size_t{1}}) {
+    for (const std::size_t step :
+         {std::size_t{16}, std::size_t{8}, std::size_t{4}, std::size_t{2}, std::size_t{1}}) {
         if (decimals + step < powers.size() &&
             size * powers[decimals + step] < static_cast<double>(mostUnits))
             decimals += step;
     }
     std::int64_t units = std::llround(observation * powers[decimals]);
-    if (std::abs(units) >= mostUnits || static_cast<double>(units) / powers[decimals] != observation)
+    if (std::abs(units) >= mostUnits ||
+        static_cast<double>(units) / powers[decimals] != observation)
         return std::nullopt;
     int exponent = -static_cast<int>(decimals);
-    for (const auto& [divisor, zeros] : {std::pair(std::int64_t{100'000'000}, 8),
-                                         std::pair(std::int64_t{10'000}, 4),
-                                         std::pair(std::int64_t{100}, 2),
-                                         std::pair(std::int64_t{10}, 1)}) {
+    for (const auto& [divisor, zeros] :
+         {std::pair(std::int64_t{100'000'000}, 8), std::pair(std::int64_t{10'000}, 4),
+          std::pair(std::int64_t{100}, 2), std::pair(std::int64_t{10}, 1)}) {
         if (units % divisor == 0) {
             units /= divisor;
             exponent += zeros;

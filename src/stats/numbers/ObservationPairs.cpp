@@ -47,8 +47,8 @@ std::vector<DigitCounts> countsOf(std::span<const ObservationPair> pairs)
 }
 
 /// Sorts by one digit after the other, the lowest first; equal ones keep their order (D. E. Knuth,
-/// The Art of Computer Programming 3, 5.2.5, algorithm R, with counting). A digit in which all agree
-/// costs nothing.
+/// The Art of Computer Programming 3, 5.2.5, algorithm R, with counting). A digit in which all
+/// agree costs nothing.
 void sortByDigits(std::span<ObservationPair> pairs)
 {
     std::vector<DigitCounts> counts = countsOf(pairs);
