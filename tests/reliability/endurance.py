@@ -68,7 +68,7 @@ def decimal(number: float, digits: int) -> str:
 
 def table(left: list[Left], warming: int) -> str:
     chosen = [one for one in left if one.cycle in (1, 10) or one.cycle % warming == 0]
-    lines = ["| Ciclo | Memoria pedida, MB | Memoria propia (PSS), MB | Ventanas y controles | Archivos abiertos |",
+    lines = ["| Ciclo | Memoria pedida, MB | Memoria con su parte de las bibliotecas (PSS), MB | Ventanas y controles | Archivos abiertos |",
              "|---:|---:|---:|---:|---:|"]
     lines += [
         f"| {one.cycle} | {decimal(one.heap / 1e6, 3)} | {decimal(one.own * 1024 / 1e6, 1)} | {one.widgets} "
@@ -95,8 +95,8 @@ def main(arguments: list[str]) -> int:
     print(
         f"En un solo proceso, {cycles} veces: abrir un cuadrado, corregir una observación, deshacer y rehacer, guardar "
         "y analizar con las cinco pruebas, ver una distribución exacta, correr un estudio de potencia y cerrarlo todo. "
-        "Tras cada ciclo se cuenta lo que queda: la memoria pedida y sin devolver, la propia del proceso según el "
-        "sistema, las ventanas con sus controles y los archivos abiertos. Los dos últimos números fueron los mismos "
+        "Tras cada ciclo se cuenta lo que queda: la memoria pedida y sin devolver, la del proceso según el "
+        "sistema (que reparte las bibliotecas entre los programas que las usan y crece cuando otros terminan), las ventanas con sus controles y los archivos abiertos. Los dos últimos números fueron los mismos "
         f"tras todos los ciclos. Desde el ciclo {warming} la memoria pedida cambió {decimal(grown / 1e3, 1)} kB por cada "
         "100 ciclos; el límite es 1 MB."
     )
