@@ -133,12 +133,11 @@ void TAnalisis::SpeedButton1Click()
         const QString text = report.lines.join(QLatin1Char('\n'));
         m_report->setPlainText(text);
         // Short of memory the toolkit may lose the text without a word, here and on the way.
-        if (text.isEmpty() || m_report->toPlainText() != text) {
-            m_report->clear();
+        if (text.isEmpty() || m_report->toPlainText() != text)
             throw std::bad_alloc();
-        }
         m_reported = std::move(asked);
     } catch (const std::exception& failure) {
+        m_report->clear(); // the toolkit may have taken the text before it ran out of memory
         emit statusText(invitation());
         dialogs().showError(this, failureText(failure), plainCaption());
         return;

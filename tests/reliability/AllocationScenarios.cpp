@@ -324,9 +324,10 @@ public:
         damage = "there is no report any more";
         if (report() != m_report)
             return Outcome::Damaged;
-        damage = "nobody was told";
+        damage = "the report is there, and yet said not to be";
         if (told)
             return now.isEmpty() ? Outcome::Told : Outcome::Damaged;
+        damage = "nobody was told";
         if (thrown)
             return Outcome::Thrown;
         return now == m_report ? Outcome::Unaffected : Outcome::Damaged;
