@@ -23,7 +23,8 @@ CALLS = (
 )
 
 CALL = re.compile(r"^(?:\d+ +)?(\w+)\((.*)\) += (-?\d+)")
-NAME = re.compile(r'"((?:[^"\\]|\\.)*)"')
+# A name, and the folder that it is told from, as strace shows descriptors.
+NAME = re.compile(r'(?:(?:\d+|AT_FDCWD)<([^>]*)>, )?"((?:[^"\\]|\\.)*)"')
 FOR_WRITING = re.compile(r"O_WRONLY|O_RDWR|O_CREAT|O_TRUNC|O_TMPFILE")
 
 # The desktop's own machinery, written to by its libraries: no file of the user's and none that stays.
@@ -35,6 +36,10 @@ def calls(trace):
     for line in trace.read_text(errors="replace").splitlines():
         if match := CALL.match(line):
             yield match[1], match[2], int(match[3])
+
+
+def names(arguments):
+    return [os.path.normpath(os.path.join(folder, name)) for folder, name in NAME.findall(arguments)]
 
 
 def changes_files(call, arguments):
@@ -88,15 +93,16 @@ class Files(ProgramTest):
         return named
 
     def stray_writes(self, trace, named):
-        """The calls that touched what nobody named. A file is written without a name in its folder,
-        is given one beside the named file, "name.XXXXXX", and is then renamed onto that.
+        """The calls that touched what nobody named. A file is written without a name in its folder, is
+        given a hidden one there that says whose it is, and is then renamed onto the named file.
         """
         folders = {str(file.parent) for file in named}
-        own = re.compile("|".join(re.escape(str(file)) + r"(\.\w{6})?" for file in named))
+        hidden = [re.escape(folder) + r"/\.cuadrado-latino-\w+-\d+-\d+" for folder in folders]
+        own = re.compile("|".join([re.escape(str(file)) for file in named] + hidden))
         for call, arguments, result in calls(trace):
             if call == "socket" or result < 0 or not changes_files(call, arguments):
                 continue
-            for name in NAME.findall(arguments):
+            for name in names(arguments):
                 nameless = "O_TMPFILE" in arguments and name in folders
                 if not nameless and not own.fullmatch(name) and not MACHINERY.match(name):
                     yield f"{call}({arguments})"
@@ -105,7 +111,7 @@ class Files(ProgramTest):
         folder = SCRATCH / "sesion"
         folder.mkdir()
         trace = SCRATCH / "llamadas.txt"
-        tracer = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-e", f"trace={CALLS}", "-s", "400", "-o", str(trace)]
+        tracer = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-y", "-e", f"trace={CALLS}", "-s", "400", "-o", str(trace)]
         program = self.start(under=tracer)
         named = self.whole_session(program, folder)
 
@@ -115,7 +121,7 @@ class Files(ProgramTest):
 
         made = list(calls(trace))
         for file in named[1:]:
-            self.assertTrue(any(str(file) in arguments for _, arguments, _ in made), file)
+            self.assertTrue(any(str(file) in names(arguments) for _, arguments, _ in made), file)
         families = {arguments.split(",")[0] for call, arguments, _ in made if call == "socket"}
         self.assertEqual(families, {"AF_UNIX"})
 

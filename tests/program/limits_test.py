@@ -77,7 +77,7 @@ class Limits(ProgramTest):
         many = self.file_of("filas de 100 MB", ("12,5\t7\t8\n" for _ in range(10_000_000)))
         self.check_clipboard(many, self.paste, "ocupan 3 columnas y 10000000 filas")
         one = self.file_of("un campo de 100 MB", ("7" * MEGABYTE for _ in range(100)))
-        self.check_clipboard(one, self.paste, "tiene más de 2000 caracteres")
+        self.check_clipboard(one, self.paste, "es demasiado grande")
 
     def test_a_file_without_a_size_is_not_read_for_ever(self):
         program = self.start()

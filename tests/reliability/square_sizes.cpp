@@ -41,7 +41,8 @@ void timed(const char* name, const Step& step)
     const double began = processorSeconds();
     const QString told = step();
     QApplication::processEvents();
-    std::printf("%s\t%.2f\t%s\n", name, processorSeconds() - began, told.toUtf8().constData());
+    const QByteArray seconds = QByteArray::number(processorSeconds() - began, 'f', 2);
+    std::printf("%s\t%s\t%s\n", name, seconds.constData(), told.toUtf8().constData());
     std::fflush(stdout);
 }
 
