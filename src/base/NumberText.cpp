@@ -232,18 +232,18 @@ std::optional<double> readPlainNumber(std::string_view text)
 Outcome<double> readTypedNumber(QStringView text)
 {
     using Number = Outcome<double>;
-    const QString trimmed = text.trimmed().toString();
+    const QStringView trimmed = text.trimmed();
     if (trimmed.isEmpty())
         return Number::refused(QStringLiteral("Falta el número."));
     const QString shown = base::shortened(trimmed);
-    const QString plain = QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.'));
-    if (plain.count(QLatin1Char('.')) > 1) {
+    const QByteArray plain = trimmed.toUtf8().replace(',', '.');
+    if (plain.count('.') > 1) {
         return Number::refused(
             QStringLiteral("«%1» tiene más de un separador decimal. Escriba el número sin "
                            "separador de miles y con una sola coma o un solo punto.")
                 .arg(shown));
     }
-    const std::optional<double> value = numberOrInfinity(plain.toStdString());
+    const std::optional<double> value = numberOrInfinity(std::string_view(plain));
     if (!value)
         return Number::refused(QStringLiteral("«%1» no es un número.").arg(shown));
     if (std::isinf(*value))
