@@ -52,12 +52,14 @@ def present_sections():
     return {part.splitlines()[0]: part.strip() for part in parts}
 
 
+def git(*arguments):
+    run = subprocess.run(["git", "-C", ROOT, *arguments], capture_output=True, text=True, check=True)
+    return run.stdout.strip()
+
+
 def commit():
-    described = subprocess.run(
-        ["git", "-C", ROOT, "describe", "--always", "--dirty", "--exclude", "*"],
-        capture_output=True, text=True, check=True,
-    )
-    return described.stdout.strip().replace("-dirty", " con cambios")
+    changed = git("status", "--porcelain", "--", ".", f":!{RECORD.relative_to(ROOT)}")
+    return git("rev-parse", "--short", "HEAD") + (" con cambios" if changed else "")
 
 
 def made_again(section):
