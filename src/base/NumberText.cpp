@@ -236,14 +236,14 @@ Outcome<double> readTypedNumber(QStringView text)
     if (trimmed.isEmpty())
         return Number::refused(QStringLiteral("Falta el número."));
     const QString shown = base::shortened(trimmed);
-    const QByteArray plain = trimmed.toUtf8().replace(',', '.');
-    if (plain.count('.') > 1) {
+    const std::string plain = trimmed.toUtf8().replace(',', '.').toStdString();
+    if (std::count(plain.begin(), plain.end(), '.') > 1) {
         return Number::refused(
             QStringLiteral("«%1» tiene más de un separador decimal. Escriba el número sin "
                            "separador de miles y con una sola coma o un solo punto.")
                 .arg(shown));
     }
-    const std::optional<double> value = numberOrInfinity(std::string_view(plain));
+    const std::optional<double> value = numberOrInfinity(plain);
     if (!value)
         return Number::refused(QStringLiteral("«%1» no es un número.").arg(shown));
     if (std::isinf(*value))

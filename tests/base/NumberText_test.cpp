@@ -212,6 +212,13 @@ TEST_F(NumberText, AnythingElseIsRefusedWithAReason)
             << typed;
 }
 
+TEST_F(NumberText, NothingIsLeftOutBehindACharacterOfCodeZero)
+{
+    const QString typed = text("5") + QChar(0) + text("7");
+    EXPECT_FALSE(base::readTypedNumber(typed).value);
+    EXPECT_FALSE(base::readTypedNumber(typed.left(2)).value);
+}
+
 TEST_F(NumberText, ALongTextIsJudgedWholeAndQuotedByItsBeginning)
 {
     const auto reason = [](const QString& typed) { return base::readTypedNumber(typed).reason; };
