@@ -107,6 +107,22 @@ TEST(CellBox, GrowsOfWhatWasSetSoFar)
     EXPECT_EQ(box.grownTo(2, 7).at(3, 3), 33);
 }
 
+TEST(CellBox, OutsideOfItThereIsNothing)
+{
+    CellBox<int> box(3, 3);
+    box.reserve(3, 3);
+    box.set(3, 1, 31);
+    box.set(0, 2, -1); // the cell before (1, 2) is (3, 1)
+    EXPECT_EQ(box.at(3, 1), 31);
+    EXPECT_EQ(box.at(0, 2), 0);
+    box.set(1, 4, 14);
+    EXPECT_EQ(box.at(1, 4), 0);
+    box.set(1, 0, 10);
+    EXPECT_EQ(box.at(1, 0), 0);
+    box.set(4, 1, 41);
+    EXPECT_EQ(box.at(1, 2), 0);
+}
+
 TEST(CellBox, LetsGoOfWhatCannotBeKeptInStore)
 {
     CellBox<char> box(2, 8'000'000);

@@ -12,6 +12,7 @@ import os
 import pathlib
 import random
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -54,8 +55,8 @@ class Loop:
         time.sleep(wait)
         self.process.kill()
         rest, error = self.process.communicate()
-        if error:
-            sys.exit(f"saving_loop: {error.decode()}")
+        if error or self.process.returncode != -signal.SIGKILL:
+            sys.exit(f"saving_loop ended with {self.process.returncode}: {error.decode()}")
         numbers = (first + rest).decode().splitlines(keepends=True)
         return int([line for line in numbers if line.endswith("\n")][-1])
 

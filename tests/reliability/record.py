@@ -36,7 +36,7 @@ INTRODUCTION = """# Fiabilidad
 
 Qué aguanta Cuadrado Latino, con cifras. Este documento lo escribe `./test --largo`, que instala lo que
 falta, compila y corre cada sección; `./test --largo` con los nombres de algunas rehace solo esas, y cada una dice
-cuándo se hizo y con qué estado del código. `./test` corre una forma breve de cada una.
+cuándo se hizo y con qué estado del código. `./test` corre una forma breve de casi todas.
 """
 
 
@@ -65,13 +65,14 @@ def commit():
 def made_again(section):
     print(f"== {SECTIONS[section]} ({section})", file=sys.stderr, flush=True)
     began = time.monotonic()
+    code = commit()
     script = pathlib.Path(__file__).with_name(f"{section}.py")
     run = subprocess.run(["python3", script], cwd=ROOT, stdout=subprocess.PIPE, text=True, check=False)
     minutes = max(1, round((time.monotonic() - began) / 60))
     if run.returncode != 0:
         sys.exit(f"{section}: se encontró algo; el documento queda como estaba")
     return (
-        f"{heading(section)}\n\n{datetime.date.today()}, código {commit()}, "
+        f"{heading(section)}\n\n{datetime.date.today()}, código {code}, "
         f"`./test --largo {section}`, {minutes} min.\n\n{run.stdout.strip()}"
     )
 
