@@ -124,6 +124,16 @@ TEST(Matrix, SumsColumnByColumn)
     EXPECT_EQ(matrix.SumOfRegion(1, 1, 2, 2), 1e16);
 }
 
+TEST(Matrix, ItsSettingsTravelWithIt)
+{
+    TMatrix from = TMatrix::Create(2, 2);
+    from.Precision = 7;
+    from.Setting = 3;
+    const TMatrix to = std::move(from);
+    EXPECT_EQ(to.Precision, 7);
+    EXPECT_EQ(to.Setting, 3);
+}
+
 TEST(Matrix, MovedFromHasNoElements)
 {
     TMatrix from = numbered();
