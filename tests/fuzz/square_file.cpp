@@ -52,6 +52,19 @@ void checkValues(const record::SquareData& read, const record::SquareData& writt
     require(rounded == !same, "what is rounded is told");
 }
 
+/// Neighbours among the subnormal numbers may be further apart than a unit of the last digit that
+/// is written, and then what is written changes once more: 1.00E-0321 is read as 9.98E-0322.
+bool hasSubnormals(const record::SquareData& square)
+{
+    for (int row = 1; row <= square.NrOfRows(); ++row) {
+        for (int column = 1; column <= square.NrOfColumns(); ++column) {
+            if (std::fpclassify(square.value(column, row)) == FP_SUBNORMAL)
+                return true;
+        }
+    }
+    return false;
+}
+
 /// Saves a square and loads it.
 void checkSave(const record::SquareData& square, int digits)
 {
@@ -73,7 +86,8 @@ void checkSave(const record::SquareData& square, int digits)
         sameNames &= checkName(read.data->rowName(row), encoded.rowNames[row - 1],
                                record::defaultRowName(row));
     checkValues(*read.data, square, encoded.rounded, digits);
-    require(!sameNames || square::encode(*read.data, fileName, digits).bytes == encoded.bytes,
+    require(!sameNames || hasSubnormals(*read.data) ||
+                square::encode(*read.data, fileName, digits).bytes == encoded.bytes,
             "what was loaded is saved as the same bytes");
 }
 

@@ -69,6 +69,14 @@ std::vector<int> looksOf(const Window& window)
     return looks;
 }
 
+std::vector<grid::TableShape> shapesOf(const Window& window)
+{
+    std::vector<grid::TableShape> shapes;
+    for (const grid::TNTabEd* table : window.child->findChildren<grid::TNTabEd*>())
+        shapes.push_back(table->shape());
+    return shapes;
+}
+
 Window* Account::windowOf(const QWidget* child) const
 {
     for (const auto& window : m_windows) {
@@ -286,7 +294,9 @@ void Account::compare(Window& window)
     if (!differs.isEmpty())
         wrong(QStringLiteral("%1: shows %2").arg(window.name(), differs));
     if (table.identifier != wanted.identifier)
-        wrong(QStringLiteral("%1: another title").arg(window.name()));
+        wrong(QStringLiteral("%1: another title: «%2», not «%3»")
+                  .arg(window.name(), QString::fromUtf8(table.identifier),
+                       QString::fromUtf8(wanted.identifier)));
     if (table.rowPrefix != wanted.rowPrefix || table.columnPrefix != wanted.columnPrefix)
         wrong(QStringLiteral("%1: other names").arg(window.name()));
     if (const auto* editor = qobject_cast<const square::TEditor*>(window.child.data())) {
@@ -299,7 +309,7 @@ void Account::compare(Window& window)
                                               : QStringLiteral("not saved, which it is")));
     }
     window.looks = looksOf(window);
-    window.shape = window.grid()->shape();
+    window.shapes = shapesOf(window);
     lookAtCell(window);
 }
 

@@ -36,8 +36,8 @@ struct Window {
     int number = 0;
     SquareMemory memory;
     OpenCell cell;
-    std::vector<int> looks; ///< Decimals and marks.
-    std::optional<grid::TableShape> shape;
+    std::vector<int> looks;               ///< Decimals and marks.
+    std::vector<grid::TableShape> shapes; ///< Of its grids.
 
     bool hasSquare() const { return kind != Kind::Other; }
     grid::TNTabEd* grid() const
@@ -111,5 +111,7 @@ private:
 /// What a window shows of its square.
 Table shown(const Window& window);
 std::vector<int> looksOf(const Window& window);
+/// Sizes, names and decimals of the observations, and of an editor's treatments beside them.
+std::vector<grid::TableShape> shapesOf(const Window& window);
 
 } // namespace monkey

@@ -53,7 +53,7 @@ void Account::learnOrder(Window& window)
     after.rows = table.rows;
     if (!hasSameStore(table, window.memory.now))
         wrong(QStringLiteral("%1: another order, other observations").arg(window.name()));
-    window.memory.changeAround(after, window.grid()->shape() != window.shape);
+    window.memory.changeAround(after, shapesOf(window) != window.shapes);
 }
 
 void Account::learnPrefixes(Window& window)
