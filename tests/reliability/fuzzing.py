@@ -5,7 +5,7 @@
     fuzzing.py [--corto] [PROGRAM...]
 
 PROGRAM is one of those that tests/fuzz builds; without any, all of build/asan. Each has an hour, or the
-seconds of CL_FUZZ_SECONDS; --corto 20 seconds. Two run at a time, each from a copy of its inputs in
+seconds of CL_FUZZ_SECONDS; --corto 20 seconds. They run at the same time, each from a copy of its inputs in
 tests/fuzz/corpus and a seed of its own. An input that fails is kept in build/fuzzing.
 """
 
@@ -43,7 +43,7 @@ FIGURES = (
     r"^slowest_input_seconds: ([\d.]+)",
     r"^stat::peak_rss_mb: +(\d+)",
 )
-AT_ONCE = 2
+AT_ONCE = 4
 MOST_MEGABYTES = 512
 # By the clock, so that it only ends what hangs: a target itself fails on a second of the processor.
 HANGS = 120
