@@ -58,8 +58,7 @@ class Limits(ProgramTest):
         growth = (self.peak(program) - before) / path.stat().st_size
         print(f"{path.name}: {taken:.2f} s, {growth:.1f} bytes for each of the input's")
         self.assertLess(growth, 8.0)
-        program.press("Return")
-        program.wait_until_gone("alert")
+        program.confirm_alert()
         program.kill()
 
     def paste(self, program):

@@ -15,7 +15,6 @@ from driven import DiskTest, main
 from stranger import wait_for
 
 
-
 class Saves(DiskTest):
     def file_name(self, program):
         """What stands in the file dialog that is open."""
@@ -26,8 +25,7 @@ class Saves(DiskTest):
         """Reads an error box that gives this reason, and confirms it."""
         box = program.find("alert")
         self.assertIn(reason, " ".join(label.name for label in program.look("label", inside=box)))
-        program.press("Return")
-        program.wait_until_gone("alert")
+        program.confirm_alert()
 
     # No dead end
 

@@ -11,11 +11,13 @@ import subprocess
 import time
 
 import pyatspi
-from gi.repository import GLib
+from gi.repository import Atspi, GLib
 
-PATIENCE = 15.0  # seconds to wait for anything to appear; generous, for a loaded machine
-KEY_PATIENCE = 0.4  # seconds to wait until the program tells the bus of a key,
-RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
+PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loaded machine
+ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
+KEY_PATIENCE = 0.4  # seconds to wait, on a machine at rest, until the program tells the bus of a key,
+RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window;
+LOADED = 40  # or so many times as long as the programs took to answer last, where that is more
 
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
@@ -27,8 +29,10 @@ INSIDE = {
     "table": {"table cell", "column header", "row header", "text"},
 }
 
-# What the bus raises for a control or an application that is gone while it is looked at.
+# What the bus raises for a control or an application that is gone while it is looked at, or does not
+# answer in time.
 Gone = GLib.GError
+Atspi.set_timeout(round(1000 * ANSWER_PATIENCE), round(1000 * PATIENCE))
 
 
 class NotFound(AssertionError):
@@ -40,7 +44,10 @@ def wait_for(what, look, patience=PATIENCE):
     end = time.monotonic() + patience
     pause = 0.005
     while True:
-        result = look()
+        try:
+            result = look()
+        except Gone:
+            result = None
         if result:
             return result
         if time.monotonic() > end:
@@ -74,6 +81,7 @@ class Program:
         self._frame = None
         self._popups = []
         self._keys_told = set()
+        self._answer_time = 0.0  # seconds that the program took to answer after the last key
         self.focus = None  # the control that announced the focus last
         self._listen()
         self.process = subprocess.Popen(
@@ -265,14 +273,16 @@ class Program:
         try:
             self._wait_for_key(lambda: self._keys_told, KEY_PATIENCE)
             self._wait_for_key(lambda: last in self._keys_told, RELEASE_PATIENCE)
+            asked = time.monotonic()
             for answering in (pyatspi.Registry.getDesktop(0), self._frame):
                 answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            self._answer_time = time.monotonic() - asked
         except (Gone, NotImplementedError):  # the program has ended
             return
 
     def _wait_for_key(self, told, patience):
         """In vain for a key that the window manager keeps, and for one that closes its window."""
-        end = time.monotonic() + patience
+        end = time.monotonic() + max(patience, LOADED * self._answer_time)
         while not told() and time.monotonic() < end:
             time.sleep(0.001)
             self._hear()
@@ -311,6 +321,12 @@ class Program:
         self.press("ctrl+a")
         self.type(str(path))
         self.press("Return")
+
+    def confirm_alert(self):
+        """Return in the box that is open, once it has the focus: until then keys go to its asker."""
+        self.wait_for_focus("push button «Aceptar»")
+        self.press("Return")
+        self.wait_until_gone("alert")
 
     # The end
 
