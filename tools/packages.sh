@@ -9,6 +9,7 @@ build_packages=(
 # A virtual display with a window manager and a stranger's hands: what drives the real program.
 driver_packages=(
     xvfb openbox xdotool xclip x11-utils imagemagick dbus at-spi2-core python3 python3-pyatspi
+    python3-xlib
 )
 
 test_packages=(

@@ -49,6 +49,7 @@ def type_propellant(program):
     for value in PROPELLANT:
         program.type(str(value))
         program.press("Return")
+    program.wait_for_focus("table «Datos»", f"table cell «{PROPELLANT[-1]},000»")
 
 
 def open_analysis(program, path=ORDER_3):

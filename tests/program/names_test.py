@@ -263,6 +263,7 @@ class Names(ProgramTest):
                 ("chart", "Gráfica"),
                 ("chart", "Distrib. Acumulada"),
             )
+            self.program.wait_for_focus("chart «Gráfica»")
             self.program.press("alt+g")
             self.check("Gráfica", ("menu item", "Copiar Acumulada"))
             self.program.press("Escape", "Escape", "ctrl+F4")

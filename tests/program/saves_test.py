@@ -135,6 +135,7 @@ class Saves(DiskTest):
         for name, begin in self.seven_saves(program):
             with self.subTest(file=name):
                 path = self.folder / name
+                before = program.focused()
                 fail(program)
                 begin()
                 program.answer_file_dialog(path)
@@ -144,7 +145,8 @@ class Saves(DiskTest):
                 mend(program)
                 program.wait_for_focus("text «Nombre de archivo:»")
                 program.press("Return")
-                wait_for("the file", path.is_file)
+                program.wait_for_focus(before)
+                self.assertTrue(path.is_file())
                 names.append(name)
         self.assertEqual(len(names), 8)
 

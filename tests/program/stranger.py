@@ -13,11 +13,12 @@ import time
 import pyatspi
 from gi.repository import Atspi, GLib
 
+from keyboard import Keyboard
+
 PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loaded machine
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
-KEY_PATIENCE = 0.4  # seconds to wait, on a machine at rest, until the program tells the bus of a key,
-RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window;
-LOADED = 40  # or so many times as long as the programs took to answer last, where that is more
+KEY_PATIENCE = 1.0  # seconds to wait until the program tells the bus of a key, or moves the focus,
+RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
 
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
@@ -28,6 +29,9 @@ INSIDE = {
     "menu bar": {"menu item", "check menu item", "radio menu item", "popup menu", "separator"},
     "table": {"table cell", "column header", "row header", "text"},
 }
+
+# What has the keys to itself as soon as it is active, and not before.
+DIALOGS = {"dialog", "alert"}
 
 # What the bus raises for a control or an application that is gone while it is looked at, or does not
 # answer in time.
@@ -80,8 +84,9 @@ class Program:
         self._application = None
         self._frame = None
         self._popups = []
-        self._keys_told = set()
-        self._answer_time = 0.0  # seconds that the program took to answer after the last key
+        self._keyboard = Keyboard()
+        self._keys_told = set()  # (press or release, code of the key)
+        self._has_moved = False  # the focus, since the last key
         self.focus = None  # the control that announced the focus last
         self._listen()
         self.process = subprocess.Popen(
@@ -132,7 +137,7 @@ class Program:
         pyatspi.Registry.deregisterKeystrokeListener(self._note_key, mask=MODIFIERS)
 
     def _note_key(self, event):
-        self._keys_told.add(event.type)
+        self._keys_told.add((event.type, event.hw_code))
 
     def _note_popup(self, event):
         """A pop-up of a button hangs on nothing that can be walked to: it announces itself."""
@@ -154,6 +159,7 @@ class Program:
                 application = event.source.getApplication()
                 if application is not None and application.get_process_id() == self.process.pid:
                     self.focus = event.source
+                    self._has_moved = True
         except Gone:  # gone while it was looked at
             return
 
@@ -228,7 +234,14 @@ class Program:
         return self.find("label", inside=self.find("status bar")).name
 
     def find(self, role, name=None, inside=None):
-        return wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
+        """Waits until there is one; of dialogs, until it takes keys."""
+        found = wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
+        if role in DIALOGS:
+            wait_for(
+                f"the keys for {role} «{name}»",
+                lambda: found.getState().contains(pyatspi.STATE_ACTIVE),
+            )
+        return found
 
     def wait_until_gone(self, role, name=None):
         wait_for(f"the end of {role} «{name}»", lambda: not self.look(role, name))
@@ -254,35 +267,34 @@ class Program:
         for key in keys:
             *modifiers, last = key.split("+")
             for modifier in modifiers:
-                self._strike("keydown", modifier, pyatspi.KEY_PRESSED_EVENT)
-            self._strike("key", last)
+                self._strike(self._keyboard.down, modifier, pyatspi.KEY_PRESSED_EVENT)
+            self._strike(self._keyboard.strike, last)
             for modifier in reversed(modifiers):
-                self._strike("keyup", modifier)
+                self._strike(self._keyboard.up, modifier)
 
     def type(self, text):
         for character in text:
-            self._strike("type", character)
+            self._strike(self._keyboard.strike, character)
 
-    def _strike(self, how, key, last=pyatspi.KEY_RELEASED_EVENT):
+    def _strike(self, act, key, last=pyatspi.KEY_RELEASED_EVENT):
         """A watched program takes its shortcuts at once, but tells the bus of every other key and
         waits for leave to take it: only then the next key is struck.
         """
         self._hear()
         self._keys_told.clear()
-        xdotool(how, "--delay", 0, key)
+        self._has_moved = False
+        code = act(key)
         try:
-            self._wait_for_key(lambda: self._keys_told, KEY_PATIENCE)
-            self._wait_for_key(lambda: last in self._keys_told, RELEASE_PATIENCE)
-            asked = time.monotonic()
+            self._wait_for_key(lambda: self._has_moved or (last, code) in self._keys_told, KEY_PATIENCE)
+            self._wait_for_key(lambda: (last, code) in self._keys_told, RELEASE_PATIENCE)
             for answering in (pyatspi.Registry.getDesktop(0), self._frame):
                 answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-            self._answer_time = time.monotonic() - asked
         except (Gone, NotImplementedError):  # the program has ended
             return
 
     def _wait_for_key(self, told, patience):
         """In vain for a key that the window manager keeps, and for one that closes its window."""
-        end = time.monotonic() + max(patience, LOADED * self._answer_time)
+        end = time.monotonic() + patience
         while not told() and time.monotonic() < end:
             time.sleep(0.001)
             self._hear()
@@ -323,7 +335,7 @@ class Program:
         self.press("Return")
 
     def confirm_alert(self):
-        """Return in the box that is open, once it has the focus: until then keys go to its asker."""
+        """Return in the box that is open."""
         self.wait_for_focus("push button «Aceptar»")
         self.press("Return")
         self.wait_until_gone("alert")
