@@ -19,6 +19,7 @@ PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loade
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
 KEY_PATIENCE = 1.0  # seconds to wait until the program tells the bus of a key, or moves the focus,
 RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
+MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
@@ -268,6 +269,9 @@ class Program:
             *modifiers, last = key.split("+")
             for modifier in modifiers:
                 self._strike(self._keyboard.down, modifier, pyatspi.KEY_PRESSED_EVENT)
+                # The leave to take Alt may come late on the bus, after the shortcut that it belongs
+                # to: a menu that is open then takes it for the end.
+                time.sleep(MODIFIER_PAUSE)
             self._strike(self._keyboard.strike, last)
             for modifier in reversed(modifiers):
                 self._strike(self._keyboard.up, modifier)
