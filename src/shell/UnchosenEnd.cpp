@@ -103,11 +103,24 @@ void UnchosenEnd::sessionEnds(QSessionManager& session)
     if (window::isAsking())
         window::showQuestion();
     else
-        m_sessionMayEnd = m_frame.mayClose();
+        askForSession();
     if (!m_sessionMayEnd)
         session.cancel();
     if (m_sessionMayEnd)
         qApp->installEventFilter(this);
+}
+
+/// By way of an event, from which no error escapes: the libraries in between here and the event
+/// loop would leave the session without an answer.
+void UnchosenEnd::askForSession()
+{
+    QEvent asks(QEvent::User);
+    QCoreApplication::sendEvent(this, &asks);
+}
+
+void UnchosenEnd::customEvent(QEvent*)
+{
+    m_sessionMayEnd = m_frame.mayClose();
 }
 
 /// What was answered for the session's end holds until it ends, or the user goes on with his work.
