@@ -88,8 +88,9 @@ void UnchosenEnd::closeWhenNothingIsAsked()
     if (window::isAsking())
         return;
     m_retry.stop();
-    while (QWidget* popup = QApplication::activePopupWidget())
-        popup->close(); // it has the mouse and the keys
+    QWidget* popup = QApplication::activePopupWidget(); // it has the mouse and the keys
+    while (popup != nullptr && popup->close())
+        popup = QApplication::activePopupWidget();
     m_frame.close();
     m_sinceFirst.invalidate();
 }
