@@ -33,6 +33,8 @@ DrawnAlike::DrawnAlike(const QStyleOption* option, AlikePalettes& palettes)
         return;
     m_own = m_option->palette;
     m_option->palette = palettes.first(m_own);
+    // Not one of the things that palettes are alike in, nor a part of their identity.
+    m_option->palette.setCurrentColorGroup(m_own.currentColorGroup());
 }
 
 DrawnAlike::~DrawnAlike()

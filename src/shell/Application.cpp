@@ -54,6 +54,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
     // Comes to each widget once, before it is first shown.
     if (event->type() == QEvent::Polish && receiver->isWidgetType())
         namePart(static_cast<QWidget&>(*receiver));
+    const auto fail = [this, event](const QString& why) {
+        event->ignore(); // above all a close: it asked, and could not save
+        m_dialogs.showError(activeWindow(), why, applicationName());
+    };
     try {
         if (!isSecondRedoKey(*event))
             return QApplication::notify(receiver, event);
@@ -63,10 +67,9 @@ bool Application::notify(QObject* receiver, QEvent* event)
         event->setAccepted(redo.isAccepted());
         return handled;
     } catch (const std::bad_alloc&) {
-        m_dialogs.showError(activeWindow(), QStringLiteral("No hay memoria suficiente."),
-                            applicationName());
+        fail(QStringLiteral("No hay memoria suficiente."));
     } catch (const std::exception& error) {
-        m_dialogs.showError(activeWindow(), QString::fromUtf8(error.what()), applicationName());
+        fail(QString::fromUtf8(error.what()));
     }
     return false;
 }

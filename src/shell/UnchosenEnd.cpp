@@ -88,8 +88,9 @@ void UnchosenEnd::closeWhenNothingIsAsked()
     if (window::isAsking())
         return;
     m_retry.stop();
-    while (QWidget* popup = QApplication::activePopupWidget())
-        popup->close(); // it has the mouse and the keys
+    QWidget* popup = QApplication::activePopupWidget(); // it has the mouse and the keys
+    while (popup != nullptr && popup->close())
+        popup = QApplication::activePopupWidget();
     m_frame.close();
     m_sinceFirst.invalidate();
 }
@@ -103,11 +104,24 @@ void UnchosenEnd::sessionEnds(QSessionManager& session)
     if (window::isAsking())
         window::showQuestion();
     else
-        m_sessionMayEnd = m_frame.mayClose();
+        askForSession();
     if (!m_sessionMayEnd)
         session.cancel();
     if (m_sessionMayEnd)
         qApp->installEventFilter(this);
+}
+
+/// By way of an event, from which no error escapes: the libraries in between here and the event
+/// loop would leave the session without an answer.
+void UnchosenEnd::askForSession()
+{
+    QEvent asks(QEvent::User);
+    QCoreApplication::sendEvent(this, &asks);
+}
+
+void UnchosenEnd::customEvent(QEvent*)
+{
+    m_sessionMayEnd = m_frame.mayClose();
 }
 
 /// What was answered for the session's end holds until it ends, or the user goes on with his work.

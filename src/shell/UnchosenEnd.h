@@ -30,10 +30,14 @@ public:
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
+protected:
+    void customEvent(QEvent* event) override;
+
 private:
     void signalCame(int signal);
     void closeWhenNothingIsAsked();
     void sessionEnds(QSessionManager& session);
+    void askForSession();
 
     TPrincipal& m_frame;
     EndSignals m_signals;

@@ -114,6 +114,34 @@ void namePicture(const QMessageBox& box, const QString& name)
         picture->setAccessibleName(name);
 }
 
+/// @param ofReturn the answer that the Return key gives at once
+Answer ask(QWidget* parent, const QString& text, const QString& caption, Answer ofReturn)
+{
+    Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
+    box->setTextFormat(Qt::PlainText);
+    namePicture(*box, QStringLiteral("Pregunta"));
+    // Neither button takes the reject role, so Escape and the box's close button answer nothing.
+    QPushButton* yes = box->addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    QPushButton* no = box->addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
+    box->setDefaultButton(ofReturn == Answer::Yes ? yes : no);
+    if (!box.run())
+        return Answer::None;
+    const QAbstractButton* clicked = box->clickedButton();
+    return clicked == yes ? Answer::Yes : clicked == no ? Answer::No : Answer::None;
+}
+
+/// As Qt's own file dialog asks: the Return that confirmed the name, pressed twice, overwrites
+/// nothing.
+bool agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title)
+{
+    const QFileInfo file(fileName);
+    return !file.exists() || ask(parent,
+                                 QStringLiteral("El archivo «%1» ya existe.\n¿Desea "
+                                                "reemplazarlo?")
+                                     .arg(file.fileName()),
+                                 title, Answer::No) == Answer::Yes;
+}
+
 QString missingFolder(const QString& fileName)
 {
     return QStringLiteral("La carpeta «%1» no existe.").arg(QFileInfo(fileName).absolutePath());
@@ -131,16 +159,7 @@ void QtDialogs::showError(QWidget* parent, const QString& text, const QString& c
 
 Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
 {
-    Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
-    box->setTextFormat(Qt::PlainText);
-    namePicture(*box, QStringLiteral("Pregunta"));
-    // Neither button takes the reject role, so Escape and the box's close button answer nothing.
-    const QPushButton* yes = box->addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
-    const QPushButton* no = box->addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
-    if (!box.run())
-        return Answer::None;
-    const QAbstractButton* clicked = box->clickedButton();
-    return clicked == yes ? Answer::Yes : clicked == no ? Answer::No : Answer::None;
+    return ask(parent, text, caption, Answer::Yes);
 }
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
@@ -168,16 +187,6 @@ std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileReques
         next.fileName = *chosen;
     }
     return std::nullopt;
-}
-
-bool QtDialogs::agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title)
-{
-    const QFileInfo file(fileName);
-    return !file.exists() || askYesNo(parent,
-                                      QStringLiteral("El archivo «%1» ya existe.\n¿Desea "
-                                                     "reemplazarlo?")
-                                          .arg(file.fileName()),
-                                      title) == Answer::Yes;
 }
 
 std::optional<QString> QtDialogs::editLine(QWidget* parent, const QString& caption,

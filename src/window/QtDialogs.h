@@ -17,9 +17,6 @@ public:
                                     const QString& text) override;
     std::optional<int> editInteger(QWidget* parent, const QString& caption, const QString& label,
                                    int value, int low, int high) override;
-
-private:
-    bool agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title);
 };
 
 } // namespace window

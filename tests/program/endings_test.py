@@ -3,13 +3,16 @@
 """The end that nobody chose: signals, the end of the session and a display that goes, as the running
 program meets them.
 
-endings_test.py EXECUTABLE, below on_virtual_display.
+endings_test.py EXECUTABLE FAULTY_DISK, below on_virtual_display.
 """
 
+import errno
+import os
+import pathlib
 import signal
 import time
 
-from driven import ProgramTest, main
+from driven import DiskTest, ProgramTest, main
 from endings import NOT_SAVED, Life, OwnDisplay
 from session_manager import SessionManager
 from stranger import NotFound, wait_for
@@ -113,10 +116,10 @@ class Endings(ProgramTest):
 
     # The session
 
-    def logged_in(self):
+    def logged_in(self, **environment):
         session = SessionManager()
         self.addCleanup(session.stop)
-        life = self.live(SESSION_MANAGER=session.address)
+        life = self.live(SESSION_MANAGER=session.address, **environment)
         self.assertEqual(session.told(), "registered")
         return session, life
 
@@ -136,6 +139,25 @@ class Endings(ProgramTest):
         wait_for("the question", life.is_asking)
         life.answer("Sí")
         life.answer("Cancelar")
+        self.assertEqual(session.told(), "cancelled")
+        self.assertEqual(session.told(), "not saved")
+        self.assert_goes_on(life)
+
+    def test_a_save_without_memory_keeps_the_session(self):
+        faults = pathlib.Path(os.environ["CL_SCRATCH"]) / "faltas"
+        faults.write_text("")
+        session, life = self.logged_in(
+            LD_PRELOAD=str(DiskTest.faulty_disk), CL_FAULTS=str(faults)
+        )
+        life.new_editor()
+        session.order("end")
+        wait_for("the question", life.is_asking)
+        faults.write_text(f"memory {errno.ENOMEM}\n")
+        life.answer("Sí")
+        life.program.answer_file_dialog(life.folder / "parcela.asc")
+        life.program.find("label", "No hay memoria suficiente.")
+        faults.write_text("")
+        life.answer("Aceptar")
         self.assertEqual(session.told(), "cancelled")
         self.assertEqual(session.told(), "not saved")
         self.assert_goes_on(life)

@@ -6,6 +6,7 @@
 //   close 28       an error comes to light only as a file is closed that was written to
 //   write-open 13  no file can be opened for writing
 //   read-open 13   none whose name ends in ".asc" can be opened for reading
+//   memory 12      there is none left as a file is opened for writing, which C++ tells by throwing
 
 #include <cerrno>
 #include <cstdarg>
@@ -13,6 +14,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <new>
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -79,6 +81,8 @@ int openAt(int folder, const char* name, int flags, mode_t mode)
 {
     const bool writes = (flags & O_ACCMODE) != O_RDONLY;
     if (writes && std::string_view(name).substr(0, 5) != "/dev/") {
+        if (errorOf("memory") != 0)
+            throw std::bad_alloc();
         if (const int error = errorOf("write-open"))
             return failed(error);
     } else if (!writes && isSquare(name)) {

@@ -12,6 +12,7 @@ import os
 import select
 import subprocess
 import sys
+import threading
 
 _OK = 1
 _SAVE_BOTH = 2
@@ -174,8 +175,13 @@ class SessionManager:
         self.address = self.told()
 
     def told(self):
-        """What the program has told next."""
-        return self._process.stdout.readline().strip()
+        """What the program has told next; nothing where it says no more."""
+        patience = threading.Timer(30, self._process.kill)
+        patience.start()
+        try:
+            return self._process.stdout.readline().strip()
+        finally:
+            patience.cancel()
 
     def order(self, order):
         self._process.stdin.write(f"{order}\n")

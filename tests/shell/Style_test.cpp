@@ -105,6 +105,32 @@ TEST(Style, DrawsWhatIsAlikeWithOnePalette)
     EXPECT_EQ(palettes.size(), before);
 }
 
+// A palette knows beside its colours which of them are meant, and is the same with the others.
+TEST(Style, DrawsADisabledControlAsDisabledAfterAnEnabledOne)
+{
+    const shell::Style style(QStringLiteral("fusion"));
+    const auto drawn = [&style](QPalette::ColorGroup group, const QPalette& palette) {
+        QImage paper(100, 30, QImage::Format_RGB32);
+        paper.fill(Qt::white);
+        QPainter painter(&paper);
+        QStyleOptionButton button;
+        button.rect = paper.rect();
+        button.text = QStringLiteral("Guardar");
+        button.palette = palette;
+        button.palette.setCurrentColorGroup(group);
+        style.drawControl(QStyle::CE_PushButtonLabel, &button, &painter);
+        EXPECT_EQ(button.palette.currentColorGroup(), group);
+        return paper;
+    };
+    const QPalette red(Qt::red);
+    const QPalette blue(Qt::blue);
+    const QImage disabledFirst = drawn(QPalette::Disabled, blue);
+    const QImage enabled = drawn(QPalette::Active, red);
+    EXPECT_NE(drawn(QPalette::Disabled, red), enabled);
+    EXPECT_NE(drawn(QPalette::Active, blue), disabledFirst);
+    EXPECT_EQ(drawn(QPalette::Active, red), enabled);
+}
+
 TEST_F(DarkStyle, ARadioButtonThatIsNotChosenIsSeen)
 {
     QRadioButton button;

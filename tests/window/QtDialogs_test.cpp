@@ -173,6 +173,27 @@ TEST_F(QtDialogs, OverwritingIsAskedAboutTheNameThatIsWritten)
     }
 }
 
+// Return confirmed the name; a second one may have been meant for that too.
+TEST_F(QtDialogs, ReturnAloneDoesNotOverwrite)
+{
+    make("vieja.asc");
+    const auto asItIs = [](const QString& chosen) { return chosen; };
+    for (const bool asksHere : {false, true}) {
+        request.writtenName = asksHere ? asItIs : std::function<QString(const QString&)>();
+        bool wasAsked = false;
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            whenOpen<QMessageBox>([&](QMessageBox& box) {
+                wasAsked = true;
+                whenOpen<QFileDialog>([](QFileDialog& again) { again.reject(); });
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            nameAndAccept(dialog, path("vieja.asc"));
+        });
+        EXPECT_EQ(dialogs.saveFileName(nullptr, request), std::nullopt) << asksHere;
+        EXPECT_TRUE(wasAsked);
+    }
+}
+
 TEST_F(QtDialogs, OfferedNameAndFilterAreTheRequests)
 {
     request = {QStringLiteral("Exportar"), QStringLiteral("reporte.txt"), QStringLiteral("txt"),

@@ -63,6 +63,29 @@ bool isSecondEndOfLine(const QKeyEvent& key)
     return key.matches(QKeySequence::MoveToEndOfLine) && key.key() != Qt::Key_End;
 }
 
+/// Something that an object is doing for as long as this lives, also where an error ends it. The
+/// object may go meanwhile.
+class Doing {
+public:
+    Doing(const QObject& who, bool& what)
+        : m_who(&who)
+        , m_what(what)
+    {
+        m_what = true;
+    }
+    ~Doing()
+    {
+        if (m_who)
+            m_what = false;
+    }
+    Doing(const Doing&) = delete;
+    Doing& operator=(const Doing&) = delete;
+
+private:
+    QPointer<const QObject> m_who;
+    bool& m_what;
+};
+
 /// Makes an editor as wide as its text, at least as its cell and at most up to the table's edge.
 void widen(QLineEdit& editor)
 {
@@ -232,16 +255,17 @@ bool CellDelegate::leaveBy(CursorStep step)
     const QPointer<CellDelegate> stillThere(this);
     const QPointer<QLineEdit> editor = m_editor;
     m_refusal.clear();
-    m_leaving = true;
-    emit commitData(editor);
+    {
+        const Doing leaving(*this, m_leaving);
+        emit commitData(editor);
+    }
     if (!stillThere)
         return false;
-    m_leaving = false;
     if (!m_refusal.isEmpty()) {
-        m_telling = true;
-        tell(m_refusal);
-        if (stillThere)
-            m_telling = false;
+        {
+            const Doing telling(*this, m_telling);
+            tell(m_refusal);
+        }
         if (editor) {
             editor->setFocus();
             editor->selectAll();

@@ -213,7 +213,7 @@ bool TEditor::saveFile()
     const std::optional<QString> fileName = save(request, write, known);
     if (!fileName)
         return false;
-    m_file = {*fileName, base::fingerprint(*fileName), exported.rounded, true, exported.notKept};
+    m_file = {*fileName, exported.fingerprint, exported.rounded, true, exported.notKept};
     showFileName();
     if (exported.rounded)
         tellFile();

@@ -26,6 +26,7 @@ record::SquareData withItsTitle(const record::SquareData& square)
 base::Outcome<ExportedSquare> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
     const EncodedSquare encoded = encode(withItsTitle(table.square()), fileName, precision);
+    const QByteArray fingerprint = base::fingerprint(encoded.bytes);
     const base::Outcome<base::WrittenFile> file = base::replaceFile(fileName, encoded.bytes);
     if (!file.value)
         return base::Outcome<ExportedSquare>::refused(file.reason);
@@ -34,7 +35,7 @@ base::Outcome<ExportedSquare> Export(grid::TNTabEd& table, const QString& fileNa
         table.setColumnName(column, encoded.columnNames.at(column - 1));
     for (int row = 1; row <= table.NrOfRows(); ++row)
         table.setRowName(row, encoded.rowNames.at(row - 1));
-    return base::Outcome<ExportedSquare>::of({encoded.rounded, file.value->notKept});
+    return base::Outcome<ExportedSquare>::of({encoded.rounded, file.value->notKept, fingerprint});
 }
 
 SquareHeader ReadHeader(const QString& fileName)

@@ -4,6 +4,7 @@
 #include "base/Outcome.h"
 #include "square/file/SquareFile.h"
 
+#include <QByteArray>
 #include <QString>
 
 namespace grid {
@@ -17,6 +18,9 @@ namespace square {
 struct ExportedSquare {
     bool rounded = false; ///< The file holds another value than the grid in some cell.
     QString notKept;      ///< As of base::WrittenFile.
+    /// Of the bytes that were written: the file may hold another's by the time that it is looked
+    /// at.
+    QByteArray fingerprint;
 };
 
 /// Writes the grid to a file, `precision` significant digits in each observation, and gives the

@@ -1,12 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grid/view/GridFixture.h"
+#include "support/CellTyping.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <new>
+#include <utility>
+
 namespace {
 
 class Typing : public GridFixture {};
+
+/// There is no memory for the first of the boxes.
+class NoFirstBox : public ScriptedDialogs {
+public:
+    void showError(QWidget* parent, const QString& text, const QString& caption) override
+    {
+        if (std::exchange(m_isFirst, false))
+            throw std::bad_alloc();
+        ScriptedDialogs::showError(parent, text, caption);
+    }
+
+private:
+    bool m_isFirst = true;
+};
 
 } // namespace
 
@@ -170,6 +188,21 @@ TEST_F(Typing, ATextThatIsNoNumberStaysOpenToBeMended)
     type("25");
     press(Qt::Key_Return);
     EXPECT_EQ(table.value(2, 1), 25.0);
+}
+
+TEST_F(Typing, ABoxThatCouldNotBeShownIsShownTheNextTime)
+{
+    NoFirstBox boxes;
+    grid::TNTabEd other(boxes);
+    other.show();
+    QApplication::setActiveWindow(&other);
+    typeIntoCell(other, 1, 1, QStringLiteral("1.2.3"));
+    EXPECT_THROW(other.commitEdit(), std::bad_alloc);
+    EXPECT_FALSE(other.commitEdit());
+    EXPECT_EQ(boxes.errors.size(), 1U);
+    other.findChild<QLineEdit*>(QStringLiteral("CellEditor"))->setText(QStringLiteral("25"));
+    EXPECT_TRUE(other.commitEdit());
+    EXPECT_EQ(other.value(1, 1), 25.0);
 }
 
 TEST_F(Typing, ALetterInTheNumberIsAskedAfter)

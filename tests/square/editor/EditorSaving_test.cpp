@@ -204,6 +204,24 @@ TEST_F(EditorFiles, AFileThatChangedBehindTheEditorIsNotReplacedWithoutAQuestion
     EXPECT_TRUE(m_dialogs.questions.empty());
 }
 
+TEST_F(EditorFiles, WhatAnotherWritesRightAfterASaveIsNotTakenForTheEditors)
+{
+    openWith(ofOrder3());
+    enterIntoCell(1, 1, "2");
+    QObject::connect(m_editor, &window::ChildWindow::notice, m_editor, [this](const QString& told) {
+        if (told.startsWith(utf8("Guardado")))
+            fileOf("of another program");
+    });
+    action("Guardar1").trigger();
+    ASSERT_EQ(bytesOf("a.asc"), "of another program");
+
+    m_editor->disconnect(m_editor);
+    m_dialogs.yesNoAnswers = {true};
+    action("Guardar1").trigger();
+    EXPECT_EQ(m_dialogs.questions.size(), 1U);
+    EXPECT_TRUE(bytesOf("a.asc").contains("\t 2.0000000E+0000"));
+}
+
 TEST_F(EditorFiles, TheShortcutsWorkAlsoInsideAnOpenCell)
 {
     open();
