@@ -60,10 +60,12 @@ mode_t permissionsOf(const struct stat& status)
     return status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
 }
 
-/// The permissions with a group that may do what everybody may.
+/// The permissions where the group is another one: what the old one and everybody may is what all
+/// may. Those of the old group, who are like everybody now, do not gain what it was denied.
 mode_t withoutGroup(mode_t permissions)
 {
-    return (permissions & ~S_IRWXG) | ((permissions & S_IRWXO) << 3U);
+    const mode_t others = permissions & S_IRWXO & (permissions >> 3U);
+    return (permissions & S_IRWXU) | (others << 3U) | others;
 }
 
 struct stat statusOf(int file)

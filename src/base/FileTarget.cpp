@@ -37,6 +37,13 @@ QByteArray followed(const FileTarget& link)
     return text.startsWith('/') ? text : link.folder + '/' + text;
 }
 
+/// Whether the system refuses to follow a link, as one that a stranger has left in a folder where
+/// everybody may: the file dialog, which is refused too, has not asked about what it leads to.
+bool isBarred(const QByteArray& link)
+{
+    return faccessat(AT_FDCWD, link.constData(), F_OK, AT_EACCESS) != 0 && errno == EACCES;
+}
+
 bool isFolder(const QByteArray& path)
 {
     struct stat status {};
@@ -95,6 +102,9 @@ Outcome<FileTarget> findTarget(const QString& fileName)
             return newFile(std::move(target), errno);
         if (!S_ISLNK(status.st_mode))
             return existingFile(std::move(target), status);
+        if (isBarred(path))
+            return Outcome<FileTarget>::refused(
+                QStringLiteral("El nombre es el de un enlace que el sistema no deja seguir."));
         path = followed(target);
         if (path.isEmpty())
             return refused(errno);

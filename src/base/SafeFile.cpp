@@ -51,7 +51,8 @@ Attempt replaceBy(TemporaryFile::Kind kind, const FileTarget& target, int folder
         attempt.canBeNamed = attempt.error == 0;
     }
     if (attempt.error == 0) {
-        attempt.error = file.takePlace();
+        attempt.error = file.takePlace(target.old ? TemporaryFile::Place::OfAnOldFile
+                                                  : TemporaryFile::Place::New);
         attempt.isInPlace = attempt.error == 0;
     }
     return attempt;

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <atomic>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -148,15 +149,23 @@ int TemporaryFile::takeName()
     return error;
 }
 
-int TemporaryFile::takePlace()
+int TemporaryFile::takePlace(Place place)
 {
-    const int renamed = uninterrupted(
-        [this] { return renameat(m_folder, m_name.constData(), m_folder, m_target.constData()); });
-    const int error = renamed == 0 ? 0 : errno;
+    int error = rename(place == Place::New ? RENAME_NOREPLACE : 0);
+    if (place == Place::New && (error == EINVAL || error == ENOSYS)) // not on this file system
+        error = rename(0);
     if (error != 0 && !isAt(m_target)) // as above
         return error;
     m_name.clear();
     return 0;
+}
+
+int TemporaryFile::rename(unsigned flags) const
+{
+    const int renamed = uninterrupted([=, this] {
+        return renameat2(m_folder, m_name.constData(), m_folder, m_target.constData(), flags);
+    });
+    return renamed == 0 ? 0 : errno;
 }
 
 /// Whether the file has this name.

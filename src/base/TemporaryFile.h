@@ -36,11 +36,14 @@ public:
     int settle();
     /// A name of its own for an unnamed file; nothing to do for the other kind.
     int takeName();
-    /// Takes the place of what has the target's name.
-    int takePlace();
+    enum class Place { New, OfAnOldFile };
+    /// Takes the target's name. A new one may have been taken by somebody else in the meantime:
+    /// EEXIST, wherever the file system can tell.
+    int takePlace(Place place);
 
 private:
     int createNamed(mode_t mode);
+    int rename(unsigned flags) const;
     bool isAt(const QByteArray& name) const;
     bool lock();
     void removeName();

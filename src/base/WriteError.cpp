@@ -8,6 +8,8 @@ namespace base {
 QString writeError(int error)
 {
     switch (error) {
+    case EEXIST:
+        return QStringLiteral("Entretanto apareció otro archivo con ese nombre.");
     case ENOSPC:
         return QStringLiteral("No queda espacio en el disco.");
     case EDQUOT:

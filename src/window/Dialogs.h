@@ -47,7 +47,9 @@ public:
     virtual void showError(QWidget* parent, const QString& text, const QString& caption) = 0;
 
     /// A question box with Yes and No and no way past them.
-    virtual Answer askYesNo(QWidget* parent, const QString& text, const QString& caption) = 0;
+    /// @param ofReturn the answer that the Return key gives at once: the one that loses nothing
+    virtual Answer askYesNo(QWidget* parent, const QString& text, const QString& caption,
+                            Answer ofReturn) = 0;
 
     /// The existing file that the user chose; nothing when the dialog was cancelled.
     virtual std::optional<QString> openFileName(QWidget* parent, const FileRequest& request) = 0;

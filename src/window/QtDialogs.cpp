@@ -114,7 +114,6 @@ void namePicture(const QMessageBox& box, const QString& name)
         picture->setAccessibleName(name);
 }
 
-/// @param ofReturn the answer that the Return key gives at once
 Answer ask(QWidget* parent, const QString& text, const QString& caption, Answer ofReturn)
 {
     Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
@@ -157,9 +156,10 @@ void QtDialogs::showError(QWidget* parent, const QString& text, const QString& c
     box.run();
 }
 
-Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
+Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption,
+                           Answer ofReturn)
 {
-    return ask(parent, text, caption, Answer::Yes);
+    return ask(parent, text, caption, ofReturn);
 }
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)

@@ -10,7 +10,8 @@ namespace window {
 class QtDialogs final : public Dialogs {
 public:
     void showError(QWidget* parent, const QString& text, const QString& caption) override;
-    Answer askYesNo(QWidget* parent, const QString& text, const QString& caption) override;
+    Answer askYesNo(QWidget* parent, const QString& text, const QString& caption,
+                    Answer ofReturn) override;
     std::optional<QString> openFileName(QWidget* parent, const FileRequest& request) override;
     std::optional<QString> saveFileName(QWidget* parent, const FileRequest& request) override;
     std::optional<QString> editLine(QWidget* parent, const QString& caption, const QString& label,

@@ -113,13 +113,15 @@ TEST_F(SafeFile, WhatDoesNotReachTheDiskIsNotSaved)
          QStringLiteral("El archivo pasa del límite de tamaño que tienen aquí los archivos.")},
         {EPERM, QStringLiteral("El sistema no pudo escribirlo (%1).").arg(qt_error_string(EPERM))},
     };
-    for (const char* call : {"write", "fsync", "dup", "close", "renameat"}) {
+    for (const char* call : {"write", "fsync", "dup", "close", "renameat2"}) {
         for (const auto& [error, reason] : reasons) {
             EXPECT_EQ(told(call, error), reason) << call;
             EXPECT_EQ(told(call, error, "b.asc"), reason) << call;
             expectUntouched();
         }
     }
+    EXPECT_EQ(told("renameat2", EEXIST, "b.asc"),
+              QStringLiteral("Entretanto apareció otro archivo con ese nombre."));
     EXPECT_EQ(told("write", Fault::emptyWrite), reasons[0].second);
     expectUntouched();
     EXPECT_EQ(base::writeFile(path("a.asc"), "después"), std::nullopt);
@@ -167,12 +169,12 @@ TEST_F(SafeFile, WhatIsWrittenInPiecesIsWhole)
 TEST_F(SafeFile, AnInterruptedCallIsMadeAgainButNotForEver)
 {
     ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
-    for (const char* call : {"open", "openat", "write", "fsync", "dup", "linkat", "renameat"}) {
+    for (const char* call : {"open", "openat", "write", "fsync", "dup", "linkat", "renameat2"}) {
         EXPECT_EQ(told(call, EINTR), std::nullopt) << call;
         EXPECT_EQ(base::readFile(path("a.asc")), QByteArray("después"));
         ASSERT_EQ(base::writeFile(path("a.asc"), "antes"), std::nullopt);
     }
-    for (const char* call : {"open", "openat", "write", "fsync", "dup", "renameat"}) {
+    for (const char* call : {"open", "openat", "write", "fsync", "dup", "renameat2"}) {
         EXPECT_EQ(told(call, EINTR, "a.asc", Fault::ThatCall), interrupted) << call;
         expectUntouched();
     }
@@ -185,7 +187,7 @@ TEST_F(SafeFile, WhatWasDoneAndYetReportedAsFailedIsDone)
         std::optional<failing::NoUnnamedFiles> named;
         if (!isUnnamed)
             named.emplace();
-        for (const char* call : {"linkat", "renameat"}) {
+        for (const char* call : {"linkat", "renameat2"}) {
             const Disk faulty(folder(), {1, EIO, Fault::Once, call, true});
             EXPECT_EQ(base::writeFile(path("a.asc"), call), std::nullopt);
             EXPECT_EQ(base::readFile(path("a.asc")), QByteArray(call));

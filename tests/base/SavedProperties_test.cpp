@@ -205,6 +205,16 @@ TEST_F(SavedProperties, AGroupThatMayDoWhatEverybodyMayIsNotMissed)
     EXPECT_EQ(permissions(), 0644U);
 }
 
+TEST_F(SavedProperties, AGroupThatMayDoLessThanEverybodyGainsNothing)
+{
+    if (getuid() != 0)
+        GTEST_SKIP() << "only root may give files away";
+    writeOld(0604);
+    ASSERT_EQ(chown(name().constData(), getuid(), 5678), 0);
+    EXPECT_EQ(saveWith("fchown", EPERM), lost("el grupo"));
+    EXPECT_EQ(permissions(), 0600U) << "its members are everybody now";
+}
+
 TEST_F(SavedProperties, AFileOfSomebodyElseBecomesTheUsersAndHeIsTold)
 {
     if (getuid() != 0)

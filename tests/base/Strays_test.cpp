@@ -100,7 +100,7 @@ TEST_F(Strays, AProgramAtWorkIsLeftAlone)
 TEST_F(Strays, WhatCouldNotBeRemovedGoesWithTheNextSave)
 {
     const failing::NoUnnamedFiles named;
-    for (const char* call : {"write", "renameat"}) {
+    for (const char* call : {"write", "renameat2"}) {
         {
             const Disk faulty(folder(), {1, EIO, Fault::Everything, call});
             EXPECT_TRUE(base::writeFile(path("a.asc"), "datos").has_value());

@@ -286,10 +286,12 @@ int linkat(int oldFolder, const char* oldName, int newFolder, const char* newNam
     });
 }
 
-int renameat(int oldFolder, const char* oldName, int newFolder, const char* newName) noexcept
+int renameat2(int oldFolder, const char* oldName, int newFolder, const char* newName,
+              unsigned flags) noexcept
 {
-    return ofName(newFolder, newName, "renameat",
-                  [=] { return systemCall(SYS_renameat, oldFolder, oldName, newFolder, newName); });
+    return ofName(newFolder, newName, "renameat2", [=] {
+        return systemCall(SYS_renameat2, oldFolder, oldName, newFolder, newName, flags);
+    });
 }
 
 int unlinkat(int folder, const char* name, int flags) noexcept

@@ -9,7 +9,7 @@
 ///
 /// Counted, and made to fail, are the calls that concern files of one folder: open, openat, lstat,
 /// readlink, fstatat, faccessat, llistxattr, lgetxattr, fgetxattr, flock, fchown, fchmod,
-/// fremovexattr, fsetxattr, write, lseek, fsync, dup, close, linkat, renameat, unlinkat.
+/// fremovexattr, fsetxattr, write, lseek, fsync, dup, close, linkat, renameat2, unlinkat.
 namespace failing {
 
 struct Fault {

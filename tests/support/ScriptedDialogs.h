@@ -18,6 +18,7 @@ public:
     struct Box {
         QString text;
         QString caption;
+        window::Answer ofReturn = window::Answer::None; ///< Of a Yes/No box.
     };
 
     std::deque<std::optional<QString>> openAnswers;
@@ -36,9 +37,10 @@ public:
     {
         errors.push_back({text, caption});
     }
-    window::Answer askYesNo(QWidget*, const QString& text, const QString& caption) override
+    window::Answer askYesNo(QWidget*, const QString& text, const QString& caption,
+                            window::Answer ofReturn) override
     {
-        questions.push_back({text, caption});
+        questions.push_back({text, caption, ofReturn});
         whenAskedYesNo();
         return next(yesNoAnswers, false, "Yes/No") ? window::Answer::Yes : window::Answer::No;
     }

@@ -109,8 +109,18 @@ TEST_F(QtDialogs, YesNoBoxAnswersByItsButtonsOnly)
             pressButton(box, yes ? "Sí" : "No");
         });
         EXPECT_EQ(dialogs.askYesNo(nullptr, QStringLiteral("Desea guardar los cambios?"),
-                                   QStringLiteral("Editor")),
+                                   QStringLiteral("Editor"), window::Answer::Yes),
                   yes ? window::Answer::Yes : window::Answer::No);
+    }
+}
+
+TEST_F(QtDialogs, ReturnGivesTheAnswerThatItIsToGive)
+{
+    for (const auto answer : {window::Answer::Yes, window::Answer::No}) {
+        whenOpen<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        EXPECT_EQ(dialogs.askYesNo(nullptr, QStringLiteral("¿Desea reemplazarlo?"),
+                                   QStringLiteral("Editor"), answer),
+                  answer);
     }
 }
 
@@ -308,7 +318,8 @@ TEST_F(QtDialogs, AQuestionGoesWithItsWindow)
     whenOpen<QFileDialog>([&](QFileDialog& dialog) { destroyParentOf(dialog); });
     EXPECT_EQ(dialogs.saveFileName(new QWidget, request), std::nullopt);
     whenOpen<QMessageBox>([&](QMessageBox& box) { destroyParentOf(box); });
-    EXPECT_EQ(dialogs.askYesNo(new QWidget, request.title, request.title), window::Answer::None);
+    EXPECT_EQ(dialogs.askYesNo(new QWidget, request.title, request.title, window::Answer::No),
+              window::Answer::None);
     whenOpen<QMessageBox>([&](QMessageBox& box) { destroyParentOf(box); });
     dialogs.showError(new QWidget, request.title, request.title);
     whenOpen<QDialog>([&](QDialog& dialog) { destroyParentOf(dialog); });

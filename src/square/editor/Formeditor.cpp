@@ -98,8 +98,8 @@ bool TEditor::mayClose()
     if (m_file.saved)
         return true;
     emit frontRequested();
-    switch (
-        dialogs().askYesNo(this, QStringLiteral("Desea guardar los cambios?"), plainCaption())) {
+    switch (dialogs().askYesNo(this, QStringLiteral("Desea guardar los cambios?"), plainCaption(),
+                               window::Answer::Yes)) {
     case window::Answer::Yes:
         return saveFile();
     case window::Answer::No:
@@ -192,8 +192,8 @@ bool TEditor::saveFile()
     }
     QString known = m_file.name;
     if (canCompare && onDisk != m_file.fingerprint) {
-        const window::Answer answer =
-            dialogs().askYesNo(this, changedElsewhere(m_file.name), plainCaption());
+        const window::Answer answer = dialogs().askYesNo(this, changedElsewhere(m_file.name),
+                                                         plainCaption(), window::Answer::No);
         if (answer == window::Answer::None)
             return false;
         if (answer == window::Answer::No)

@@ -52,7 +52,8 @@ void RandomDialogs::showError(QWidget* parent, const QString& text, const QStrin
     }
 }
 
-window::Answer RandomDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption)
+window::Answer RandomDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption,
+                                       window::Answer ofReturn)
 {
     constexpr window::Answer answers[] = {window::Answer::Yes, window::Answer::Yes,
                                           window::Answer::No, window::Answer::None};
@@ -63,7 +64,7 @@ window::Answer RandomDialogs::askYesNo(QWidget* parent, const QString& text, con
     const auto pressing = presser(answer == window::Answer::Yes  ? QStringLiteral("Sí")
                                   : answer == window::Answer::No ? QStringLiteral("No")
                                                                  : QString());
-    return m_real.askYesNo(parent, text, caption);
+    return m_real.askYesNo(parent, text, caption, ofReturn);
 }
 
 std::optional<QString> RandomDialogs::openFileName(QWidget* parent, const window::FileRequest&)

@@ -39,7 +39,8 @@ public:
     void setAssault(std::function<void(Random&)> assault) { m_assault = std::move(assault); }
 
     void showError(QWidget* parent, const QString& text, const QString& caption) override;
-    window::Answer askYesNo(QWidget* parent, const QString& text, const QString& caption) override;
+    window::Answer askYesNo(QWidget* parent, const QString& text, const QString& caption,
+                            window::Answer ofReturn) override;
     std::optional<QString> openFileName(QWidget* parent,
                                         const window::FileRequest& request) override;
     std::optional<QString> saveFileName(QWidget* parent,

@@ -93,6 +93,7 @@ TEST_F(EditorFiles, ANewEditorAsksAlthoughNothingWasTyped)
     ASSERT_EQ(m_dialogs.questions.size(), 1U);
     EXPECT_EQ(m_dialogs.questions[0].text, utf8("Desea guardar los cambios?"));
     EXPECT_EQ(m_dialogs.questions[0].caption, utf8("Editor"));
+    EXPECT_EQ(m_dialogs.questions[0].ofReturn, window::Answer::Yes);
     EXPECT_EQ(m_status, QStringList(utf8("Listo")));
     EXPECT_FALSE(m_editor); // gone
     EXPECT_EQ(entries(), QStringList());

@@ -181,6 +181,7 @@ TEST_F(EditorFiles, AFileThatChangedBehindTheEditorIsNotReplacedWithoutAQuestion
         action("GuardaryAnalizar1").trigger();
         ASSERT_EQ(m_dialogs.questions.size(), 1U);
         EXPECT_TRUE(m_dialogs.questions[0].text.contains(path("a.asc")));
+        EXPECT_EQ(m_dialogs.questions[0].ofReturn, window::Answer::No);
         EXPECT_EQ(m_dialogs.saveRequests.back().fileName, path("a.asc"));
         EXPECT_EQ(bytesOf("a.asc"), "de otro");
         EXPECT_TRUE(m_requests.isEmpty());
