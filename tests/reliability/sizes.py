@@ -20,6 +20,8 @@ SHAPES = [
     (16_000_000, 1),
 ]  # fmt: skip
 EDITED_SHAPES = [(6, 6), (500, 500), (1000, 1000), (4000, 1), (4000, 4000)]
+ANALYSIS_STEPS = ["abrir", "F", "Zimmerman", "Bennett", "C", "M"]
+EDITOR_STEPS = ["cargar", "escribir", "pegar una fila", "deshacer", "guardar"]
 SHORT_SHAPES = [(1500, 1), (1, 1500), (4001, 1)]
 LIMIT = 2.0
 SHORT_LIMIT = 10.0  # for the machine may be busy, and the form not optimised
@@ -29,10 +31,14 @@ LARGEST_LIMIT = 10.0
 
 def steps(program, shape, *mode):
     run = subprocess.run(
-        [program, *map(str, shape), *mode], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-        env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, text=True, check=True,
+        [program, *map(str, shape), *mode], capture_output=True,
+        env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, text=True, check=False,
     )
-    return [line.split("\t", 2) for line in run.stdout.splitlines()]
+    taken = [line.split("\t", 2) for line in run.stdout.splitlines() if "\t" in line]
+    names = [name for name, *_ in taken]
+    if run.returncode != 0 or names != (EDITOR_STEPS if mode else ANALYSIS_STEPS):
+        sys.exit(f"{shape}: {names}, y terminó con {run.returncode}: {run.stderr}{run.stdout}")
+    return taken
 
 
 def limit_of(shape, step, usual):
