@@ -80,6 +80,10 @@ public:
     void run() override { m_loaded = square::loadSquare(m_name); }
     Outcome judge(bool thrown, std::string& damage) override
     {
+        const auto again = square::loadSquare(m_name);
+        damage = "it cannot be read any more";
+        if (!again.value || held(again.value->square) != m_before)
+            return Outcome::Damaged;
         if (thrown)
             return Outcome::Thrown;
         if (m_loaded.value) {
@@ -107,7 +111,7 @@ public:
                  : !isAlone()                        ? "another file was left"
                                                      : "it is not written and nobody was told";
         const bool whole = damage.ends_with("told");
-        if (!whole)
+        if (!whole || !canBeWrittenAgain(damage))
             return Outcome::Damaged;
         if (thrown)
             return Outcome::Thrown;
@@ -117,6 +121,16 @@ public:
     }
 
 private:
+    bool canBeWrittenAgain(std::string& damage)
+    {
+        const bool written = square::Export(m_table, m_name).value.has_value();
+        const bool can =
+            written && base::readFile(m_name).value_or(QByteArray()) == m_after && isAlone();
+        if (!can)
+            damage = "it cannot be written any more";
+        return can;
+    }
+
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_table{m_dialogs};
     base::Outcome<square::ExportedSquare> m_written;
@@ -144,6 +158,7 @@ public:
     void run() override
     {
         paste();
+        m_between = m_table.value(1, 1);
         m_table.undo();
     }
     Outcome judge(bool thrown, std::string& damage) override
@@ -166,12 +181,15 @@ public:
         }
         if (thrown)
             return Outcome::Thrown;
-        return told ? Outcome::Told : now == m_before ? Outcome::Unaffected : Outcome::Damaged;
+        const bool isDone = m_between == pastedValue && now == m_before;
+        return told ? Outcome::Told : isDone ? Outcome::Unaffected : Outcome::Damaged;
     }
 
 private:
     void paste() { press(m_table, Qt::Key_V, Qt::ControlModifier); }
 
+    static constexpr double pastedValue = 1.5; ///< In the first cell.
+    double m_between = 0.0;                    ///< What stood there before it was undone.
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_table{m_dialogs};
     QByteArray m_before;
