@@ -3,10 +3,9 @@
 
 #include "analysis/Frmanalisis.h"
 #include "base/SafeFile.h"
-#include "chart/control/RChart.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
-#include "power/study/PowerStudy.h"
+#include "reliability/FigureScenarios.h"
 #include "square/editor/Formeditor.h"
 #include "square/editor/GridFile.h"
 #include "square/file/LoadedSquare.h"
@@ -17,7 +16,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QImage>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QPlainTextEdit>
@@ -256,55 +254,6 @@ private:
     State m_before;
 };
 
-class Drawing : public Scenario {
-    /// So small that the toolkit paints it without its threads, which a forked process has not.
-    static constexpr QSize size{200, 120};
-
-public:
-    Drawing()
-    {
-        m_chart.setIdAbscissa(QStringLiteral("Valores de C"));
-        m_chart.setIdOrdinate(QStringLiteral("Probabilidad"));
-        for (int x = 0; x < 40; ++x) {
-            m_chart.LineToXY(x, (x * 7) % 13);
-            m_chart.MarkAtXY(x, (x * 7) % 13, 1);
-        }
-        m_chart.FitRangeToData(5.0);
-        m_chart.resize(size);
-        run();
-        m_expected = picture();
-        m_chart.resize(size * 2); // to be laid out again
-    }
-    void run() override
-    {
-        m_chart.resize(size);
-        m_painted = picture();
-    }
-    Outcome judge(bool thrown, std::string& damage) override
-    {
-        damage = "the chart is not what it was";
-        m_chart.resize(size);
-        if (picture() != m_expected)
-            return Outcome::Damaged;
-        return thrown                    ? Outcome::Thrown
-               : m_painted == m_expected ? Outcome::Unaffected
-                                         : Outcome::Repainted;
-    }
-
-private:
-    QImage picture()
-    {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        m_chart.render(&image);
-        return image;
-    }
-
-    chart::TRChart m_chart;
-    QImage m_expected;
-    QImage m_painted;
-};
-
 template <int approach, int test>
 class Reporting : public FileScenario {
 public:
@@ -368,40 +317,6 @@ private:
     QByteArray m_data;
 };
 
-class Studying : public Scenario {
-public:
-    Studying() { m_expected = figures(); }
-    void run() override { m_figures = figures(); }
-    Outcome judge(bool thrown, std::string& damage) override
-    {
-        damage = "another power";
-        if (figures() != m_expected)
-            return Outcome::Damaged;
-        if (thrown)
-            return Outcome::Thrown;
-        return m_figures == m_expected ? Outcome::Unaffected : Outcome::Damaged;
-    }
-
-private:
-    static std::vector<double> figures()
-    {
-        power::Aleatorio generator;
-        stats::RandomIntegers integers;
-        power::StudySettings settings;
-        settings.order = 4;
-        settings.trials = 20;
-        std::vector<double> all;
-        for (const power::PowerPoint& point :
-             power::runPowerStudy(settings, generator, integers, [](const auto&) {}))
-            all.insert(all.end(), {point.difference, point.powers.c, point.powers.m, point.powers.b,
-                                   point.powers.z});
-        return all;
-    }
-
-    std::vector<double> m_expected;
-    std::vector<double> m_figures;
-};
-
 template <typename Kind>
 std::unique_ptr<Scenario> made()
 {
@@ -417,13 +332,13 @@ const std::vector<NamedScenario>& allScenarios()
         {"write", made<Writing>},
         {"paste", made<PastingAndUndoing>},
         {"load", made<Loading>},
-        {"draw", made<Drawing>},
+        {"draw", drawing},
         {"F", made<Reporting<0, 0>>},
         {"Zimmerman", made<Reporting<1, 0>>},
         {"Bennett", made<Reporting<1, 1>>},
         {"C", made<Reporting<2, 0>>},
         {"M", made<Reporting<2, 1>>},
-        {"power", made<Studying>},
+        {"power", studying},
     };
     return all;
 }
