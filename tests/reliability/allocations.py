@@ -13,7 +13,8 @@ import re
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT, TEXT, table
+
 SHORT_STRIDE = 149
 NAMES = {
     "read": "leer un cuadrado",
@@ -91,9 +92,8 @@ def main(arguments):
         "se pudiera deshacer; y que el trabajo, repetido con memoria, saliera bien. Caídas en el "
         "código propio, otros finales y daños no hubo ninguno."
     )
-    print("\n| " + " | ".join(COLUMNS) + " |\n" + "|---" * len(COLUMNS) + "|")
-    for row in rows:
-        print("| " + " | ".join([NAMES[row[0]], WAYS[row[1]], *map(str, row[2:])]) + " |")
+    named = [[NAMES[row[0]], WAYS[row[1]], *row[2:]] for row in rows]
+    print("\n" + table(dict.fromkeys(COLUMNS, TEXT), named))
 
 
 if __name__ == "__main__":

@@ -11,13 +11,13 @@ Prints its section of docs/fiabilidad.md. Its short form is the test program.end
 import concurrent.futures
 import dataclasses
 import json
-import pathlib
 import signal
 import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT, TEXT, TYPED, say, table
+
 EXECUTABLE = ROOT / "build" / "dev" / "bin" / "cuadrado-latino"
 DRIVERS = ROOT / "tests" / "program"
 
@@ -52,7 +52,6 @@ SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 ANSWERS = ("guardar", "descartar", "cancelar")
 FIRST_QUESTION, NO_MORE_QUESTION = 15.0, 3.0  # seconds to wait for one
 MORE_THAN_ONE_CALL = 1.2
-CHANGED = b" 7.0000000E+0000"
 
 
 class Cell:
@@ -125,7 +124,7 @@ class Cell:
         }[answer]
         written = [name for name in after if after[name] != self.before.get(name)]
         whole = [name for name in written if after[name].endswith(b"\r\n")]
-        changed = [name for name in written if CHANGED in after[name]]
+        changed = [name for name in written if TYPED in after[name]]
         self.must(len(written) == files, f"{answer}: written {sorted(written)} instead of {files}")
         self.must(whole == written, "a file that was written half")
         self.must(len(changed) == typed_in, f"{answer}: what was typed is in {sorted(changed)}")
@@ -148,7 +147,9 @@ class Cell:
         return {0: end, 1: f"1 guardado, {end}"}.get(written, f"{written} guardados, {end}")
 
     def told_of_the_loss(self):
-        return "lo que no estaba guardado se perdió" in self.life.told()
+        from endings import NOT_SAVED
+
+        return NOT_SAVED in self.life.told()
 
 
 def by_signal(state, number, answer):
@@ -219,22 +220,23 @@ def without_display(state):
         display.close()
 
 
-class Table:
+class Lives:
     def __init__(self):
-        self.lives = 0
+        self.count = 0
         self.faults = []
 
     def cell(self, end, *arguments):
         words = [getattr(argument, "brought_about", argument) for argument in arguments]
-        print(end.__name__, *words, file=sys.stderr, flush=True)
-        self.lives += 1
+        say(" ".join(map(str, [end.__name__, *words])))
+        self.count += 1
         try:
             seen, faults = end(*arguments)
         except (AssertionError, subprocess.TimeoutExpired) as error:
             seen, faults = "¿?", [str(error)]
-        for fault in faults:
-            print("FOUND", *words, fault, file=sys.stderr, flush=True)
-        self.faults += [f"{' '.join(map(str, words))}: {fault}" for fault in faults]
+        found = [f"{' '.join(map(str, words))}: {fault}" for fault in faults]
+        for fault in found:
+            say(f"FOUND {fault}")
+        self.faults += found
         return seen
 
     def row(self, caption, state):
@@ -249,15 +251,15 @@ class Table:
         if nothing_asked:
             cells += ["—", "—", "—"]
         cells += [" / ".join(seen), self.cell(without_display, state)]
-        return f"| {caption} | {' | '.join(cells)} |"
+        return [caption, *cells]
 
 
 def drive(caption):
     """One row, on a display of its own: the lives of a state wait more than they compute."""
     sys.path.insert(0, str(DRIVERS))
-    table = Table()
-    row = table.row(caption, STATES[caption])
-    json.dump({"row": row, "lives": table.lives, "faults": table.faults}, sys.stdout)
+    lives = Lives()
+    row = lives.row(caption, STATES[caption])
+    json.dump({"row": row, "lives": lives.count, "faults": lives.faults}, sys.stdout)
 
 
 def driven(caption):
@@ -284,11 +286,9 @@ respuestas guardar / descartar / cancelar. Cancelar es responder que sí y no da
 archivo se guarda en él antes. Se comprobó además que se preguntara por cada editor, que se guardara en cada
 archivo lo que debía, entero, y ningún otro cambiara, que no quedaran archivos sueltos, y que quien terminó sin
 preguntar lo dijera.
-
-| estado | guardar | descartar | cancelar | segunda señal | fin de la sesión | sin pantalla |
-|---|---|---|---|---|---|---|""")
-    for result in results:
-        print(result["row"])
+""")
+    columns = ["estado", *ANSWERS, "segunda señal", "fin de la sesión", "sin pantalla"]
+    print(table(dict.fromkeys(columns, TEXT), (result["row"] for result in results)))
     if faults := [fault for result in results for fault in result["faults"]]:
         sys.exit("\n".join(faults))
 

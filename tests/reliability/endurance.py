@@ -14,7 +14,8 @@ import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, decimal, table
+
 PROGRAM = ROOT / "build" / "dev" / "bin" / "endurance"
 CYCLES = 1000
 SHORT_CYCLES = 60
@@ -62,20 +63,14 @@ def problems(left: list[Left], warming: int) -> list[str]:
     return found
 
 
-def decimal(number: float, digits: int) -> str:
-    return f"{number:.{digits}f}".replace(".", ",")
-
-
-def table(left: list[Left], warming: int) -> str:
+def figures(left: list[Left], warming: int) -> str:
     chosen = [one for one in left if one.cycle in (1, 10) or one.cycle % warming == 0]
-    lines = ["| Ciclo | Memoria pedida, MB | Memoria del proceso, MB | Ventanas y controles | Archivos abiertos |",
-             "|---:|---:|---:|---:|---:|"]
-    lines += [
-        f"| {one.cycle} | {decimal(one.heap / 1e6, 3)} | {decimal(one.own * 1024 / 1e6, 1)} | {one.widgets} "
-        f"| {one.files} |"
+    columns = ["Ciclo", "Memoria pedida, MB", "Memoria del proceso, MB", "Ventanas y controles", "Archivos abiertos"]
+    rows = (
+        [one.cycle, decimal(one.heap / 1e6, 3), decimal(one.own * 1024 / 1e6, 1), one.widgets, one.files]
         for one in chosen
-    ]
-    return "\n".join(lines)
+    )
+    return table(dict.fromkeys(columns, NUMBER), rows)
 
 
 def main(arguments: list[str]) -> int:
@@ -101,7 +96,7 @@ def main(arguments: list[str]) -> int:
         f"tras todos los ciclos. Desde el ciclo {warming} la memoria pedida cambió {decimal(grown / 1e3, 1)} kB por cada "
         "100 ciclos; el límite es 1 MB."
     )
-    print(f"\n{table(left, warming)}")
+    print(f"\n{figures(left, warming)}")
     print(
         "\nDentro de una ventana, cada paso que se puede deshacer ocupa memoria hasta que ella se cierra; no hay límite "
         f"de pasos. Corregir mil veces una observación ocupó {step} bytes por vez."

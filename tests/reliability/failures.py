@@ -12,6 +12,8 @@ import pathlib
 import subprocess
 import sys
 
+from section import TEXT, table
+
 PROGRAM = pathlib.Path("build/dev/bin/test_reliability_failing_saves")
 FILES = {
     "cuadrado.asc", "reporte.txt", "puntual.bmp", "acumulada.bmp", "datos.txt", "potencia.bmp", "potencia.txt",
@@ -58,22 +60,21 @@ def figures(text):
 
 
 def calls_table(rows):
-    yield (
-        "| archivo | archivos sin nombre | corridas | guardado | no guardado, y dicho "
-        "| escrito sin que el disco confirme la carpeta, y dicho | guardado sin algo del anterior, y dicho "
-        "| restos que no se podían borrar | hallazgos |"
-    )
-    yield "|---|---|---|---|---|---|---|---|---|"
-    for kind, file, runs, saved, refused, unconfirmed, not_kept, strays in rows:
-        counts = " | ".join((runs, saved, refused, unconfirmed, not_kept, strays))
-        yield f"| `{file}` | {UNNAMED[kind]} | {counts} | 0 |"
+    columns = [
+        "archivo", "archivos sin nombre", "corridas", "guardado", "no guardado, y dicho",
+        "escrito sin que el disco confirme la carpeta, y dicho", "guardado sin algo del anterior, y dicho",
+        "restos que no se podían borrar", "hallazgos",
+    ]  # fmt: skip
+    named = ([f"`{file}`", UNNAMED[kind], *counts, 0] for kind, file, *counts in rows)
+    return table(dict.fromkeys(columns, TEXT), named)
 
 
 def room_table(rows):
-    yield "| archivo | falta | corridas | guardado, porque cabía | no guardado, y dicho | hallazgos |"
-    yield "|---|---|---|---|---|---|"
-    for kind, file, runs, saved in rows:
-        yield f"| `{file}` | {LIMITS[kind]} | {runs} | {saved} | {int(runs) - int(saved)} | 0 |"
+    columns = ["archivo", "falta", "corridas", "guardado, porque cabía", "no guardado, y dicho", "hallazgos"]
+    named = (
+        [f"`{file}`", LIMITS[kind], runs, saved, int(runs) - int(saved), 0] for kind, file, runs, saved in rows
+    )
+    return table(dict.fromkeys(columns, TEXT), named)
 
 
 def total(rows):
@@ -94,7 +95,7 @@ def body(found):
         "borrarlo: ese se fue al guardar otra vez."
     )
     yield ""
-    yield from calls_table(found["FIGURES"])
+    yield calls_table(found["FIGURES"])
     yield ""
     room = total(found["ROOM"])
     if any(row[0] == "full" for row in found["ROOM"]):
@@ -109,7 +110,7 @@ def body(found):
         "algo más:"
     )
     yield ""
-    yield from room_table(found["ROOM"])
+    yield room_table(found["ROOM"])
 
 
 def main(arguments):

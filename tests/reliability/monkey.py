@@ -20,7 +20,8 @@ import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, spanish, table
+
 PROGRAM = ROOT / "build" / "asan" / "bin" / "monkey"
 LOGS = ROOT / "build" / "monkey"
 SEEDS = "1 2 3 4 5"
@@ -165,7 +166,7 @@ def main(arguments: list[str]) -> int:
         return 1
     if is_short:
         return 0
-    minutes = f"{seconds / 60:g}".replace(".", ",")
+    minutes = spanish(f"{seconds / 60:g}")
     print(
         "Un programa que hace de usuario sin juicio maneja la ventana principal verdadera: escribe, pega, borra, "
         "deshace, guarda, carga, analiza, grafica, abre hasta 50 ventanas y las cierra, por teclado y con el ratón, "
@@ -176,9 +177,8 @@ def main(arguments: list[str]) -> int:
         "los comprobadores de memoria y de comportamiento indefinido; un paso que gasta más de 2 s de procesador, "
         "o que no termina, es una falla."
     )
-    print("\n| Semilla | Minutos | Pasos | Fallas |\n|---:|---:|---:|---:|")
-    for seed, walk in walks.items():
-        print(f"| {seed} | {minutes} | {len(walk.steps)} | 0 |")
+    columns = dict.fromkeys(["Semilla", "Minutos", "Pasos", "Fallas"], NUMBER)
+    print("\n" + table(columns, ([seed, minutes, len(walk.steps), 0] for seed, walk in walks.items())))
     return 0
 
 

@@ -19,7 +19,8 @@ import sys
 import tempfile
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, TEXT, TYPED, say, table
+
 BUILD = ROOT / "build" / "dev"
 EXECUTABLE = BUILD / "bin" / "cuadrado-latino"
 DRIVERS = ROOT / "tests" / "program"
@@ -27,7 +28,6 @@ ON_DISPLAY = "--on-display"
 
 LOCALES = ("C", "es_ES", "es_MX", "de_DE", "tr_TR")
 STRANGER_ID = 65534  # nobody
-CHANGED = b" 7.0000000E+0000"
 
 
 def as_stranger():
@@ -127,7 +127,7 @@ class Day:
             self._wait_for_title("Guardar Archivo")
             self._xdotool("type", "--delay", 20, path)
             self._xdotool("key", "Return")
-            self._wait_for("the file", lambda: path.is_file() and CHANGED in path.read_bytes())
+            self._wait_for("the file", lambda: path.is_file() and TYPED in path.read_bytes())
             self._process.send_signal(signal.SIGTERM)
             status = self._process.wait(timeout=15)
             strays = [file.name for file in self._folder.iterdir() if file != path]
@@ -162,7 +162,7 @@ def undecodable_names(scratch):
         xdotool("type", "--delay", 20, "nuevo.asc")
         xdotool("key", "Return")
         saved = os.path.join(folder, b"nuevo.asc")
-        wait_for("the file", lambda: os.path.isfile(saved) and CHANGED in contents(saved))
+        wait_for("the file", lambda: os.path.isfile(saved) and TYPED in contents(saved))
         if everything_below(scratch) != before | {saved}:
             return "another file was written, or has gone"
         return None if contents(alien) == content else "the other file was written"
@@ -193,13 +193,13 @@ def visit(short):
         folder.chmod(0o755)
     rows, faults = [], []
     for place in quick_places() if short else places(scratch):
-        print(place.caption, file=sys.stderr, flush=True)
+        say(place.caption)
         if fault := Day(place, scratch).live():
             faults.append(f"{place.caption}: {fault}")
-        rows.append(f"| {place.caption} | {'¡no!' if fault else 'sí'} |")
+        rows.append([place.caption, "¡no!" if fault else "sí"])
     if fault := undecodable_names(scratch):
         faults.append(f"undecodable names: {fault}")
-    print("\n".join(rows))
+    print(table({"lugar": TEXT, "guarda y termina": TEXT}, rows))
     if faults:
         sys.exit("\n".join(faults))
 
@@ -214,7 +214,7 @@ def must_have_locales():
 
 def tests_under(locale):
     """How many tests ran, and which did not pass."""
-    print(f"tests under {locale}", file=sys.stderr, flush=True)
+    say(f"tests under {locale}")
     environment = {**os.environ, "LC_ALL": f"{locale}.UTF-8"}
     environment.pop("CL_REMEMBER", None)
     command = ["ctest", "-j", str(os.cpu_count()), "-E", "^(program|reliability|packaging)", "-LE", "lint"]
@@ -240,17 +240,17 @@ def main(short):
     print("""\
 Las pruebas que no manejan el programa se corrieron bajo cada idioma, que cambia el signo decimal, el de los miles
 y, en turco, la mayúscula de la i:
-
-| idioma | pruebas | fallaron |
-|---|---:|---|""")
-    for locale, (total, failed) in suites.items():
-        print(f"| {locale}.UTF-8 | {total} | {', '.join(failed) or 'ninguna'} |")
+""")
+    columns = {"idioma": TEXT, "pruebas": NUMBER, "fallaron": TEXT}
+    rows = (
+        [f"{locale}.UTF-8", total, ", ".join(failed) or "ninguna"]
+        for locale, (total, failed) in suites.items()
+    )
+    print(table(columns, rows))
     print("""
 El programa mismo vivió un día corto en cada lugar: se escribió un dato, se guardó en un archivo, se miró el archivo y
 se terminó con SIGTERM, que sin nada por guardar da el estado 0.
-
-| lugar | guarda y termina |
-|---|---|""")
+""")
     print(visited.stdout.strip())
     print("""
 En una carpeta cuyo nombre no es UTF-8, un nombre sin carpeta se guardó en ella, y alrededor ningún otro archivo

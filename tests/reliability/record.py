@@ -16,7 +16,8 @@ import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT
+
 RECORD = ROOT / "docs" / "fiabilidad.md"
 SECTIONS = {
     "fuzzing": "Entradas al azar",

@@ -14,7 +14,8 @@ import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT, TEXT, spanish, table
+
 SHAPES = [
     (1, 1), (500, 500), (1000, 1000), (4000, 1), (20000, 1), (1, 20000), (100_000, 1), (4000, 4000),
     (16_000_000, 1),
@@ -53,7 +54,7 @@ def measured(program, shapes, limit, *mode):
         taken = steps(program, shape, *mode)
         names = [name for name, *_ in taken]
         cells = [
-            seconds.replace(".", ",") + (" (una línea)" if "No se analizan" in told else "")
+            spanish(seconds) + (" (una línea)" if "No se analizan" in told else "")
             for _, seconds, told in taken
         ]
         rows.append([f"{shape[0]} × {shape[1]}", *cells])
@@ -62,9 +63,7 @@ def measured(program, shapes, limit, *mode):
             f"{shape}: {name} {seconds} s" for name, seconds, _ in taken
             if float(seconds) > limit_of(shape, name, limit)
         ]
-    header = ["columnas × filas", *names]
-    lines = [header, ["---"] * len(header), *rows]
-    return "\n".join("| " + " | ".join(line) + " |" for line in lines), late
+    return table(dict.fromkeys(["columnas × filas", *names], TEXT), rows), late
 
 
 def main(arguments):
