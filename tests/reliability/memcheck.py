@@ -26,12 +26,22 @@ FOUND = 99
 
 # Single cases, by the test that they belong to, with the reason: those that take hours under memcheck,
 LEFT_OUT: dict[str, dict[str, str]] = {}
-# and those that fail under it and nowhere else.
+# and those that fail under it and nowhere else, because it computes numbers of 80 bits with 64.
 FAIL_UNDER_VALGRIND: dict[str, dict[str, str]] = {
+    "chart.scale": {
+        "AxisRange.FarFromZeroTheBoundsStillDiffer":
+            "Los límites más próximos que se admiten ahí son iguales con 64 bits.",
+        "AxisRange.KeepsTenBillionthsAtAMillion": "Una diezmilmillonésima junto a un millón no cabe en 64 bits.",
+        "AxisScale.NarrowRangeFarFromZeroLosesNoPixels": "Una diezmilmillonésima junto a un millón no cabe en 64 bits.",
+        "ChartViewTest.AViewOfTheLeastWidthIsGoneBackToToItsLastDigit":
+            "El redondeo del que trata, el de la última cifra de 80 bits, no se da con 64.",
+        "LinearTicks.TenBillionthsAtAMillionHaveTicks": "Una diezmilmillonésima junto a un millón no cabe en 64 bits.",
+        "TickStep.IsTheLargestRoundStepWithEnoughIntervals":
+            "El paso se compara con más cifras que las que 64 bits guardan en la cuenta.",
+    },
     "chart.control": {
         "RChart.FitContainsTheDataAtTheEndsOfTheDoubles":
-            "El rango alrededor de un dato tan grande es más estrecho que lo que 64 bits distinguen, que es con lo que "
-            "valgrind calcula los números de 80.",
+            "El rango alrededor de un dato tan grande es más estrecho que lo que 64 bits distinguen.",
         "RChart.ZoomedToTheLastDigitsItStillHasTicksAndLabels":
             "Las marcas distan menos de lo que 64 bits distinguen.",
         "RandomCalls.NeitherCrashNorHangNorBreakTheRanges":
@@ -143,7 +153,9 @@ entradas."""
         for result in results
     }  # fmt: skip
     if failed := listed(expected, results):
-        paragraphs.append("\n".join(["No pasan ahí, y sin valgrind sí:", "", *failed]))
+        paragraphs.append("\n".join([
+            "No pasan ahí, y sin valgrind sí; valgrind calcula con 64 bits los números de 80 de la gráfica:", "", *failed
+        ]))
     columns = {"Prueba": TEXT, "Casos": NUMBER, "No pasan": NUMBER, "Errores de memoria": NUMBER,
                "Minutos de procesador": NUMBER}
     paragraphs.append(table(columns, map(figures, results)))
