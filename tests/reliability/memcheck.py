@@ -144,7 +144,7 @@ expresiones regulares se interpretaron en vez de compilarse al vuelo. Tomó {clo
     if suppressed:
         paragraphs[0] += f"""
 Lo que es de las bibliotecas, y no del programa, está en `tests/reliability/memcheck.supp`, con su razón: {suppressed}
-entradas."""
+{"entrada" if suppressed == 1 else "entradas"}."""
     if left_out := listed(LEFT_OUT, results):
         paragraphs.append("\n".join(["No se corrieron:", "", *left_out]))
     expected = {
@@ -154,7 +154,8 @@ entradas."""
     }  # fmt: skip
     if failed := listed(expected, results):
         paragraphs.append("\n".join([
-            "No pasan ahí, y sin valgrind sí; valgrind calcula con 64 bits los números de 80 de la gráfica:", "", *failed
+            "No pasan ahí, aunque no es la memoria: valgrind calcula con 64 bits los números de 80 de la gráfica:", "",
+            *failed,
         ]))
     columns = {"Prueba": TEXT, "Casos": NUMBER, "No pasan": NUMBER, "Errores de memoria": NUMBER,
                "Minutos de procesador": NUMBER}
