@@ -50,7 +50,9 @@ class Life:
     def __init__(self, executable, under=(), **environment):
         self.folder = pathlib.Path(tempfile.mkdtemp(dir=os.environ["CL_SCRATCH"]))
         self.complaints = self.folder.with_suffix(".errores")
-        redirected = ("sh", "-c", 'exec "$0" "$@" 2>>"$ERRORS"')
+        # Below nohup, or in the background, it would be born deaf to what the scripts send it.
+        hearing = ("env", "--default-signal=HUP,INT,TERM")
+        redirected = (*hearing, "sh", "-c", 'exec "$0" "$@" 2>>"$ERRORS"')
         self.program = Program(
             executable, (*redirected, *under), LC_ALL="es_ES.UTF-8", ERRORS=str(self.complaints),
             **environment,

@@ -3,10 +3,9 @@
 
 #include "analysis/Frmanalisis.h"
 #include "base/SafeFile.h"
-#include "chart/control/RChart.h"
 #include "controls/RadioGroup.h"
 #include "grid/view/NTabEd.h"
-#include "power/study/PowerStudy.h"
+#include "reliability/FigureScenarios.h"
 #include "square/editor/Formeditor.h"
 #include "square/editor/GridFile.h"
 #include "square/file/LoadedSquare.h"
@@ -17,7 +16,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QImage>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QPlainTextEdit>
@@ -80,6 +78,10 @@ public:
     void run() override { m_loaded = square::loadSquare(m_name); }
     Outcome judge(bool thrown, std::string& damage) override
     {
+        const auto again = square::loadSquare(m_name);
+        damage = "it cannot be read any more";
+        if (!again.value || held(again.value->square) != m_before)
+            return Outcome::Damaged;
         if (thrown)
             return Outcome::Thrown;
         if (m_loaded.value) {
@@ -107,7 +109,7 @@ public:
                  : !isAlone()                        ? "another file was left"
                                                      : "it is not written and nobody was told";
         const bool whole = damage.ends_with("told");
-        if (!whole)
+        if (!whole || !canBeWrittenAgain(damage))
             return Outcome::Damaged;
         if (thrown)
             return Outcome::Thrown;
@@ -117,6 +119,16 @@ public:
     }
 
 private:
+    bool canBeWrittenAgain(std::string& damage)
+    {
+        const bool written = square::Export(m_table, m_name).value.has_value();
+        const bool can =
+            written && base::readFile(m_name).value_or(QByteArray()) == m_after && isAlone();
+        if (!can)
+            damage = "it cannot be written any more";
+        return can;
+    }
+
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_table{m_dialogs};
     base::Outcome<square::ExportedSquare> m_written;
@@ -144,6 +156,7 @@ public:
     void run() override
     {
         paste();
+        m_between = m_table.value(1, 1);
         m_table.undo();
     }
     Outcome judge(bool thrown, std::string& damage) override
@@ -166,12 +179,15 @@ public:
         }
         if (thrown)
             return Outcome::Thrown;
-        return told ? Outcome::Told : now == m_before ? Outcome::Unaffected : Outcome::Damaged;
+        const bool isDone = m_between == pastedValue && now == m_before;
+        return told ? Outcome::Told : isDone ? Outcome::Unaffected : Outcome::Damaged;
     }
 
 private:
     void paste() { press(m_table, Qt::Key_V, Qt::ControlModifier); }
 
+    static constexpr double pastedValue = 1.5; ///< In the first cell.
+    double m_between = 0.0;                    ///< What stood there before it was undone.
     ScriptedDialogs m_dialogs;
     grid::TNTabEd m_table{m_dialogs};
     QByteArray m_before;
@@ -238,55 +254,6 @@ private:
     State m_before;
 };
 
-class Drawing : public Scenario {
-    /// So small that the toolkit paints it without its threads, which a forked process has not.
-    static constexpr QSize size{200, 120};
-
-public:
-    Drawing()
-    {
-        m_chart.setIdAbscissa(QStringLiteral("Valores de C"));
-        m_chart.setIdOrdinate(QStringLiteral("Probabilidad"));
-        for (int x = 0; x < 40; ++x) {
-            m_chart.LineToXY(x, (x * 7) % 13);
-            m_chart.MarkAtXY(x, (x * 7) % 13, 1);
-        }
-        m_chart.FitRangeToData(5.0);
-        m_chart.resize(size);
-        run();
-        m_expected = picture();
-        m_chart.resize(size * 2); // to be laid out again
-    }
-    void run() override
-    {
-        m_chart.resize(size);
-        m_painted = picture();
-    }
-    Outcome judge(bool thrown, std::string& damage) override
-    {
-        damage = "the chart is not what it was";
-        m_chart.resize(size);
-        if (picture() != m_expected)
-            return Outcome::Damaged;
-        return thrown                    ? Outcome::Thrown
-               : m_painted == m_expected ? Outcome::Unaffected
-                                         : Outcome::Repainted;
-    }
-
-private:
-    QImage picture()
-    {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        m_chart.render(&image);
-        return image;
-    }
-
-    chart::TRChart m_chart;
-    QImage m_expected;
-    QImage m_painted;
-};
-
 template <int approach, int test>
 class Reporting : public FileScenario {
 public:
@@ -350,40 +317,6 @@ private:
     QByteArray m_data;
 };
 
-class Studying : public Scenario {
-public:
-    Studying() { m_expected = figures(); }
-    void run() override { m_figures = figures(); }
-    Outcome judge(bool thrown, std::string& damage) override
-    {
-        damage = "another power";
-        if (figures() != m_expected)
-            return Outcome::Damaged;
-        if (thrown)
-            return Outcome::Thrown;
-        return m_figures == m_expected ? Outcome::Unaffected : Outcome::Damaged;
-    }
-
-private:
-    static std::vector<double> figures()
-    {
-        power::Aleatorio generator;
-        stats::RandomIntegers integers;
-        power::StudySettings settings;
-        settings.order = 4;
-        settings.trials = 20;
-        std::vector<double> all;
-        for (const power::PowerPoint& point :
-             power::runPowerStudy(settings, generator, integers, [](const auto&) {}))
-            all.insert(all.end(), {point.difference, point.powers.c, point.powers.m, point.powers.b,
-                                   point.powers.z});
-        return all;
-    }
-
-    std::vector<double> m_expected;
-    std::vector<double> m_figures;
-};
-
 template <typename Kind>
 std::unique_ptr<Scenario> made()
 {
@@ -399,13 +332,13 @@ const std::vector<NamedScenario>& allScenarios()
         {"write", made<Writing>},
         {"paste", made<PastingAndUndoing>},
         {"load", made<Loading>},
-        {"draw", made<Drawing>},
+        {"draw", drawing},
         {"F", made<Reporting<0, 0>>},
         {"Zimmerman", made<Reporting<1, 0>>},
         {"Bennett", made<Reporting<1, 1>>},
         {"C", made<Reporting<2, 0>>},
         {"M", made<Reporting<2, 1>>},
-        {"power", made<Studying>},
+        {"power", studying},
     };
     return all;
 }

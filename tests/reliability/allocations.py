@@ -13,7 +13,8 @@ import re
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT, TEXT, table
+
 SHORT_STRIDE = 149
 NAMES = {
     "read": "leer un cuadrado",
@@ -31,7 +32,7 @@ NAMES = {
 WAYS = {"one": "esa", "all": "esa y las que siguen"}
 COLUMNS = [
     "trabajo", "fallan", "peticiones", "probadas", "sin efecto", "avisado", "interrumpido",
-    "dibujo incompleto", "fin ordenado", "fin en una biblioteca", "caída", "daño",
+    "dibujo incompleto", "fin ordenado", "caída en una biblioteca", "caída en el programa", "daño",
 ]  # fmt: skip
 
 
@@ -47,8 +48,8 @@ def is_of_the_toolkit(program, place):
 
 
 def outcomes(program, *arguments):
-    """The rows of the program. What the toolkit's own code does without memory in the program counts as
-    done in a library.
+    """The rows of the program. A crash in the toolkit's own code, compiled into the program, counts as one in
+    a library.
     """
     run = subprocess.run(
         [program, *map(str, arguments)], capture_output=True,
@@ -57,6 +58,8 @@ def outcomes(program, *arguments):
     rows = {(row[0], row[1]): row for row in (line.split("\t") for line in run.stdout.splitlines())}
     if len(rows) != len(NAMES) * len(WAYS):
         sys.exit(f"faltan trabajos\n{run.stderr}")
+    if any(int(row[3]) == 0 or sum(map(int, row[4:])) != int(row[3]) for row in rows.values()):
+        sys.exit(f"no todas tienen un final\n{run.stdout}")
     counts = {key: [int(count) for count in row[2:]] for key, row in rows.items()}
     for name, way, place in CRASH.findall(run.stderr):
         if is_of_the_toolkit(program, place):
@@ -73,19 +76,24 @@ def main(arguments):
         outcomes(program, SHORT_STRIDE)
         return
     rows = outcomes(program)
+    if left := [row[:2] for row in rows if row[2] != row[3]]:
+        sys.exit(f"no se probaron todas: {left}")
     tried = sum(row[3] for row in rows)
     print(
         f"En cada trabajo falló, una por una, cada petición de memoria que hace ({tried} procesos en total): primero "
         "solo esa, después esa y todas las que siguen. «Avisado» es el mensaje que dice que no hay memoria; "
         "«interrumpido», que el trabajo se abandona y todo queda como estaba o se puede rehacer; «fin ordenado», "
-        "que el programa termina; «fin en una biblioteca», que lo termina el código de una biblioteca que no mira "
-        "si le dieron la memoria. Después de cada fallo se miró que el archivo fuera el de antes o el nuevo, entero; que "
-        "la tabla tuviera los datos de antes o los nuevos, y se pudiera deshacer; y que el trabajo, repetido con "
-        "memoria, saliera bien. De caídas en el código propio y de daños no hubo ninguno."
+        "que la biblioteca de C++ termina el programa (std::terminate); "
+        "«caída en una biblioteca», que el sistema para el programa por lo que hace con la memoria el código de una "
+        "biblioteca, o la parte de Qt que se compila dentro del programa: se mira de quién es la instrucción, o la "
+        "llamada a la biblioteca de C en que se paró, y no quién llamó a su vez a ese código. "
+        "Después de cada proceso, también de los que terminaron así, se miró que el archivo fuera el de antes o el "
+        "nuevo, entero. En los que siguieron se miró además que la tabla tuviera los datos de antes o los nuevos, y "
+        "se pudiera deshacer; y que el trabajo, repetido con memoria, saliera bien. Caídas en el "
+        "código propio, otros finales y daños no hubo ninguno."
     )
-    print("\n| " + " | ".join(COLUMNS) + " |\n" + "|---" * len(COLUMNS) + "|")
-    for row in rows:
-        print("| " + " | ".join([NAMES[row[0]], WAYS[row[1]], *map(str, row[2:])]) + " |")
+    named = [[NAMES[row[0]], WAYS[row[1]], *row[2:]] for row in rows]
+    print("\n" + table(dict.fromkeys(COLUMNS, TEXT), named))
 
 
 if __name__ == "__main__":

@@ -21,7 +21,8 @@ import shutil
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, TEXT, UnitTest, decimal, say, table, unit_tests
+
 BUILD = ROOT / "build" / "coverage"
 PROFILES = BUILD / "profiles"
 UNREACHABLE = pathlib.Path(__file__).with_name("unreachable.txt")
@@ -62,10 +63,6 @@ class Layer:
         return 100.0 * (1 - len(self.missing) / self.branches) if self.branches else 100.0
 
 
-def say(text: str) -> None:
-    print(text, file=sys.stderr, flush=True)
-
-
 def build_and_run() -> list[pathlib.Path]:
     """Builds the unit tests, runs them, and gives their programs."""
     say("== Se compilan las pruebas con cuenta de ramas")
@@ -73,30 +70,21 @@ def build_and_run() -> list[pathlib.Path]:
     # What ccache kept may name the sources by another path, under which nothing would be counted.
     subprocess.run(["bash", "-c", script], cwd=ROOT, check=True, stdout=sys.stderr,
                    env=dict(os.environ, CCACHE_DISABLE="1"))
-    listing = json.loads(
-        subprocess.run(["ctest", "-L", "^unit$", "--show-only=json-v1"], cwd=BUILD, check=True,
-                       capture_output=True).stdout)
+    tests = unit_tests(BUILD)
     shutil.rmtree(PROFILES, ignore_errors=True)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        passed = list(pool.map(passes, listing["tests"]))
-    failed = [test["name"] for test, well in zip(listing["tests"], passed) if not well]
+        passed = list(pool.map(passes, tests))
+    failed = [test.name for test, well in zip(tests, passed) if not well]
     if failed:
         sys.exit(f"no pasan: {', '.join(failed)}")
-    return [program_of(test) for test in listing["tests"]]
+    return [test.program for test in tests]
 
 
-def program_of(test: dict) -> pathlib.Path:
-    return pathlib.Path(test["command"][-1])
-
-
-def passes(test: dict) -> bool:
+def passes(test: UnitTest) -> bool:
     """Runs a test, without the limit of time that it has as an ordinary one."""
-    say(f"== Se corre {test['name']}")
-    own = next(property["value"] for property in test["properties"] if property["name"] == "ENVIRONMENT")
-    environment = dict(os.environ, LC_ALL="es_ES.UTF-8",
-                       LLVM_PROFILE_FILE=f"{PROFILES}/{test['name']}.%p.profraw")
-    environment.update(word.split("=", 1) for word in own)
-    run = subprocess.run([program_of(test), "--gtest_brief=1"], cwd=BUILD, env=environment,
+    say(f"== Se corre {test.name}")
+    environment = {**test.environment, "LLVM_PROFILE_FILE": f"{PROFILES}/{test.name}.%p.profraw"}
+    run = subprocess.run([test.program, "--gtest_brief=1"], cwd=BUILD, env=environment,
                          stdout=sys.stderr, check=False)
     return run.returncode == 0
 
@@ -192,17 +180,17 @@ def complaints(layers: dict[str, Layer], reasons: dict[tuple[str, str, str], str
     return found
 
 
-def table(layers: dict[str, Layer]) -> str:
-    rows = ["| Capa | Líneas | Corridas | Ramas | Tomadas | Sin tomar |", "|---|---:|---:|---:|---:|---:|"]
-    for name, layer in layers.items():
-        rows.append(
-            f"| `{name}` | {layer.lines} | {percent(layer.lines_share)} | {layer.branches} | "
-            f"{percent(layer.branches_share)} | {len(layer.missing)} |")
-    return "\n".join(rows)
+def figures(layers: dict[str, Layer]) -> str:
+    columns = {"Capa": TEXT, **dict.fromkeys(["Líneas", "Corridas", "Ramas", "Tomadas", "Sin tomar"], NUMBER)}
+    return table(columns, (
+        [f"`{name}`", layer.lines, percent(layer.lines_share), layer.branches, percent(layer.branches_share),
+         len(layer.missing)]
+        for name, layer in layers.items()
+    ))
 
 
 def percent(share: float) -> str:
-    return f"{share:.1f} %".replace(".", ",")
+    return f"{decimal(share, 1)} %"
 
 
 def main() -> int:
@@ -211,7 +199,7 @@ def main() -> int:
     reasons = listed(UNREACHABLE)
     found = complaints(layers, reasons) + [f"{name}: ninguna prueba lo enlaza"
                                            for name in never_linked(files)]
-    print(INTRODUCTION.format(table=table(layers)))
+    print(INTRODUCTION.format(table=figures(layers)))
     for (file, condition, way), reason in reasons.items():
         print(f"- `{file}`: `{condition}` nunca es {way}. {reason}")
     for complaint in found:

@@ -14,7 +14,8 @@ import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, decimal, table
+
 PROGRAM = ROOT / "build" / "dev" / "bin" / "endurance"
 CYCLES = 1000
 SHORT_CYCLES = 60
@@ -26,7 +27,7 @@ PER = 100
 
 @dataclasses.dataclass
 class Left:
-    """What there is after a cycle: bytes on the heap, kB of memory of its own, counts."""
+    """What there is after a cycle: bytes on the heap, kB of memory that no file gives, counts."""
 
     cycle: int
     heap: int
@@ -50,7 +51,7 @@ def run(program: pathlib.Path, cycles: int) -> tuple[list[Left], int]:
 
 
 def problems(left: list[Left], warming: int) -> list[str]:
-    found = []
+    found = [] if all(one.own for one in left) else ["el sistema no dice la memoria del proceso"]
     for name, what in (("ventanas y controles", "widgets"), ("ventanas", "windows"), ("archivos abiertos", "files")):
         counts = sorted({getattr(one, what) for one in left})
         if len(counts) > 1:
@@ -62,20 +63,14 @@ def problems(left: list[Left], warming: int) -> list[str]:
     return found
 
 
-def decimal(number: float, digits: int) -> str:
-    return f"{number:.{digits}f}".replace(".", ",")
-
-
-def table(left: list[Left], warming: int) -> str:
+def figures(left: list[Left], warming: int) -> str:
     chosen = [one for one in left if one.cycle in (1, 10) or one.cycle % warming == 0]
-    lines = ["| Ciclo | Memoria pedida, MB | Memoria con su parte de las bibliotecas (PSS), MB | Ventanas y controles | Archivos abiertos |",
-             "|---:|---:|---:|---:|---:|"]
-    lines += [
-        f"| {one.cycle} | {decimal(one.heap / 1e6, 3)} | {decimal(one.own * 1024 / 1e6, 1)} | {one.widgets} "
-        f"| {one.files} |"
+    columns = ["Ciclo", "Memoria pedida, MB", "Memoria del proceso, MB", "Ventanas y controles", "Archivos abiertos"]
+    rows = (
+        [one.cycle, decimal(one.heap / 1e6, 3), decimal(one.own * 1024 / 1e6, 1), one.widgets, one.files]
         for one in chosen
-    ]
-    return "\n".join(lines)
+    )
+    return table(dict.fromkeys(columns, NUMBER), rows)
 
 
 def main(arguments: list[str]) -> int:
@@ -95,12 +90,13 @@ def main(arguments: list[str]) -> int:
     print(
         f"En un solo proceso, {cycles} veces: abrir un cuadrado, corregir una observación, deshacer y rehacer, guardar "
         "y analizar con las cinco pruebas, ver una distribución exacta, correr un estudio de potencia y cerrarlo todo. "
-        "Tras cada ciclo se cuenta lo que queda: la memoria pedida y sin devolver, la del proceso según el "
-        "sistema (que reparte las bibliotecas entre los programas que las usan y crece cuando otros terminan), las ventanas con sus controles y los archivos abiertos. Los dos últimos números fueron los mismos "
+        "Tras cada ciclo se cuenta lo que queda: la memoria pedida y sin devolver, la del proceso según el sistema (la "
+        "anónima y la que está en el disco de intercambio, sin lo leído de archivos y bibliotecas), las ventanas con "
+        "sus controles y los archivos abiertos. Los dos últimos números fueron los mismos "
         f"tras todos los ciclos. Desde el ciclo {warming} la memoria pedida cambió {decimal(grown / 1e3, 1)} kB por cada "
         "100 ciclos; el límite es 1 MB."
     )
-    print(f"\n{table(left, warming)}")
+    print(f"\n{figures(left, warming)}")
     print(
         "\nDentro de una ventana, cada paso que se puede deshacer ocupa memoria hasta que ella se cierra; no hay límite "
         f"de pasos. Corregir mil veces una observación ocupó {step} bytes por vez."

@@ -3,7 +3,7 @@
 // by all five tests, looks at a distribution, runs a power study and closes everything, that often.
 // After each cycle it tells what is left on the standard output:
 //
-//   cycle, bytes on the heap, kB of memory that are its own, widgets, windows, open files
+//   cycle, bytes on the heap, kB of memory that no file gives, widgets, windows, open files
 //
 // and at the end, after "step", how many bytes a step costs that can be undone.
 #include "shell/Application.h"
@@ -145,18 +145,20 @@ private:
     shell::TPrincipal m_frame{m_dialogs};
 };
 
-/// Own memory in kB, by the system's account of this process.
+/// Memory in kB that no file gives, resident or swapped out, by the system's account of this
+/// process.
 long ownMemory()
 {
     QFile account(QStringLiteral("/proc/self/smaps_rollup"));
     if (!account.open(QFile::ReadOnly))
         return 0;
-    const QList<QByteArray> lines = account.readAll().split('\n');
-    for (const QByteArray& line : lines) {
-        if (line.startsWith("Pss:"))
-            return line.mid(4).simplified().split(' ').constFirst().toLong();
+    long kilobytes = 0;
+    for (const QByteArray& line : account.readAll().split('\n')) {
+        if (line.startsWith("Anonymous:") || line.startsWith("Swap:"))
+            kilobytes +=
+                line.mid(line.indexOf(':') + 1).simplified().split(' ').constFirst().toLong();
     }
-    return 0;
+    return kilobytes;
 }
 
 } // namespace

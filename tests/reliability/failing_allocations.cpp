@@ -3,9 +3,9 @@
 //
 // failing_allocations [STRIDE] prints a line for each scenario and each way of failing: the name,
 // how (one or all from there), the number of allocations, how many of them were made to fail, and
-// how many ended unaffected, told, thrown, repainted, stopped (std::terminate, and in a library),
-// crashed, damaged. Each failure has a process of its own; every STRIDEth is tried, all without it.
-// Damage goes to stderr and is the exit code.
+// how many ended unaffected, told, thrown, repainted, stopped (std::terminate), crashed in a
+// library, crashed elsewhere, damaged. Each failure has a process of its own; every STRIDEth is
+// tried, all without it. Damage goes to stderr and is the exit code.
 #include "reliability/AllocationScenarios.h"
 #include "reliability/ShortAllocations.h"
 
@@ -14,11 +14,14 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <exception>
+#include <execinfo.h>
 #include <fcntl.h>
 #include <new>
 #include <sys/mman.h>
@@ -33,10 +36,14 @@ namespace {
 /// How a process ended that came to no outcome.
 enum Ending {
     Stopped = int(Outcome::Damaged) + 1, ///< By std::terminate().
-    StoppedInLibrary,                    ///< By a library that did not look at what it was given.
-    Crashed,                             ///< By the program's own code.
+    CrashedInLibrary,                    ///< In the code of a library.
+    Crashed,                             ///< In the program's, or ended by anything else.
     endings
 };
+
+/// What is added to an Outcome or Ending in an exit code: whatever else ends a process, a library
+/// or a sanitizer, has smaller ones.
+constexpr int toldByScenario = 100;
 
 constexpr unsigned patience = 60; // seconds, after which work that does not end is stopped
 
@@ -84,30 +91,62 @@ Outcome outcomeOf(Scenario& scenario, long number, Failing failing, Told& told)
     return outcome;
 }
 
-/// Where a child crashes: in a library, which is then a stop like std::terminate(), or here.
-void tellCrash(int, siginfo_t*, void* context)
+/// The file that an instruction was loaded from, by its place; none for what is no instruction.
+void* moduleOf(void* instruction)
 {
-    auto* const place = reinterpret_cast<void*>( // the instruction that crashed
-        static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_RIP]);
-    Dl_info there{};
-    Dl_info here{};
-    const bool isHere = dladdr(place, &there) == 0 ||
-                        dladdr(reinterpret_cast<void*>(&tellCrash), &here) == 0 ||
-                        there.dli_fbase == here.dli_fbase;
+    Dl_info info{};
+    return dladdr(instruction, &info) == 0 ? nullptr : info.dli_fbase;
+}
+
+/// The instruction that crashed, or where it is the C or C++ library's, the innermost call of
+/// another one into it: what these do with memory they are asked to do.
+void* crashedAt(void* instruction)
+{
+    const std::array servants{moduleOf(reinterpret_cast<void*>(&std::abort)),
+                              moduleOf(reinterpret_cast<void*>(&std::set_terminate))};
+    const auto serves = [&](void* place) {
+        return std::find(servants.begin(), servants.end(), moduleOf(place)) != servants.end();
+    };
+    std::array<void*, 64> calls{};
+    const auto* const end = calls.begin() + backtrace(calls.data(), int(calls.size()));
+    const auto* const crash = std::find(calls.cbegin(), end, instruction);
+    const auto* const caller = std::find_if_not(crash, end, serves);
+    if (caller == crash || caller == end)
+        return instruction;
+    return static_cast<char*>(*caller) - 1; // within the call, of which the place behind is known
+}
+
+/// Where a child crashes: in a library or here. Who called it does not count.
+void tellCrash(int signal, siginfo_t*, void* context)
+{
+    (void)short_allocations::disarm();
+    void* const place = crashedAt(
+        reinterpret_cast<void*>(static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_RIP]));
+    void* const here = moduleOf(reinterpret_cast<void*>(&tellCrash));
+    void* const there = moduleOf(place);
+    const bool isHere = there == nullptr || there == here;
     if (isHere)
-        std::snprintf(crashTold->damage.data(), crashTold->damage.size(), "crashed at %p",
-                      reinterpret_cast<void*>(static_cast<char*>(place) -
-                                              static_cast<char*>(there.dli_fbase)));
-    _exit(isHere ? Crashed : StoppedInLibrary);
+        std::snprintf(crashTold->damage.data(), crashTold->damage.size(),
+                      "crashed at %#tx by signal %d",
+                      static_cast<char*>(place) - static_cast<char*>(there), signal);
+    _exit(toldByScenario + (isHere ? Crashed : CrashedInLibrary));
+}
+
+[[noreturn]] void tellStop()
+{
+    _exit(toldByScenario + Stopped);
 }
 
 void catchCrashes(Told& told)
 {
     crashTold = &told;
+    std::array<void*, 1> first{};
+    backtrace(first.data(), 1); // the first one loads a library
     struct sigaction action {};
     action.sa_sigaction = tellCrash;
     action.sa_flags = SA_SIGINFO;
-    sigaction(SIGSEGV, &action, nullptr);
+    for (const int signal : {SIGSEGV, SIGBUS, SIGABRT, SIGTRAP})
+        sigaction(signal, &action, nullptr);
 }
 
 /// Runs the scenario in a child of this process. @return an Outcome or an Ending
@@ -118,19 +157,29 @@ int endingOf(Scenario& scenario, long number, Failing failing, Told& told)
     if (child == 0) {
         alarm(patience);
         catchCrashes(told);
+        std::set_terminate(tellStop);
         const int silence = open("/dev/null", O_WRONLY);
-        dup2(silence, STDERR_FILENO); // std::terminate() has something to say each time
-        _exit(int(outcomeOf(scenario, number, failing, told)));
+        dup2(silence, STDERR_FILENO); // what libraries say of it each time
+        _exit(toldByScenario + int(outcomeOf(scenario, number, failing, told)));
     }
     int status = 0;
     waitpid(child, &status, 0);
-    if (!scenario.filesAreWhole())
+    const auto describe = [&told](const char* what, int code) {
+        std::snprintf(told.damage.data(), told.damage.size(), "%s %d", what, code);
+    };
+    if (!scenario.filesAreWhole()) {
+        describe("a file is damaged; the process's status is", status);
         return int(Outcome::Damaged);
-    if (WIFEXITED(status))
-        return WEXITSTATUS(status);
-    if (WTERMSIG(status) == SIGALRM)
-        return int(Outcome::Damaged);
-    return WTERMSIG(status) == SIGABRT ? Stopped : Crashed;
+    }
+    if (WIFEXITED(status)) {
+        const int ending = WEXITSTATUS(status) - toldByScenario;
+        if (ending >= 0 && ending < endings)
+            return ending;
+        describe("ended with", WEXITSTATUS(status));
+        return Crashed;
+    }
+    describe("ended by signal", WTERMSIG(status));
+    return WTERMSIG(status) == SIGALRM ? int(Outcome::Damaged) : int(Crashed);
 }
 
 /// @return how many ended in damage
@@ -157,7 +206,7 @@ int tryAll(const NamedScenario& named, Failing failing, long stride, Told& told)
     std::printf("%s\t%s\t%ld\t%ld", named.name, failing == Failing::One ? "one" : "all",
                 allocations, tried);
     for (const auto ending : {int(Outcome::Unaffected), int(Outcome::Told), int(Outcome::Thrown),
-                              int(Outcome::Repainted), int(Stopped), int(StoppedInLibrary),
+                              int(Outcome::Repainted), int(Stopped), int(CrashedInLibrary),
                               int(Crashed), int(Outcome::Damaged)})
         std::printf("\t%d", counts.at(static_cast<std::size_t>(ending)));
     std::printf("\n");

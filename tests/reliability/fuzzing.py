@@ -21,7 +21,8 @@ import sys
 import tempfile
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, TEXT, decimal, table
+
 PROGRAMS = ROOT / "build" / "asan" / "bin"
 PREFIX = "fuzz_"
 CORPUS = ROOT / "tests" / "fuzz" / "corpus"
@@ -43,6 +44,10 @@ FIGURES = (
     r"^slowest_input_seconds: ([\d.]+)",
     r"^stat::peak_rss_mb: +(\d+)",
 )
+COLUMNS = {
+    "Entrada": TEXT, "Ejecuciones": NUMBER, "Minutos de reloj": NUMBER, "Minutos de procesador": NUMBER,
+    "Entradas guardadas": NUMBER, "Aristas recorridas": NUMBER, "La más lenta, s": NUMBER, "Memoria, MB": NUMBER,
+}  # fmt: skip
 AT_ONCE = 4
 MOST_MEGABYTES = 512
 # By the clock, so that it only ends what hangs: a target itself fails on a second of the processor.
@@ -100,22 +105,18 @@ def run(program, seconds, seed, folder):
                   (used.ru_utime + used.ru_stime) / 60)
 
 
-def spanish(number, decimals):
-    return f"{number:.{decimals}f}".replace(".", ",")
-
-
 def row(result):
     executions, kept, edges, slowest, megabytes = result.figures()
-    return "| " + " | ".join([
+    return [
         TARGETS[result.target][0],
         executions,
-        spanish(result.minutes, 1),
-        spanish(result.processor_minutes, 1),
+        decimal(result.minutes, 1),
+        decimal(result.processor_minutes, 1),
         kept,
         edges,
-        spanish(float(slowest), 3),
+        decimal(float(slowest), 3),
         megabytes,
-    ]) + " |"
+    ]
 
 
 def body(results, seconds):
@@ -128,9 +129,7 @@ cada observación con su fila, su columna y su tratamiento, lo que se rechaza ti
 conserva rangos, marcas y letreros que se pueden dibujar. Ninguna entrada falló, ni tardó más de 1 s de
 procesador, ni ocupó más de {MOST_MEGABYTES} MB.
 
-| Entrada | Ejecuciones | Minutos de reloj | Minutos de procesador | Entradas guardadas | Aristas recorridas | La más lenta, s | Memoria, MB |
-|---|---:|---:|---:|---:|---:|---:|---:|
-""" + "\n".join(map(row, results))
+""" + table(COLUMNS, map(row, results))
 
 
 def main(arguments):

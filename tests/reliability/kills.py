@@ -19,6 +19,8 @@ import tempfile
 import time
 from dataclasses import dataclass
 
+from section import TEXT, table
+
 LOOP = pathlib.Path("build/dev/bin/saving_loop")
 # As large as a square, as a long report, and as a bitmap.
 SIZES = (400, 20_000, 2_000_000)
@@ -107,24 +109,23 @@ def kill_often(program, size, kind, times):
 
 def body(rows):
     total = sum(figures.kills for *_, figures in rows)
-    lines = [
+    text = (
         f"Un programa que guarda una y otra vez con el mismo código que las ventanas, cada vez con otro "
         f"contenido, se mató (SIGKILL) {total} veces en un momento al azar. Cada vez se leyó el archivo: "
         "siempre estaba entero, y era el último que el programa dio por guardado o el que estaba guardando. "
         "Lo que quedó a medio hacer, con un nombre que dice de quién es, se borró al guardar otra vez "
         "con el mismo nombre. La mitad de las muertes, en un sistema de archivos que da archivos sin nombre "
-        "(O_TMPFILE); la otra mitad, como si no los diera.",
-        "",
-        "| archivos sin nombre | bytes | muertes | quedó el último dado por guardado "
-        "| quedó el que se guardaba | restos, borrados después | archivos dañados |",
-        "|---|---|---|---|---|---|---|",
-    ]
-    for kind, size, figures in rows:
-        lines.append(
-            f"| {'no' if kind else 'sí'} | {size} | {figures.kills} | {figures.old} | {figures.new} "
-            f"| {figures.strays} | 0 |"
-        )
-    return "\n".join(lines)
+        "(O_TMPFILE); la otra mitad, como si no los diera."
+    )
+    columns = [
+        "archivos sin nombre", "bytes", "muertes", "quedó el último dado por guardado", "quedó el que se guardaba",
+        "restos, borrados después", "archivos dañados",
+    ]  # fmt: skip
+    named = (
+        ["no" if kind else "sí", size, figures.kills, figures.old, figures.new, figures.strays, 0]
+        for kind, size, figures in rows
+    )
+    return f"{text}\n\n{table(dict.fromkeys(columns, TEXT), named)}"
 
 
 def main(arguments):

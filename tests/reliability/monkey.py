@@ -11,19 +11,24 @@ numbers, one for each step; a failed one is run again with ever fewer of them, a
 
 import concurrent.futures
 import dataclasses
+import math
 import os
 import pathlib
 import re
+import signal
 import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, spanish, table
+
 PROGRAM = ROOT / "build" / "asan" / "bin" / "monkey"
+LOGS = ROOT / "build" / "monkey"
 SEEDS = "1 2 3 4 5"
 SECONDS = 600
 SHORT_SEED = "20240611"
 SHORT_SECONDS = 20
+LEAST_RATE = 1000 / 600  # steps in a second, on whatever machine; in the short form a tenth of them
 SHRINKING_SECONDS = 900
 SHORT_SHRINKING_SECONDS = 90
 
@@ -36,11 +41,18 @@ class Walk:
     told: list[str]  # What each did.
     kind: str  # Of what went wrong, without what differs from run to run; empty where nothing did.
     problem: str
+    said: str  # All that the program said.
 
 
 def kind_of(line: str) -> str:
     """«editor 12: shows 5 instead of 7» and «editor 3: shows 1 instead of 2» are one mistake."""
     return re.sub(r"\d[\d.e+-]*|/\S*|«[^»]*»", "#", line)[:90]
+
+
+def how_it_ended(status: int, begun: int | None) -> str:
+    """Where the program said nothing: it may also be the system that ended it, for want of memory."""
+    way = f"was killed by {signal.Signals(-status).name}" if status < 0 else f"ended with {status}"
+    return f"{way} {'between two steps' if begun is None else 'within a step'}"
 
 
 def run(program: pathlib.Path, arguments: list[str], numbers: list[int] | None = None) -> Walk:
@@ -55,7 +67,7 @@ def run(program: pathlib.Path, arguments: list[str], numbers: list[int] | None =
         input="\n".join(map(str, numbers or [])), capture_output=True, text=True, errors="replace",
         env=environment, check=False,
     )
-    steps, told, wrong = [], [], []
+    steps, told, wrong, beside = [], [], [], []  # beside: what is said by others, such as GoogleTest
     begun = None
     for line in done.stdout.splitlines():
         word, _, rest = line.partition(" ")
@@ -70,14 +82,17 @@ def run(program: pathlib.Path, arguments: list[str], numbers: list[int] | None =
             wrong.append(rest)
         elif told and line.startswith(" "):
             told[-1] += "\n" + line
+        else:
+            beside.append(line)
     if done.returncode not in (0, 1) and begun is not None:  # it ended within a step
         steps.append(begun)
         told.append("(here the program ended)")
     if done.returncode != 0 and not wrong:
         reports = [line for line in done.stderr.splitlines() if "ERROR: " in line or "runtime error" in line]
-        wrong = [(reports or [f"ended with {done.returncode}"])[0]]
-    problem = "\n".join(wrong + (done.stderr.splitlines()[-40:] if done.returncode != 0 else []))
-    return Walk(steps, told, kind_of(wrong[0]) if wrong else "", problem)
+        wrong = [(reports or [how_it_ended(done.returncode, begun)])[0]]
+    said = beside[-40:] + done.stderr.splitlines()[-40:]
+    problem = "\n".join(wrong + (said if done.returncode != 0 else []))
+    return Walk(steps, told, kind_of(wrong[0]) if wrong else "", problem, done.stdout + done.stderr)
 
 
 def shrink(program: pathlib.Path, walk: Walk, seconds: float) -> Walk:
@@ -116,7 +131,11 @@ def shrink(program: pathlib.Path, walk: Walk, seconds: float) -> Walk:
 
 
 def report(seed: str, walk: Walk, shortest: Walk) -> str:
-    lines = [f"Seed {seed}, {len(walk.steps)} steps: {walk.kind}", f"{len(shortest.steps)} steps do it:"]
+    again = "no shorter walk failed alike" if shortest is walk else f"{len(shortest.steps)} steps do it"
+    log = LOGS / f"seed-{seed}.txt"
+    log.parent.mkdir(parents=True, exist_ok=True)
+    log.write_text(walk.said)
+    lines = [f"Seed {seed}, {len(walk.steps)} steps: {walk.kind}", f"All is in {log}; {again}:"]
     lines += [f"  {place}. {told}" for place, told in enumerate(shortest.told, 1)]
     lines += ["Again: echo " + " ".join(map(str, shortest.steps)) + " | QT_QPA_PLATFORM=offscreen monkey -"]
     return "\n".join([*lines, shortest.problem])
@@ -128,12 +147,17 @@ def main(arguments: list[str]) -> int:
     seeds = os.environ.get("CL_MONKEY_SEEDS", SHORT_SEED if is_short else SEEDS).split()
     seconds = int(os.environ.get("CL_MONKEY_SECONDS", SHORT_SECONDS if is_short else SECONDS))
 
+    least = math.ceil(seconds * LEAST_RATE / (10 if is_short else 1))
+
     def look(seed: str) -> Walk:
         walk = run(program, [seed, str(seconds)])
         print(f"   seed {seed}: {len(walk.steps)} steps {walk.kind}", file=sys.stderr, flush=True)
         if walk.kind:
             shortest = shrink(program, walk, SHORT_SHRINKING_SECONDS if is_short else SHRINKING_SECONDS)
             print(report(seed, walk, shortest), file=sys.stderr, flush=True)
+        elif len(walk.steps) < least:
+            walk.kind = f"{len(walk.steps)} steps, fewer than {least}"
+            print(f"Seed {seed}: {walk.kind}\n{walk.said[-4000:]}", file=sys.stderr, flush=True)
         return walk
 
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as two:
@@ -142,7 +166,7 @@ def main(arguments: list[str]) -> int:
         return 1
     if is_short:
         return 0
-    minutes = f"{seconds / 60:g}".replace(".", ",")
+    minutes = spanish(f"{seconds / 60:g}")
     print(
         "Un programa que hace de usuario sin juicio maneja la ventana principal verdadera: escribe, pega, borra, "
         "deshace, guarda, carga, analiza, grafica, abre hasta 50 ventanas y las cierra, por teclado y con el ratón, "
@@ -153,9 +177,8 @@ def main(arguments: list[str]) -> int:
         "los comprobadores de memoria y de comportamiento indefinido; un paso que gasta más de 2 s de procesador, "
         "o que no termina, es una falla."
     )
-    print("\n| Semilla | Minutos | Pasos | Fallas |\n|---:|---:|---:|---:|")
-    for seed, walk in walks.items():
-        print(f"| {seed} | {minutes} | {len(walk.steps)} | 0 |")
+    columns = dict.fromkeys(["Semilla", "Minutos", "Pasos", "Fallas"], NUMBER)
+    print("\n" + table(columns, ([seed, minutes, len(walk.steps), 0] for seed, walk in walks.items())))
     return 0
 
 

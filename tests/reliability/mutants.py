@@ -10,9 +10,13 @@ that know these layers without a window. A mistake that does not compile is repl
 Those that change nothing are listed, with the reason, in equivalent_mutants.txt; those of which the
 compiler makes the very same programs are not looked at any further.
 
+At the start and after every fifty mistakes the tests run without any, and fail the section where they
+do not pass: tests that fail anyway would notice everything.
+
 The draw depends on the seed and the lines alone: a line that changes changes no other mistake. What
 was found stays in build/mutants while neither sources nor tests change, so that a run that was stopped
-goes on where it was; with --keep also when they did, to work on those that are left.
+goes on where it was, less the mistakes after which the tests did not run without any; with --keep also
+when sources or tests did change, to work on those that are left.
 """
 
 import collections
@@ -30,12 +34,12 @@ import subprocess
 import sys
 import threading
 import time
-from collections.abc import Sequence
+from collections.abc import Callable, Sequence
 
 import mutations
 from mutations import Mutant
+from section import ROOT, row as table_row
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
 TREE = ROOT / "build" / "mutants"
 EQUIVALENTS = pathlib.Path(__file__).with_name("equivalent_mutants.txt")
 LAYERS = ("src/base", "src/record", "src/square/file", "src/stats")
@@ -49,6 +53,7 @@ PROGRAMS = (
 SEEDS = (1, 2)
 DRAWN = 100
 WORKERS = 2
+BETWEEN_CHECKS = 50
 SLOWEST = 900  # seconds for a program of tests that waits without computing
 MEMORY = 6 << 30
 CONFIGURATION = (
@@ -91,17 +96,23 @@ class Workshop:
                        check=True, stdout=subprocess.DEVNULL)
         if not self.compiles():
             sys.exit(f"{self.build}: no compila sin ningún error sembrado")
-        sound = self.scratch.with_name("sound.json")
-        known = json.loads(sound.read_text()) if sound.is_file() else {}
+        self.programs = {program: self.digest(program) for program in PROGRAMS}
+        self.must_pass()
+
+    def check(self) -> None:
+        """Whether all is again as it was before the mistakes."""
+        if not self.compiles():
+            sys.exit(f"{self.build}: ya no compila sin ningún error sembrado")
         for program in PROGRAMS:
-            digest = self.digest(program)
-            if known.get(program, [""])[0] != digest:
-                failure = self.failure_of(program)
-                if failure:
-                    sys.exit(f"{program}: falla sin ningún error sembrado: {failure}")
-                known[program] = [digest, self.seconds[program]]
-                sound.write_text(json.dumps(known))
-            self.programs[program], self.seconds[program] = known[program]
+            if self.digest(program) != self.programs[program]:
+                sys.exit(f"{program}: ya no es el mismo programa sin ningún error sembrado")
+        self.must_pass()
+
+    def must_pass(self) -> None:
+        say(f"se prueba {self.build.relative_to(ROOT)} sin ningún error sembrado")
+        for program in PROGRAMS:
+            if failure := self.failure_of(program):
+                sys.exit(f"{program}: falla sin ningún error sembrado: {failure}")
 
     def compiles(self, programs: Sequence[str] = PROGRAMS) -> bool:
         built = subprocess.run(["ninja", "-C", self.build, "-j1", *map(target, programs)],
@@ -238,32 +249,56 @@ class Findings:
 
     def add(self, mutant: Mutant, verdict: tuple[str, str]) -> None:
         self.verdicts[(*mutant.key, mutant.start)] = verdict
+
+    def save(self) -> None:
         text = json.dumps({"state": self.state, "verdicts": list(self.verdicts.items())})
         self.path.write_text(text)
 
 
-def tried(seed: int, workshops: queue.Queue[Workshop], findings: Findings) -> list[Mutant]:
-    """The mistakes of a seed that compile, each with its verdict among the findings."""
+class Yard:
+    """All the workshops, which judge at the same time."""
 
-    def judge(mutant: Mutant) -> tuple[Mutant, tuple[str, str]]:
-        workshop = workshops.get()
+    def __init__(self) -> None:
+        self.workshops = [Workshop(number) for number in range(1, WORKERS + 1)]
+        self.free: queue.Queue[Workshop] = queue.Queue()
+        for workshop in self.workshops:
+            self.free.put(workshop)
+
+    def each(self, work: Callable[[Workshop], None]) -> None:
+        with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+            list(pool.map(work, self.workshops))
+
+    def judge(self, mutant: Mutant) -> tuple[Mutant, tuple[str, str]]:
+        workshop = self.free.get()
         try:
-            workshop.prepare()
             return mutant, workshop.verdict(mutant)
         finally:
-            workshops.put(workshop)
+            self.free.put(workshop)
 
+    def judge_all(self, mutants: list[Mutant], findings: Findings) -> None:
+        """What was found counts once the tests have passed without a mistake before and after."""
+        if not mutants:
+            return
+        self.each(Workshop.prepare)
+        with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+            for judged in concurrent.futures.as_completed([pool.submit(self.judge, m) for m in mutants]):
+                mutant, verdict = judged.result()
+                findings.add(mutant, verdict)
+                say(f"{verdict[0]}: {mutant.file} ({mutant.kind}; {verdict[1]})\n"
+                    f"    - {mutant.before}\n    + {mutant.after}")
+        self.each(Workshop.check)
+        findings.save()
+
+
+def tried(seed: int, yard: Yard, findings: Findings) -> list[Mutant]:
+    """The mistakes of a seed that compile, each with its verdict among the findings."""
     order = iter(drawn(seed))
     chosen: list[Mutant] = []
     while len(chosen) < DRAWN:
         batch = [next(order) for _ in range(DRAWN - len(chosen))]
         new = sorted((mutant for mutant in batch if not findings.of(mutant)), key=lambda m: m.file)
-        with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
-            for judged in concurrent.futures.as_completed([pool.submit(judge, m) for m in new]):
-                mutant, verdict = judged.result()
-                findings.add(mutant, verdict)
-                say(f"{verdict[0]}: {mutant.file} ({mutant.kind}; {verdict[1]})\n"
-                    f"    - {mutant.before}\n    + {mutant.after}")
+        for start in range(0, len(new), BETWEEN_CHECKS):
+            yard.judge_all(new[start : start + BETWEEN_CHECKS], findings)
         chosen += [mutant for mutant in batch if findings.of(mutant)[0] != BROKEN]
     return chosen
 
@@ -288,8 +323,8 @@ def section_of(seed: int, mutants: list[Mutant], findings: Findings, reasons) ->
             print(f"vivo: {mutant.file} ({mutant.kind})\n    - {mutant.before}\n    + {mutant.after}",
                   file=sys.stderr)
     broken = sum(1 for verdict in findings.verdicts.values() if verdict[0] == BROKEN)
-    row = (f"| {seed} | {len(mutants)} | {broken} | {verdicts[KILLED]} | {verdicts[SAME]} | "
-           f"{verdicts['igual']} | {verdicts[SURVIVED]} |")
+    row = table_row([seed, len(mutants), broken, verdicts[KILLED], verdicts[SAME], verdicts["igual"],
+                     verdicts[SURVIVED]])
     killed_by = ", ".join(f"{name} {count}" for name, count in killers.most_common())
     return "\n".join([row, killed_by, *lines]), verdicts[SURVIVED]
 
@@ -300,13 +335,11 @@ def main(arguments: list[str]) -> int:
     os.nice(10)
     now = state()
     reasons = mutations.listed(EQUIVALENTS)
-    workshops: queue.Queue[Workshop] = queue.Queue()
-    for number in range(1, WORKERS + 1):
-        workshops.put(Workshop(number))
+    yard = Yard()
     rows, details, left = [], [], 0
     for seed in seeds:
         findings = Findings(seed, now, "--keep" in arguments)
-        mutants = tried(seed, workshops, findings)
+        mutants = tried(seed, yard, findings)
         text, alive = section_of(seed, mutants, findings, reasons)
         row, killed_by, *lines = text.split("\n")
         rows.append(row)
@@ -324,7 +357,8 @@ negada, una sentencia quitada, otro valor devuelto, un bucle que da una sola vue
 copia del código, que se compila y corre las pruebas de esas capas y de las que las usan sin ventanas; el que no compila
 se cambia por el siguiente del sorteo. «Mismo programa»: el compilador hace con el error, byte por byte, los mismos
 programas de prueba. «Sin efecto»: nada de lo que cambia puede verse, por el motivo que se da abajo. «Vivos»: los que
-ninguna prueba notó, que deben ser 0.
+ninguna prueba notó, que deben ser 0. Sin ningún error sembrado las mismas pruebas corrieron al comienzo y cada
+cincuenta errores, y pasaron siempre.
 
 | Semilla | Errores | No compilaban | Notados | Mismo programa | Sin efecto | Vivos |
 |---:|---:|---:|---:|---:|---:|---:|

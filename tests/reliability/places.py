@@ -19,7 +19,8 @@ import sys
 import tempfile
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import NUMBER, ROOT, TEXT, TYPED, say, table
+
 BUILD = ROOT / "build" / "dev"
 EXECUTABLE = BUILD / "bin" / "cuadrado-latino"
 DRIVERS = ROOT / "tests" / "program"
@@ -27,7 +28,6 @@ ON_DISPLAY = "--on-display"
 
 LOCALES = ("C", "es_ES", "es_MX", "de_DE", "tr_TR")
 STRANGER_ID = 65534  # nobody
-CHANGED = b" 7.0000000E+0000"
 
 
 def as_stranger():
@@ -48,11 +48,18 @@ class Place:
     def command(self):
         missing = [name for name, value in self.variables.items() if value is None]
         unset = [argument for name in missing for argument in ("-u", name)]
-        return ["env", *unset, *(as_stranger() if self.stranger else []), EXECUTABLE]
+        # In the background or below nohup it would be born deaf to the signal that ends its day.
+        return ["env", "--default-signal=TERM", *unset, *(as_stranger() if self.stranger else []), EXECUTABLE]
 
     def environment(self):
         given = {name: value for name, value in self.variables.items() if value is not None}
         return {**os.environ, "LC_ALL": "es_ES.UTF-8", **given}
+
+
+def must_be_closed(folder):
+    """Root may do everything, and so may those whom the system treats like him."""
+    if subprocess.run([*as_stranger(), "test", "-w", folder], check=False).returncode == 0:
+        sys.exit(f"places: whoever has no permission may write into {folder}")
 
 
 def quick_places():
@@ -67,6 +74,10 @@ def quick_places():
 def places(scratch):
     read_only = scratch / "solo lectura"
     read_only.mkdir(mode=0o555)
+    closed = scratch / "casa cerrada"
+    closed.mkdir(mode=0)
+    for folder in (read_only, closed):
+        must_be_closed(folder)
     undecodable = os.path.join(os.fsencode(scratch), b"datos\xf1")
     os.mkdir(undecodable)
     return [
@@ -75,7 +86,7 @@ def places(scratch):
         Place("sin ninguna variable de idioma", LC_ALL=None, LANG=None),
         Place("un idioma que el sistema no tiene", LC_ALL="xx_YY.UTF-8"),
         Place("HOME que no existe", HOME="/no/hay"),
-        Place("otro usuario, sin permiso sobre su HOME", stranger=True, HOME="/root"),
+        Place("un usuario sin permiso sobre su HOME", stranger=True, HOME=str(closed)),
         Place("carpeta actual de solo lectura", stranger=True, folder=read_only),
         Place("carpeta actual cuyo nombre no es UTF-8", folder=undecodable),
         Place("bus de mensajes que no responde", DBUS_SESSION_BUS_ADDRESS="unix:path=/no/hay"),
@@ -116,7 +127,7 @@ class Day:
             self._wait_for_title("Guardar Archivo")
             self._xdotool("type", "--delay", 20, path)
             self._xdotool("key", "Return")
-            self._wait_for("the file", lambda: path.is_file() and CHANGED in path.read_bytes())
+            self._wait_for("the file", lambda: path.is_file() and TYPED in path.read_bytes())
             self._process.send_signal(signal.SIGTERM)
             status = self._process.wait(timeout=15)
             strays = [file.name for file in self._folder.iterdir() if file != path]
@@ -139,7 +150,7 @@ def undecodable_names(scratch):
     os.mkdir(folder)
     alien = os.path.join(folder, b"viejo\xf1.asc")
     shutil.copy(ROOT / "ejemplos" / "orden3.asc", alien)
-    before = everything_below(scratch)
+    before, content = everything_below(scratch), contents(alien)
     program = subprocess.Popen([EXECUTABLE], cwd=folder, stderr=subprocess.DEVNULL)
     shows = lambda title: output("xdotool", "search", "--onlyvisible", "--name", title)  # noqa: E731
     try:
@@ -151,13 +162,20 @@ def undecodable_names(scratch):
         xdotool("type", "--delay", 20, "nuevo.asc")
         xdotool("key", "Return")
         saved = os.path.join(folder, b"nuevo.asc")
-        wait_for("the file", lambda: os.path.isfile(saved) and CHANGED in open(saved, "rb").read())
-        return None if everything_below(scratch) - before == {saved} else "another file was written"
+        wait_for("the file", lambda: os.path.isfile(saved) and TYPED in contents(saved))
+        if everything_below(scratch) != before | {saved}:
+            return "another file was written, or has gone"
+        return None if contents(alien) == content else "the other file was written"
     except AssertionError as error:
         return str(error)
     finally:
         program.kill()
         program.wait()
+
+
+def contents(path):
+    with open(path, "rb") as file:
+        return file.read()
 
 
 def everything_below(folder):
@@ -175,20 +193,28 @@ def visit(short):
         folder.chmod(0o755)
     rows, faults = [], []
     for place in quick_places() if short else places(scratch):
-        print(place.caption, file=sys.stderr, flush=True)
+        say(place.caption)
         if fault := Day(place, scratch).live():
             faults.append(f"{place.caption}: {fault}")
-        rows.append(f"| {place.caption} | {'¡no!' if fault else 'sí'} |")
+        rows.append([place.caption, "¡no!" if fault else "sí"])
     if fault := undecodable_names(scratch):
         faults.append(f"undecodable names: {fault}")
-    print("\n".join(rows))
+    print(table({"lugar": TEXT, "guarda y termina": TEXT}, rows))
     if faults:
         sys.exit("\n".join(faults))
 
 
+def must_have_locales():
+    """A locale that the system has not is silently that of C."""
+    listed = subprocess.run(["locale", "-a"], capture_output=True, text=True, check=True).stdout.lower()
+    there = {name.replace("utf-8", "utf8") for name in listed.split()}
+    if missing := [name for name in LOCALES if f"{name}.utf8".lower() not in there]:
+        sys.exit(f"places: the system has no {', '.join(missing)}.UTF-8")
+
+
 def tests_under(locale):
-    """How many tests passed, of how many, and which did not."""
-    print(f"tests under {locale}", file=sys.stderr, flush=True)
+    """How many tests ran, and which did not pass."""
+    say(f"tests under {locale}")
     environment = {**os.environ, "LC_ALL": f"{locale}.UTF-8"}
     environment.pop("CL_REMEMBER", None)
     command = ["ctest", "-j", str(os.cpu_count()), "-E", "^(program|reliability|packaging)", "-LE", "lint"]
@@ -196,11 +222,14 @@ def tests_under(locale):
         command, cwd=BUILD, env=environment, capture_output=True, text=True, check=False
     )
     failed = re.findall(r"\d+ - (\S+) \(", run.stdout)
-    total = int(re.search(r"tests failed out of (\d+)", run.stdout).group(1))
+    total = int((re.findall(r"tests failed out of (\d+)", run.stdout) or ["0"])[0])
+    if total == 0 or (run.returncode != 0 and not failed):
+        sys.exit(f"places: ctest under {locale} ended with {run.returncode}:\n{run.stdout[-2000:]}{run.stderr}")
     return total, failed
 
 
 def main(short):
+    must_have_locales()
     visited = subprocess.run(
         [DRIVERS / "on_virtual_display", __file__, ON_DISPLAY, *(["--corto"] if short else [])],
         cwd=ROOT, stdout=subprocess.PIPE, text=True, check=False,
@@ -211,22 +240,21 @@ def main(short):
     print("""\
 Las pruebas que no manejan el programa se corrieron bajo cada idioma, que cambia el signo decimal, el de los miles
 y, en turco, la mayúscula de la i:
-
-| idioma | pruebas | fallaron |
-|---|---:|---|""")
-    for locale, (total, failed) in suites.items():
-        print(f"| {locale}.UTF-8 | {total} | {', '.join(failed) or 'ninguna'} |")
+""")
+    columns = {"idioma": TEXT, "pruebas": NUMBER, "fallaron": TEXT}
+    rows = (
+        [f"{locale}.UTF-8", total, ", ".join(failed) or "ninguna"]
+        for locale, (total, failed) in suites.items()
+    )
+    print(table(columns, rows))
     print("""
 El programa mismo vivió un día corto en cada lugar: se escribió un dato, se guardó en un archivo, se miró el archivo y
 se terminó con SIGTERM, que sin nada por guardar da el estado 0.
-
-| lugar | guarda y termina |
-|---|---|""")
+""")
     print(visited.stdout.strip())
     print("""
-Nombres que no son UTF-8: un archivo así no aparece en los diálogos, de modo que no puede confundirse con otro; en
-una carpeta así, un nombre sin carpeta se guarda en ella y en ningún otro sitio. El
-programa no toma archivos de la línea de órdenes.""")
+En una carpeta cuyo nombre no es UTF-8, un nombre sin carpeta se guardó en ella, y alrededor ningún otro archivo
+apareció ni se fue; el que ya estaba en ella, con un nombre que tampoco es UTF-8, quedó como estaba.""")
     bad = [f"{locale}: {failed}" for locale, (_, failed) in suites.items() if failed]
     if visited.returncode != 0 or bad:
         sys.exit("\n".join(bad) or "places: see above")

@@ -14,12 +14,15 @@ import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from section import ROOT, TEXT, spanish, table
+
 SHAPES = [
     (1, 1), (500, 500), (1000, 1000), (4000, 1), (20000, 1), (1, 20000), (100_000, 1), (4000, 4000),
     (16_000_000, 1),
 ]  # fmt: skip
 EDITED_SHAPES = [(6, 6), (500, 500), (1000, 1000), (4000, 1), (4000, 4000)]
+ANALYSIS_STEPS = ["abrir", "F", "Zimmerman", "Bennett", "C", "M"]
+EDITOR_STEPS = ["cargar", "escribir", "pegar una fila", "deshacer", "guardar"]
 SHORT_SHAPES = [(1500, 1), (1, 1500), (4001, 1)]
 LIMIT = 2.0
 SHORT_LIMIT = 10.0  # for the machine may be busy, and the form not optimised
@@ -29,10 +32,14 @@ LARGEST_LIMIT = 10.0
 
 def steps(program, shape, *mode):
     run = subprocess.run(
-        [program, *map(str, shape), *mode], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-        env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, text=True, check=True,
+        [program, *map(str, shape), *mode], capture_output=True,
+        env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, text=True, check=False,
     )
-    return [line.split("\t", 2) for line in run.stdout.splitlines()]
+    taken = [line.split("\t", 2) for line in run.stdout.splitlines() if "\t" in line]
+    names = [name for name, *_ in taken]
+    if run.returncode != 0 or names != (EDITOR_STEPS if mode else ANALYSIS_STEPS):
+        sys.exit(f"{shape}: {names}, y terminó con {run.returncode}: {run.stderr}{run.stdout}")
+    return taken
 
 
 def limit_of(shape, step, usual):
@@ -47,7 +54,7 @@ def measured(program, shapes, limit, *mode):
         taken = steps(program, shape, *mode)
         names = [name for name, *_ in taken]
         cells = [
-            seconds.replace(".", ",") + (" (una línea)" if "No se analizan" in told else "")
+            spanish(seconds) + (" (una línea)" if "No se analizan" in told else "")
             for _, seconds, told in taken
         ]
         rows.append([f"{shape[0]} × {shape[1]}", *cells])
@@ -56,9 +63,7 @@ def measured(program, shapes, limit, *mode):
             f"{shape}: {name} {seconds} s" for name, seconds, _ in taken
             if float(seconds) > limit_of(shape, name, limit)
         ]
-    header = ["columnas × filas", *names]
-    lines = [header, ["---"] * len(header), *rows]
-    return "\n".join("| " + " | ".join(line) + " |" for line in lines), late
+    return table(dict.fromkeys(["columnas × filas", *names], TEXT), rows), late
 
 
 def main(arguments):

@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QFile>
 #include <QMenu>
 #include <QTest>
 
@@ -19,7 +20,21 @@ constexpr int moreThanOneCall = 1100; // ms
 
 class UnchosenEnd : public Principal {
 protected:
-    UnchosenEnd() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+    UnchosenEnd()
+    {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        qputenv("TMPDIR",
+                QFile::encodeName(folder.path())); // who dies by a signal tidies nothing up
+    }
+    ~UnchosenEnd() override
+    {
+        if (temporaryBefore.isNull())
+            qunsetenv("TMPDIR");
+        else
+            qputenv("TMPDIR", temporaryBefore);
+    }
+    UnchosenEnd(const UnchosenEnd&) = delete;
+    UnchosenEnd& operator=(const UnchosenEnd&) = delete;
 
     bool hasClosed()
     {
@@ -42,7 +57,16 @@ protected:
         dialogs.saveAnswers = {std::nullopt};
     }
 
-    std::unique_ptr<shell::UnchosenEnd> end = std::make_unique<shell::UnchosenEnd>(frame);
+    /// Also where this process was started below nohup or in the background.
+    std::unique_ptr<shell::UnchosenEnd> hearing()
+    {
+        for (const int signal : {SIGHUP, SIGINT, SIGTERM})
+            std::signal(signal, SIG_DFL);
+        return std::make_unique<shell::UnchosenEnd>(frame);
+    }
+
+    const QByteArray temporaryBefore = qgetenv("TMPDIR");
+    std::unique_ptr<shell::UnchosenEnd> end = hearing();
 };
 
 } // namespace

@@ -133,7 +133,7 @@ TEST_F(ChartViewTest, AViewOfTheLeastWidthIsGoneBackToToItsLastDigit)
     narrow.setHigh(-3.33058260439016351538e-11L);
     AxisRange again;
     again.setBounds(narrow.low(), narrow.high());
-    ASSERT_NE(again, narrow);
+    ASSERT_FALSE(again == narrow); // without its bytes, some of which mean nothing
 
     view.setRange(Axis::Y, narrow);
     const View before = view.shown();

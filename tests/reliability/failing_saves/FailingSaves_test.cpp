@@ -3,7 +3,8 @@
 // the file is the old one or the new one, whole, and the user knows which. With CL_LARGO in the
 // environment all errors in all ways, otherwise a few.
 //
-// A line of figures for each file is written to the standard output.
+// A line of figures for each file is written to the standard output, and one with the calls that
+// failed.
 #include "reliability/failing_saves/SevenSaves.h"
 
 #include "base/SafeFile.h"
@@ -14,7 +15,7 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <map>
+#include <set>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -139,6 +140,7 @@ protected:
                      std::to_string(fault.error) + " from call " + std::to_string(fault.first) +
                      ", failed:" + calls + "; told: " + (told.error + told.notice).toStdString());
         ++figures.runs;
+        callsThatFailed.insert(failed.begin(), failed.end());
 
         const std::optional<QByteArray> now = base::readFile(pathOf(save));
         const bool isNew = now == whole;
@@ -193,7 +195,13 @@ protected:
             EXPECT_GT(figures.saved, 5);
             EXPECT_GT(figures.refused, 5);
         }
+        std::printf("CALLS\t%s", kind);
+        for (const std::string& call : callsThatFailed)
+            std::printf("\t%s", call.c_str());
+        std::printf("\n");
     }
+
+    std::set<std::string> callsThatFailed;
 };
 
 } // namespace
