@@ -114,31 +114,15 @@ void namePicture(const QMessageBox& box, const QString& name)
         picture->setAccessibleName(name);
 }
 
-Answer ask(QWidget* parent, const QString& text, const QString& caption, Answer ofReturn)
-{
-    Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
-    box->setTextFormat(Qt::PlainText);
-    namePicture(*box, QStringLiteral("Pregunta"));
-    // Neither button takes the reject role, so Escape and the box's close button answer nothing.
-    QPushButton* yes = box->addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
-    QPushButton* no = box->addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
-    box->setDefaultButton(ofReturn == Answer::Yes ? yes : no);
-    if (!box.run())
-        return Answer::None;
-    const QAbstractButton* clicked = box->clickedButton();
-    return clicked == yes ? Answer::Yes : clicked == no ? Answer::No : Answer::None;
-}
-
 /// As Qt's own file dialog asks: the Return that confirmed the name, pressed twice, overwrites
 /// nothing.
-bool agreesToOverwrite(QWidget* parent, const QString& fileName, const QString& title)
+bool agreesToOverwrite(Dialogs& dialogs, QWidget* parent, const QString& fileName,
+                       const QString& title)
 {
     const QFileInfo file(fileName);
-    return !file.exists() || ask(parent,
-                                 QStringLiteral("El archivo «%1» ya existe.\n¿Desea "
-                                                "reemplazarlo?")
-                                     .arg(file.fileName()),
-                                 title, Answer::No) == Answer::Yes;
+    const QString question = QStringLiteral("El archivo «%1» ya existe.\n¿Desea reemplazarlo?");
+    return !file.exists() || dialogs.askYesNo(parent, question.arg(file.fileName()), title,
+                                              Answer::No) == Answer::Yes;
 }
 
 QString missingFolder(const QString& fileName)
@@ -159,7 +143,17 @@ void QtDialogs::showError(QWidget* parent, const QString& text, const QString& c
 Answer QtDialogs::askYesNo(QWidget* parent, const QString& text, const QString& caption,
                            Answer ofReturn)
 {
-    return ask(parent, text, caption, ofReturn);
+    Modal<QMessageBox> box(QMessageBox::Question, caption, text, QMessageBox::NoButton, parent);
+    box->setTextFormat(Qt::PlainText);
+    namePicture(*box, QStringLiteral("Pregunta"));
+    // Neither button takes the reject role, so Escape and the box's close button answer nothing.
+    QPushButton* yes = box->addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    QPushButton* no = box->addButton(QStringLiteral("&No"), QMessageBox::DestructiveRole);
+    box->setDefaultButton(ofReturn == Answer::Yes ? yes : no);
+    if (!box.run())
+        return Answer::None;
+    const QAbstractButton* clicked = box->clickedButton();
+    return clicked == yes ? Answer::Yes : clicked == no ? Answer::No : Answer::None;
 }
 
 std::optional<QString> QtDialogs::openFileName(QWidget* parent, const FileRequest& request)
@@ -180,7 +174,7 @@ std::optional<QString> QtDialogs::saveFileName(QWidget* parent, const FileReques
         if (!QFileInfo(*chosen).dir().exists())
             showError(parent, missingFolder(*chosen), request.title);
         else if (!asksHere ||
-                 agreesToOverwrite(parent, request.writtenName(*chosen), request.title))
+                 agreesToOverwrite(*this, parent, request.writtenName(*chosen), request.title))
             return chosen;
         if (parent != nullptr && stillThere == nullptr)
             return std::nullopt;
