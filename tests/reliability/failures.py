@@ -25,7 +25,7 @@ NO_DISK = "only root may mount a disk"
 CALLS = {
     "openat", "fstatat", "flock", "fchown", "fchmod", "fsetxattr", "write", "fsync", "close", "unlinkat",
 }  # fmt: skip
-NAMING_CALLS = {"unnamed": {"linkat", "renameat"}, "named": {"renameat"}}
+NAMING_CALLS = {"unnamed": {"linkat", "renameat2"}, "named": {"renameat2"}}
 
 
 def output(short):
