@@ -97,11 +97,13 @@ void givePermissions(mode_t permissions, int file)
 bool giveAttribute(const QByteArray& name, const QByteArray& oldPath, int file)
 {
     const std::optional<QByteArray> value = attribute(oldPath, name);
-    if (!value || attribute(file, name) == value)
-        return value.has_value();
+    if (!value)
+        return false;
     const auto size = static_cast<std::size_t>(value->size());
-    return uninterrupted(
-               [&] { return fsetxattr(file, name.constData(), value->constData(), size, 0); }) == 0;
+    const bool isGiven = uninterrupted([&] {
+                             return fsetxattr(file, name.constData(), value->constData(), size, 0);
+                         }) == 0;
+    return isGiven || attribute(file, name) == value; // such as a label that every file has here
 }
 
 /// @return whether all are there now

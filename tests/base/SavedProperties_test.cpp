@@ -205,6 +205,15 @@ TEST_F(SavedProperties, AGroupThatMayDoWhatEverybodyMayIsNotMissed)
     EXPECT_EQ(permissions(), 0644U);
 }
 
+TEST_F(SavedProperties, AnAttributeThatIsThereIsNotMissedWhateverWasReported)
+{
+    writeOld();
+    set(name(), "user.origen", "parcela 7");
+    const Disk faulty(folder(), {1, EIO, Fault::ThatCall, "fsetxattr", true});
+    EXPECT_EQ(save(), QString());
+    EXPECT_EQ(attribute("user.origen"), "parcela 7");
+}
+
 TEST_F(SavedProperties, AGroupThatMayDoLessThanEverybodyGainsNothing)
 {
     if (getuid() != 0)
