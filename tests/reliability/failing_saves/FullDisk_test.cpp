@@ -98,7 +98,7 @@ public:
         : m_folder(QFile::encodeName(folder))
     {
         m_isMounted = geteuid() == 0 && unshare(CLONE_NEWNS) == 0 &&
-                      mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                      mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0 &&
                       mount("tmpfs", m_folder.constData(), "tmpfs", 0, "size=16m") == 0;
     }
     ~SmallDisk()
