@@ -172,7 +172,9 @@ class Names(ProgramTest):
         self.check("menu of the headers", ("menu item", "Edit Identifier"))
         program.press("Down", "Return")
         self.check("identifier", ("dialog", "Identificador"))
-        program.press("Escape", "ctrl+shift+F10", "Down", "Down", "Return")
+        program.press("Escape")
+        program.wait_for_focus("table «Datos»")
+        program.press("ctrl+shift+F10", "Down", "Down", "Return")
         self.check("precision", ("dialog", "Precisión"))
 
     def test_menus_of_the_bar(self):
@@ -212,9 +214,13 @@ class Names(ProgramTest):
         program = self.program
         program.press("ctrl+a")
         self.check("open", ("dialog", "Abrir Archivo"), ("push button", "Abrir"))
-        program.press("Escape", "F2")
+        program.press("Escape")
+        program.wait_for_focus("table «Datos»")
+        program.press("F2")
         self.check("save", ("dialog", "Guardar Archivo"), ("push button", "Guardar"))
-        program.press("Escape", "F3")
+        program.press("Escape")
+        program.wait_for_focus("table «Datos»")
+        program.press("F3")
         self.check("load", ("dialog", "Abrir Archivo"))
         program.answer_file_dialog(SAMPLES / "LEEME.md")
         self.check("bad file", ("alert", "Abrir Archivo"), ("image", "Error"))
