@@ -226,6 +226,7 @@ class Names(ProgramTest):
         self.check("bad file", ("alert", "Abrir Archivo"), ("image", "Error"))
         program.press("Return")
         program.wait_until_gone("alert")
+        program.wait_for_focus("table «Datos»")
         program.type("7,5,1")
         program.press("Return")
         self.check("bad number", ("alert", "Dato no válido"), ("image", "Error"))
