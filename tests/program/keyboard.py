@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The keys of the display, struck one by one without a process for each."""
 
-from Xlib import XK, X, display
+from Xlib import XK, X, Xatom, display
+from Xlib.error import BadWindow
 from Xlib.ext import xtest
 
 MODIFIERS = {"alt": "Alt_L", "ctrl": "Control_L", "shift": "Shift_L"}
@@ -14,6 +15,18 @@ class Keyboard:
 
     def __init__(self):
         self._display = display.Display()
+        self._owner = self._display.intern_atom("_NET_WM_PID")
+
+    def goes_to(self, process):
+        """Whether a window of this process (a number) has the keys. None has them between the end of
+        a dialog and what the window manager gives them to next: a key is lost then.
+        """
+        window = self._display.get_input_focus().focus
+        try:
+            owner = window.get_full_property(self._owner, Xatom.CARDINAL)
+        except (AttributeError, BadWindow):  # no window; gone while it was looked at
+            return False
+        return owner is not None and owner.value[0] == process
 
     def down(self, name):
         """@return the code of the key, by which the display knows it"""

@@ -17,7 +17,8 @@ from keyboard import Keyboard
 
 PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loaded machine
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
-KEY_PATIENCE = 1.0  # seconds to wait until the program tells the bus of a key, or moves the focus,
+# Seconds to wait until the program has the keys, until it tells the bus of one, or moves the focus,
+KEY_PATIENCE = 1.0
 RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
 MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
@@ -284,22 +285,23 @@ class Program:
         """A watched program takes its shortcuts at once, but tells the bus of every other key and
         waits for leave to take it: only then the next key is struck.
         """
+        self._wait_briefly(lambda: self._keyboard.goes_to(self.process.pid), KEY_PATIENCE)
         self._hear()
         self._keys_told.clear()
         self._has_moved = False
         code = act(key)
         try:
-            self._wait_for_key(lambda: self._has_moved or (last, code) in self._keys_told, KEY_PATIENCE)
-            self._wait_for_key(lambda: (last, code) in self._keys_told, RELEASE_PATIENCE)
+            self._wait_briefly(lambda: self._has_moved or (last, code) in self._keys_told, KEY_PATIENCE)
+            self._wait_briefly(lambda: (last, code) in self._keys_told, RELEASE_PATIENCE)
             for answering in (pyatspi.Registry.getDesktop(0), self._frame):
                 answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         except (Gone, NotImplementedError):  # the program has ended
             return
 
-    def _wait_for_key(self, told, patience):
+    def _wait_briefly(self, is_so, patience):
         """In vain for a key that the window manager keeps, and for one that closes its window."""
         end = time.monotonic() + patience
-        while not told() and time.monotonic() < end:
+        while not is_so() and time.monotonic() < end:
             time.sleep(0.001)
             self._hear()
 
