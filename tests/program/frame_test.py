@@ -108,6 +108,7 @@ class Frame(ProgramTest):
         program = self.start()
         program.click(program.find("push button", "Nuevo Análisis"))
         program.answer_file_dialog(ROOT / "ejemplos" / "orden3.asc")
+        program.wait_for_focus("radio button «Clásico»")
         program.click(program.find("table cell", "12,500"))
         program.type("99")
         program.press("ctrl+e")

@@ -48,7 +48,7 @@ class MainPath(ProgramTest):
         program.point = locale in ("C", "es_MX")
         self.type_propellant(program)
         program.press("F2")
-        program.answer_file_dialog(data)
+        program.type_into_file_dialog(data)
         wait_for("the saved square", data.is_file)
         program.find("frame", f"Editor - {data}")
 
@@ -56,7 +56,7 @@ class MainPath(ProgramTest):
         program.click(program.find("push button", "Analizar"))
         wait_for("the report", lambda: "TOTAL" in program.text(program.find("text", "Reporte")))
         program.press("ctrl+e")
-        program.answer_file_dialog(report)
+        program.type_into_file_dialog(report)
         wait_for("the exported report", report.is_file)
         program.press("alt+F4")
         self.assertEqual(program.wait_for_end(), 0)
@@ -81,7 +81,7 @@ class MainPath(ProgramTest):
         program = self.run_program("es_ES")
         program.point = False
         program.press("F2")
-        program.answer_file_dialog(folder / "uno.asc")
+        program.type_into_file_dialog(folder / "uno.asc")
         wait_for("the saved square", (folder / "uno.asc").is_file)
         program.press("alt+F4")
         self.assertEqual(program.wait_for_end(), 0)

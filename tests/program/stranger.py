@@ -13,7 +13,7 @@ import time
 import pyatspi
 from gi.repository import Atspi, GLib
 
-from keyboard import Keyboard
+from hands import Hands
 
 PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loaded machine
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
@@ -86,7 +86,7 @@ class Program:
         self._application = None
         self._frame = None
         self._popups = []
-        self._keyboard = Keyboard()
+        self._hands = Hands()
         self._keys_told = set()  # (press or release, code of the key)
         self._has_moved = False  # the focus, since the last key
         self.focus = None  # the control that announced the focus last
@@ -260,48 +260,51 @@ class Program:
 
     def click_at(self, x, y, times=1):
         """In points of the screen."""
-        x, y = round(x * self._scale), round(y * self._scale)
-        # No --sync: it would wait in vain where the mouse is there already.
-        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
+        self._hands.click(round(x * self._scale), round(y * self._scale), times)
+        self._let_it_arrive()  # a shortcut that comes with it would overtake it
+
+    def _let_it_arrive(self):
+        """The program answers on the bus when it has taken in what the display told it."""
+        try:
+            for answering in (pyatspi.Registry.getDesktop(0), self._frame):
+                answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        except (Gone, NotImplementedError):  # the program has ended
+            return
 
     def press(self, *keys):
         """Keys and chords, such as "ctrl+a", each when the one before has arrived."""
         for key in keys:
             *modifiers, last = key.split("+")
             for modifier in modifiers:
-                self._strike(self._keyboard.down, modifier, pyatspi.KEY_PRESSED_EVENT)
+                self._strike(self._hands.down, modifier, pyatspi.KEY_PRESSED_EVENT)
                 # The leave to take Alt may come late on the bus, after the shortcut that it belongs
                 # to: a menu that is open then takes it for the end.
                 time.sleep(MODIFIER_PAUSE)
-            self._strike(self._keyboard.strike, last)
+            self._strike(self._hands.strike, last)
             for modifier in reversed(modifiers):
-                self._strike(self._keyboard.up, modifier)
+                self._strike(self._hands.up, modifier)
 
     def type(self, text):
         for character in text:
-            self._strike(self._keyboard.strike, character)
+            self._strike(self._hands.strike, character)
 
     def _strike(self, act, key, last=pyatspi.KEY_RELEASED_EVENT):
         """A watched program takes its shortcuts at once, but tells the bus of every other key and
         waits for leave to take it: only then the next key is struck.
         """
-        self._wait_briefly(lambda: self._keyboard.goes_to(self.process.pid), KEY_PATIENCE)
+        self._wait_briefly(lambda: self._hands.goes_to(self.process.pid), KEY_PATIENCE)
         self._hear()
         self._keys_told.clear()
         self._has_moved = False
         code = act(key)
-        try:
-            self._wait_briefly(lambda: self._has_moved or (last, code) in self._keys_told, KEY_PATIENCE)
-            self._wait_briefly(lambda: (last, code) in self._keys_told, RELEASE_PATIENCE)
-            for answering in (pyatspi.Registry.getDesktop(0), self._frame):
-                answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        except (Gone, NotImplementedError):  # the program has ended
-            return
+        self._wait_briefly(lambda: self._has_moved or (last, code) in self._keys_told, KEY_PATIENCE)
+        self._wait_briefly(lambda: (last, code) in self._keys_told, RELEASE_PATIENCE)
+        self._let_it_arrive()
 
     def _wait_briefly(self, is_so, patience):
         """In vain for a key that the window manager keeps, and for one that closes its window."""
         end = time.monotonic() + patience
-        while not is_so() and time.monotonic() < end:
+        while not is_so() and time.monotonic() < end and self.process.poll() is None:
             time.sleep(0.001)
             self._hear()
 
@@ -334,7 +337,15 @@ class Program:
         return ""
 
     def answer_file_dialog(self, path):
-        """Types a file name into the file dialog that is open and confirms it."""
+        """Gives the file dialog that is open a file name, as dictation software does, and confirms
+        it. Typed, a long path takes longer than all else that a script does.
+        """
+        self.wait_for_focus("text «Nombre de archivo:»")
+        self.focus.queryEditableText().setTextContents(str(path))
+        self.press("Return")
+
+    def type_into_file_dialog(self, path):
+        """As answer_file_dialog, key by key."""
         self.wait_for_focus("text «Nombre de archivo:»")
         self.press("ctrl+a")
         self.type(str(path))
