@@ -86,7 +86,7 @@ void uniformsInBlocks()
 }
 
 /// Milliseconds of the processor's time: other programs do not count.
-double processorTime()
+double processorMilliseconds()
 {
     timespec time{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -98,9 +98,9 @@ template <typename Work>
 void keepQuickest(double& quickest, int runs, const Work& work)
 {
     for (int run = 0; run < runs; ++run) {
-        const double start = processorTime();
+        const double start = processorMilliseconds();
         work();
-        quickest = std::min(quickest, processorTime() - start);
+        quickest = std::min(quickest, processorMilliseconds() - start);
     }
 }
 

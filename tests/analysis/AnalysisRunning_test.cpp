@@ -13,7 +13,7 @@
 namespace {
 
 const QString analysing = QStringLiteral("Analizando, Espere...");
-const QString complete =
+const QString completeRun =
     QStringLiteral("Análisis completo. Puede realizar otro o guardar los resultados.");
 
 class AnalysisRunning : public AnalysisFixture {
@@ -33,7 +33,7 @@ protected:
             choose(tests(), test);
             statusTexts.clear();
             run();
-            EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
+            EXPECT_EQ(statusTexts, QStringList({analysing, completeRun}));
             EXPECT_GE(reportLines().size(), 3);
             EXPECT_TRUE(dialogs.errors.empty());
         }
@@ -203,7 +203,7 @@ TEST_F(AnalysisRunning, ReplacesTheReportByTheLinesOfTheTest)
 {
     openSquare(propellantRows);
     run();
-    EXPECT_EQ(statusTexts, QStringList({analysing, complete}));
+    EXPECT_EQ(statusTexts, QStringList({analysing, completeRun}));
     const QStringList lines = reportLines();
     ASSERT_EQ(lines.size(), 13);
     EXPECT_EQ(lines[0], QStringLiteral("                 Análisis de Covarianza (Enfoque Clásico)"

@@ -19,11 +19,6 @@ class NumberText : public ::testing::Test {
     UserLocale m_point{"C"};
 };
 
-QString text(const char* expected)
-{
-    return QString::fromUtf8(expected);
-}
-
 } // namespace
 
 TEST_F(NumberText, GeneralFormIsTheShortestTextOfAtMostFifteenDigits)

@@ -45,19 +45,19 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    void showC() { showDistribution(sequences::statisticC, 'C'); }
-    void showM() { showDistribution(sequences::statisticM, 'M'); }
+    void showC() { showDistribution(sequence_distributions::statisticC, 'C'); }
+    void showM() { showDistribution(sequence_distributions::statisticM, 'M'); }
 
     QTemporaryDir folder;
     ScriptedDialogs dialogs;
     std::unique_ptr<TGrafica> window = std::make_unique<TGrafica>(dialogs);
 
 private:
-    void showDistribution(sequences::Statistic statistic, char letter)
+    void showDistribution(sequence_distributions::Statistic statistic, char letter)
     {
         const QLatin1Char name(letter);
         window->setDistribution(
-            {sequences::exactDistribution(statistic),
+            {sequence_distributions::exactDistribution(statistic),
              QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(name),
              QString(name).toLower()});
         window->ShowDistribution();

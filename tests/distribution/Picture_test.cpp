@@ -84,14 +84,14 @@ protected:
         QApplication::setPalette(palette);
     }
 
-    static void expectKept(sequences::Statistic statistic, const QString& letter)
+    static void expectKept(sequence_distributions::Statistic statistic, const QString& letter)
     {
         ASSERT_EQ(QFontInfo(QApplication::font()).family(), QStringLiteral("DejaVu Sans"))
             << "install fonts-dejavu-core";
         ScriptedDialogs dialogs;
         distribution::TGrafica window(dialogs);
         window.setDistribution(
-            {sequences::exactDistribution(statistic),
+            {sequence_distributions::exactDistribution(statistic),
              QStringLiteral("Distribución exacta de %1 para cuadrados de 3x3").arg(letter),
              letter.toLower()});
         window.ShowDistribution();
@@ -114,10 +114,10 @@ private:
 
 TEST_F(Picture, ChartsOfC)
 {
-    expectKept(sequences::statisticC, QStringLiteral("C"));
+    expectKept(sequence_distributions::statisticC, QStringLiteral("C"));
 }
 
 TEST_F(Picture, ChartsOfM)
 {
-    expectKept(sequences::statisticM, QStringLiteral("M"));
+    expectKept(sequence_distributions::statisticM, QStringLiteral("M"));
 }

@@ -11,7 +11,7 @@
 /// The exact null distributions of the statistics C and M of order 3, as real data for the charts:
 /// all 1680 sequences of three labels three times each, by the definitions of the statistics. They
 /// are worked out in integers with one division, so that equal outcomes are equal doubles.
-namespace sequences {
+namespace sequence_distributions {
 
 inline constexpr std::size_t labels = 3;
 inline constexpr std::size_t length = 9;
@@ -100,4 +100,4 @@ inline std::vector<stats::ExactFigures> exactDistribution(Statistic statistic)
     return figures;
 }
 
-} // namespace sequences
+} // namespace sequence_distributions

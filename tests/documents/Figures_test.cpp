@@ -30,14 +30,14 @@
 
 namespace {
 
-constexpr double alpha = 0.05;
+constexpr double fivePercent = 0.05;
 
 struct Square {
     int n = 0;
     stats::TMatrix matrix;
 };
 
-Square sample(const char* name)
+Square sampleSquare(const char* name)
 {
     QFile file(QStringLiteral(CL_SOURCE_DIR "/ejemplos/%1.asc").arg(QLatin1String(name)));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -53,7 +53,7 @@ Square sample(const char* name)
 /// The lines of the F table, without what stands above it.
 QStringList fTable(const Square& square)
 {
-    return stats::FTest(square.matrix, square.n, alpha).mid(2, 9);
+    return stats::FTest(square.matrix, square.n, fivePercent).mid(2, 9);
 }
 
 using SequenceTest = decltype(stats::TestC);
@@ -65,7 +65,7 @@ QStringList sequenceReport(SequenceTest* test, const Square& square)
     bool available = false;
     int count = 0;
     QString title;
-    return test(square.matrix, square.n, alpha, values, available, count, title);
+    return test(square.matrix, square.n, fivePercent, values, available, count, title);
 }
 
 /// A table with row and column names as a spreadsheet copies it.
@@ -162,10 +162,10 @@ class ManualFigures : public ::testing::Test {
 TEST_F(ManualFigures, ReportsOfTheSampleOfOrderThree)
 {
     const Chapter tests("las-pruebas");
-    const Square square = sample("orden3");
-    EXPECT_TRUE(tests.shows(stats::FTest(square.matrix, 3, alpha).mid(2)));
-    EXPECT_TRUE(tests.shows(stats::ZimmermanTest(square.matrix, 3, alpha)));
-    EXPECT_TRUE(tests.shows(stats::BennettTest(square.matrix, 3, alpha)));
+    const Square square = sampleSquare("orden3");
+    EXPECT_TRUE(tests.shows(stats::FTest(square.matrix, 3, fivePercent).mid(2)));
+    EXPECT_TRUE(tests.shows(stats::ZimmermanTest(square.matrix, 3, fivePercent)));
+    EXPECT_TRUE(tests.shows(stats::BennettTest(square.matrix, 3, fivePercent)));
     EXPECT_TRUE(tests.shows(sequenceReport(stats::TestC, square)));
     EXPECT_TRUE(tests.shows(sequenceReport(stats::TestM, square)));
 }
@@ -189,7 +189,7 @@ TEST_F(ManualFigures, GreatBlockDifferencesHideTheTreatmentsFromZimmerman)
 
 TEST_F(ManualFigures, ReportsOfThePropellant)
 {
-    const Square square = sample("propelente");
+    const Square square = sampleSquare("propelente");
     EXPECT_TRUE(Chapter("cinco-minutos").shows(fTable(square)));
     const Chapter tests("las-pruebas");
     EXPECT_TRUE(tests.shows(sequenceReport(stats::TestC, square)));
@@ -290,9 +290,9 @@ TEST_F(ManualFigures, TheLostObservation)
                     .shows({QStringLiteral("x = (5 (87 + 83 + 119) − 2 · 611) / (4 · 3) = 223 / 12 "
                                            "= 18,58")}));
     const auto errorWith = [](double value) {
-        Square square = sample("propelente");
+        Square square = sampleSquare("propelente");
         square.matrix.Elem(1, 1, value);
-        const auto anova = stats::latinSquareAnova(square.matrix, 5, alpha);
+        const auto anova = stats::latinSquareAnova(square.matrix, 5, fivePercent);
         return static_cast<double>(*anova.errorSumOfSquares);
     };
     // The estimate is the value that leaves the least error.
@@ -315,7 +315,7 @@ TEST_F(ManualFigures, TheEndOfTheTableOfC)
 
 TEST_F(ManualFigures, BennettOfThePropellantInAnyOrder)
 {
-    const Square propellant = sample("propelente");
+    const Square propellant = sampleSquare("propelente");
     std::vector<double> values;
     for (int row = 1; row <= propellant.n; ++row) {
         for (int column = 1; column <= propellant.n; ++column)
@@ -333,7 +333,7 @@ TEST_F(ManualFigures, BennettOfThePropellantInAnyOrder)
                 shuffled.Elem(column, row, *next++);
         }
         const double b = stats::BennettStatistic(shuffled, propellant.n);
-        rejected += b >= stats::ChiSquareQuantile(propellant.n - 1, 1 - alpha) ? 1 : 0;
+        rejected += b >= stats::ChiSquareQuantile(propellant.n - 1, 1 - fivePercent) ? 1 : 0;
     }
     EXPECT_TRUE(Chapter("antes-de-creer").says(QStringLiteral("cerca de dos de cada tres veces")));
     EXPECT_NEAR(static_cast<double>(rejected) / orders, 2.0 / 3, 0.04);
@@ -440,8 +440,8 @@ TEST_F(ManualFigures, TheCorrectedDecisionOfC)
         EXPECT_EQ(Chapter::number(text.left(4)), rounded(stats::NormalQuantile(level), 2));
     }
     stats::RandomIntegers integers;
-    const Square square = sample("propelente");
-    const stats::TestCResult result = stats::testC(square.matrix, 5, alpha, integers);
+    const Square square = sampleSquare("propelente");
+    const stats::TestCResult result = stats::testC(square.matrix, 5, fivePercent, integers);
     const double z = (result.statistic - result.simulated->mean) / result.simulated->deviation;
     EXPECT_EQ(rounded(z, 2), 4.07);
     EXPECT_TRUE(chapter.says(QStringLiteral("/ 0,0432 = 4,07")));

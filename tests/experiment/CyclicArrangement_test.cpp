@@ -17,7 +17,7 @@ namespace {
 using Layout = std::vector<int>;
 
 /// A square with this layout, labels by number and values that tell every cell from the others.
-experiment::LatinSquare squareOf(const Layout& layout)
+experiment::LatinSquare squareIn(const Layout& layout)
 {
     experiment::LatinSquare square;
     const int n = static_cast<int>(std::lround(std::sqrt(static_cast<double>(layout.size()))));
@@ -193,7 +193,7 @@ TEST(CyclicArrangement, FindsTheKnownNumbersOfSquares)
         int arranged = 0;
         forEachLatinSquare(n, firstRow, [&](const Layout& layout) {
             ++squares;
-            const experiment::LatinSquare square = squareOf(layout);
+            const experiment::LatinSquare square = squareIn(layout);
             if (const auto result = experiment::cyclicArrangement(square)) {
                 ++arranged;
                 expectCyclicArrangement(square, *result);
@@ -207,7 +207,7 @@ TEST(CyclicArrangement, FindsTheKnownNumbersOfSquares)
 TEST(CyclicArrangement, KeepsMostRowsThenMostColumnsInPlaceThenTreatmentsInOrder)
 {
     const auto expectBest = [](const Layout& layout, int n) {
-        const experiment::LatinSquare square = squareOf(layout);
+        const experiment::LatinSquare square = squareIn(layout);
         const auto result = experiment::cyclicArrangement(square);
         const Best best = bestOf(layout, n);
         ASSERT_EQ(result.has_value(), best.kept.first >= 0);
@@ -244,7 +244,7 @@ TEST(CyclicArrangement, LabelsComeInTheOrderOfPeople)
 TEST(CyclicArrangement, LeavesACyclicSquareAsItIs)
 {
     for (int n = 2; n <= 12; ++n) {
-        const experiment::LatinSquare square = squareOf(cyclicLayout(n));
+        const experiment::LatinSquare square = squareIn(cyclicLayout(n));
         const auto result = experiment::cyclicArrangement(square);
         ASSERT_TRUE(result);
         EXPECT_EQ(result->rows, square.rows);
@@ -259,7 +259,7 @@ TEST(CyclicArrangement, FindsShuffledCyclicSquaresOfAnyOrder)
     std::mt19937 random(17);
     for (const int n : {6, 7, 8, 9, 12, 20, 60, 101}) {
         for (int i = 0; i < 5; ++i) {
-            const experiment::LatinSquare square = squareOf(shuffled(cyclicLayout(n), n, random));
+            const experiment::LatinSquare square = squareIn(shuffled(cyclicLayout(n), n, random));
             const auto result = experiment::cyclicArrangement(square);
             ASSERT_TRUE(result) << n;
             expectCyclicArrangement(square, *result);
@@ -286,9 +286,9 @@ TEST(CyclicArrangement, FindsNoneForOtherGroupsHoweverShuffled)
     };
     std::mt19937 random(23);
     for (const auto& [n, layout] : cases) {
-        EXPECT_FALSE(experiment::cyclicArrangement(squareOf(layout)));
+        EXPECT_FALSE(experiment::cyclicArrangement(squareIn(layout)));
         for (int i = 0; i < 10; ++i)
-            EXPECT_FALSE(experiment::cyclicArrangement(squareOf(shuffled(layout, n, random))));
+            EXPECT_FALSE(experiment::cyclicArrangement(squareIn(shuffled(layout, n, random))));
     }
 }
 
@@ -304,6 +304,6 @@ TEST(CyclicArrangement, FindsNoneOnceOneCornerOfACyclicSquareIsTurned)
         std::swap(layout[0], layout[half]);
         std::swap(layout[half * width], layout[half * width + half]);
         for (int i = 0; i < 10; ++i)
-            EXPECT_FALSE(experiment::cyclicArrangement(squareOf(shuffled(layout, n, random)))) << n;
+            EXPECT_FALSE(experiment::cyclicArrangement(squareIn(shuffled(layout, n, random)))) << n;
     }
 }

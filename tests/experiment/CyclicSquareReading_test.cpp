@@ -17,14 +17,14 @@ const char* const assembly = "C 10\tD 14\tA 7\tB 8\n"
                              "A 5\tB 10\tC 11\tD 9\n"
                              "D 10\tA 10\tB 12\tC 14\n";
 
-experiment::LatinSquare read(const char* text)
+experiment::LatinSquare readSquare(const char* text)
 {
     const auto outcome = experiment::readCyclicSquare(QString::fromUtf8(text));
     EXPECT_TRUE(outcome.value) << text << "\n" << outcome.reason.toStdString();
     return outcome.value.value_or(experiment::CyclicSquare()).square;
 }
 
-std::string refusalOf(const char* text)
+std::string refusalOfSquare(const char* text)
 {
     const auto outcome = experiment::readCyclicSquare(QString::fromUtf8(text));
     EXPECT_FALSE(outcome.value) << text;
@@ -115,7 +115,7 @@ QString assemblyList(const char* header, const std::vector<int>& order, QChar se
 
 TEST(Extraction, BringsTheAssemblySquareIntoTheCyclicLayout)
 {
-    const experiment::LatinSquare square = read(assembly);
+    const experiment::LatinSquare square = readSquare(assembly);
     expectAssemblySums(square);
     EXPECT_EQ(square.rows, list({"R-1", "R-2", "R-3", "R-4"})); // no row had to move
     EXPECT_EQ(square.columns, list({"C-3", "C-2", "C-1", "C-4"}));
@@ -152,7 +152,7 @@ TEST(Extraction, ReadsTheOtherFormsOfASquare)
         "C 10,0\tD 14.0\tA 7\tB 8\nB 7\tC 1.8e1\tD 11\tA 8\nA 5\tB 10\tC 11\tD 9\nD 10\tA 10\tB "
         "12\tC 14"};
     for (const char* text : texts)
-        expectAssemblySums(read(text));
+        expectAssemblySums(readSquare(text));
 }
 
 TEST(Extraction, TakesTheNamesOfRowsAndColumns)
@@ -166,7 +166,7 @@ TEST(Extraction, TakesTheNamesOfRowsAndColumns)
         QString text = QString::fromUtf8(header);
         for (int i = 0; i < 4; ++i)
             text += rows[i] + QLatin1Char('\t') + QString::fromLatin1(lines[i]) + QLatin1Char('\n');
-        const experiment::LatinSquare square = read(text.toUtf8().constData());
+        const experiment::LatinSquare square = readSquare(text.toUtf8().constData());
         expectAssemblySums(square);
         EXPECT_EQ(square.rows, rows);
         EXPECT_EQ(square.columns, columns);
@@ -178,17 +178,19 @@ TEST(Extraction, TakesTheNamesOfRowsAndColumns)
         onlyColumns += QString::fromLatin1(lines[i]) + QLatin1Char('\n');
         onlyRows += rows[i] + QLatin1Char('\t') + QString::fromLatin1(lines[i]) + QLatin1Char('\n');
     }
-    EXPECT_EQ(read(onlyColumns.toUtf8().constData()).columns, columns);
-    EXPECT_EQ(read(onlyColumns.toUtf8().constData()).rows, list({"R-1", "R-2", "R-3", "R-4"}));
-    EXPECT_EQ(read(onlyRows.toUtf8().constData()).rows, rows);
-    EXPECT_EQ(read(onlyRows.toUtf8().constData()).columns, list({"C-3", "C-2", "C-1", "C-4"}));
+    EXPECT_EQ(readSquare(onlyColumns.toUtf8().constData()).columns, columns);
+    EXPECT_EQ(readSquare(onlyColumns.toUtf8().constData()).rows,
+              list({"R-1", "R-2", "R-3", "R-4"}));
+    EXPECT_EQ(readSquare(onlyRows.toUtf8().constData()).rows, rows);
+    EXPECT_EQ(readSquare(onlyRows.toUtf8().constData()).columns,
+              list({"C-3", "C-2", "C-1", "C-4"}));
 }
 
 TEST(Extraction, NamesThatLookLikeCellsAreStillNames)
 {
     const experiment::LatinSquare square =
-        read("X1\tC1\tC2\tC3\nF1\tA 1\tB 2\tC 3\nF2\tB 4\tC 5\tA 6\n"
-             "F3\tC 7\tA 8\tB 9\n");
+        readSquare("X1\tC1\tC2\tC3\nF1\tA 1\tB 2\tC 3\nF2\tB 4\tC 5\tA 6\n"
+                   "F3\tC 7\tA 8\tB 9\n");
     EXPECT_EQ(square.rows, list({"F1", "F2", "F3"}));
     EXPECT_EQ(square.columns, list({"C1", "C2", "C3"}));
     EXPECT_EQ(square.values, (std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
@@ -199,7 +201,7 @@ TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
     const std::vector<int> usual = {0, 1, 2, 3};
     for (const QChar separator : {QLatin1Char('\t'), QLatin1Char(';'), QLatin1Char(' ')}) {
         const QString text = assemblyList("", usual, separator);
-        const experiment::LatinSquare square = read(text.toUtf8().constData());
+        const experiment::LatinSquare square = readSquare(text.toUtf8().constData());
         expectAssemblySums(square);
         EXPECT_EQ(square.rows, list({"o1", "o2", "o3", "o4"}));
         EXPECT_EQ(square.columns, list({"p3", "p2", "p1", "p4"}));
@@ -208,7 +210,7 @@ TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
     for (const char* header : {"Orden;Operario;Método;Tiempo\n", "Fila;Columna;Tratamiento;Dato\n",
                                "FILA;columna;Trat;observación\n"})
         expectAssemblySums(
-            read(assemblyList(header, usual, QLatin1Char(';')).toUtf8().constData()));
+            readSquare(assemblyList(header, usual, QLatin1Char(';')).toUtf8().constData()));
 }
 
 TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
@@ -221,15 +223,15 @@ TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
                  {"row;value;col;treatment\n", {0, 3, 1, 2}}};
     for (const auto& [header, order] : cases) {
         const QString text = assemblyList(header, order, QLatin1Char(';'));
-        const experiment::LatinSquare square = read(text.toUtf8().constData());
+        const experiment::LatinSquare square = readSquare(text.toUtf8().constData());
         expectAssemblySums(square);
         EXPECT_EQ(square.rows, list({"o1", "o2", "o3", "o4"}));
     }
     // Half a header in another order: the roles could only be guessed at.
-    EXPECT_EQ(refusalOf(assemblyList("Tratamiento;Orden;Operario;Tiempo\n", {2, 0, 1, 3},
-                                     QLatin1Char(';'))
-                            .toUtf8()
-                            .constData()),
+    EXPECT_EQ(refusalOfSquare(assemblyList("Tratamiento;Orden;Operario;Tiempo\n", {2, 0, 1, 3},
+                                           QLatin1Char(';'))
+                                  .toUtf8()
+                                  .constData()),
               "La primera línea da los campos en otro orden. Nombre los cuatro (Fila, Columna, "
               "Tratamiento, Observación) o póngalos en este orden.");
 }
@@ -243,10 +245,11 @@ TEST(Extraction, ANamedListMayHaveFurtherColumns)
         wide += QStringLiteral("101\t%1\t\t%2\t%3\t7,5\t%4\n")
                     .arg(fields[0], fields[1], fields[2], fields[3]);
     }
-    expectAssemblySums(read(wide.toUtf8().constData()));
+    expectAssemblySums(readSquare(wide.toUtf8().constData()));
 
     const auto refusalWith = [&wide](const char* header) {
-        return refusalOf((QString::fromUtf8(header) + wide.section(QLatin1Char('\n'), 1)).toUtf8());
+        return refusalOfSquare(
+            (QString::fromUtf8(header) + wide.section(QLatin1Char('\n'), 1)).toUtf8());
     };
     EXPECT_EQ(refusalWith("Parcela\tFila\tNota\tColumna\tTratamiento\tDato\tValor\n"),
               "La primera línea nombra dos veces la observación: «Dato» y «Valor». Cambie el "
@@ -263,18 +266,19 @@ TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
 {
     QString commas =
         assemblyList("Fila,Columna,Tratamiento,Tiempo\n", {0, 1, 2, 3}, QLatin1Char(','));
-    expectAssemblySums(read(commas.toUtf8().constData()));
-    expectAssemblySums(read(
+    expectAssemblySums(readSquare(commas.toUtf8().constData()));
+    expectAssemblySums(readSquare(
         commas.replace(QStringLiteral("14\n"), QStringLiteral("14.0\n")).toUtf8().constData()));
+    expectAssemblySums(readSquare(
+        "C 10,D 14.0,A 7,B 8\nB 7,C 18,D 11,A 8\nA 5,B 10,C 11,D 9\nD 10,A 10,B 12,C 14"));
     expectAssemblySums(
-        read("C 10,D 14.0,A 7,B 8\nB 7,C 18,D 11,A 8\nA 5,B 10,C 11,D 9\nD 10,A 10,B 12,C 14"));
-    expectAssemblySums(read("\"C\n10\"\t\"D 14\"\tA 7\tB 8\t\nB 7\tC 18\tD 11\tA 8\t\n"
-                            "A 5\tB 10\tC 11\tD 9\t\nD 10\tA 10\tB 12\tC 14\t\n\t\t\t\t\n\n"));
-    expectAssemblySums(read(assemblyList("Fila;\"Columna\";Tratamiento;\"Tiempo\n(min)\"\n",
-                                         {0, 1, 2, 3}, QLatin1Char(';'))
-                                .toUtf8()
-                                .constData()));
-    EXPECT_EQ(read("\tx\t\"y \"\"2\"\"\"\nf\tA 1\tB 2\ng\tB 3\tA 4").columns,
+        readSquare("\"C\n10\"\t\"D 14\"\tA 7\tB 8\t\nB 7\tC 18\tD 11\tA 8\t\n"
+                   "A 5\tB 10\tC 11\tD 9\t\nD 10\tA 10\tB 12\tC 14\t\n\t\t\t\t\n\n"));
+    expectAssemblySums(readSquare(assemblyList("Fila;\"Columna\";Tratamiento;\"Tiempo\n(min)\"\n",
+                                               {0, 1, 2, 3}, QLatin1Char(';'))
+                                      .toUtf8()
+                                      .constData()));
+    EXPECT_EQ(readSquare("\tx\t\"y \"\"2\"\"\"\nf\tA 1\tB 2\ng\tB 3\tA 4").columns,
               list({"x", "y \"2\""}));
     // What is behind the observation could be another column or its decimals.
     const auto wide = [](const char* header, const char* behind) {
@@ -285,17 +289,18 @@ TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
         return lines.join(QLatin1Char('\n')).toUtf8();
     };
     const char* const noted = "Fila,Columna,Tratamiento,Valor,Nota\n";
-    expectAssemblySums(read(wide(noted, ",lluvia 3").constData()));
-    EXPECT_EQ(refusalOf(wide(noted, ",5").constData()),
+    expectAssemblySums(readSquare(wide(noted, ",lluvia 3").constData()));
+    EXPECT_EQ(refusalOfSquare(wide(noted, ",5").constData()),
               "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
               "campos con tabuladores o con punto y coma.");
-    EXPECT_EQ(read("Fila,Valor,Columna,Tratamiento\n1,5,1,A\n1,6,2,B\n2,7,1,B\n2,8,2,A").values,
-              (std::vector<double>{5, 6, 7, 8}));
+    EXPECT_EQ(
+        readSquare("Fila,Valor,Columna,Tratamiento\n1,5,1,A\n1,6,2,B\n2,7,1,B\n2,8,2,A").values,
+        (std::vector<double>{5, 6, 7, 8}));
     // A decimal comma among commas: the number would lose what is behind it.
     EXPECT_EQ(
-        refusalOf("1,1,A,24,5\n1,2,B,20\n2,1,B,19\n2,2,A,30"),
+        refusalOfSquare("1,1,A,24,5\n1,2,B,20\n2,1,B,19\n2,2,A,30"),
         "La línea 1 no tiene cuatro campos (fila, columna, tratamiento y observación), sino 5.");
-    EXPECT_EQ(refusalOf("1, 1, A, 24,5\n1, 2, B, 20\n2, 1, B, 19\n2, 2, A, 30"),
+    EXPECT_EQ(refusalOfSquare("1, 1, A, 24,5\n1, 2, B, 20\n2, 1, B, 19\n2, 2, A, 30"),
               "No se sabe qué comas separan campos y cuáles son decimales o de miles. Separe los "
               "campos con tabuladores o con punto y coma.");
 }
@@ -305,7 +310,7 @@ TEST(Extraction, ReadsListsInAnyOrderOfLines)
     QStringList lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'))
                             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     std::reverse(lines.begin(), lines.end());
-    expectAssemblySums(read(lines.join(QLatin1Char('\n')).toUtf8().constData()));
+    expectAssemblySums(readSquare(lines.join(QLatin1Char('\n')).toUtf8().constData()));
 }
 
 TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
@@ -338,15 +343,15 @@ TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
          "Un cuadrado latino tiene al menos dos filas, dos columnas y dos tratamientos."},
     };
     for (const auto& [text, reason] : cases)
-        EXPECT_EQ(refusalOf(text), reason) << text;
+        EXPECT_EQ(refusalOfSquare(text), reason) << text;
 }
 
 TEST(Extraction, SaysThatALatinSquareCannotBeMadeCyclic)
 {
     // The Klein four-group.
     EXPECT_EQ(
-        refusalOf("A 1\tB 2\tC 3\tD 4\nB 5\tA 6\tD 7\tC 8\nC 9\tD 10\tA 11\tB 12\nD 13\tC "
-                  "14\tB 15\tA 16\n"),
+        refusalOfSquare("A 1\tB 2\tC 3\tD 4\nB 5\tA 6\tD 7\tC 8\nC 9\tD 10\tA 11\tB 12\nD 13\tC "
+                        "14\tB 15\tA 16\n"),
         "Los datos forman un cuadrado latino, pero ningún cambio de orden de sus filas, "
         "columnas y tratamientos lo convierte en el cuadrado cíclico que el programa analiza.\n\n"
         "No lo escriba ni lo pegue como números: el programa daría a las celdas los tratamientos "
@@ -411,19 +416,21 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
         {"A 1\tB 2\n\nB 3\tA 4", "La línea 2 está vacía."},
     };
     for (const auto& [text, reason] : cases)
-        EXPECT_EQ(refusalOf(text), reason) << text;
+        EXPECT_EQ(refusalOfSquare(text), reason) << text;
     for (const char* shapeless :
          {"hola", "1\t2\t3", "A 1\tB 2\nB 3", "A 1\tB 2\tC 3\tD 4\nA 1\tB 2\tC 3\tD 4"})
-        EXPECT_NE(refusalOf(shapeless).find("no tiene forma de experimento"), std::string::npos)
+        EXPECT_NE(refusalOfSquare(shapeless).find("no tiene forma de experimento"),
+                  std::string::npos)
             << shapeless;
 }
 
 TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
 {
-    EXPECT_EQ(refusalOf("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
-              "Línea 2, campo 4: «2 kg» no es un número. Es la celda de la fila «1» y la columna "
-              "«2». Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el "
-              "manual (F1).");
+    EXPECT_EQ(
+        refusalOfSquare("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
+        "Línea 2, campo 4: «2 kg» no es un número. Es la celda de la fila «1» y la columna "
+        "«2». Sin ese dato no se puede analizar el cuadrado: vea «Datos que faltan» en el "
+        "manual (F1).");
 }
 
 TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
@@ -433,11 +440,11 @@ TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
     // Lines of four fields could be a list; others, with names or without, only a square.
     for (const char* text : {"24\t20\t19\t24\n17\t24\t30\t27\n18\t38\t26\t27\n26\t31\t26\t23",
                              "Día\tEva\tAna\tLuz\nf1\t24\t20\t19\nf2\t17\t24\t30\nf3\t18\t38\t26"})
-        EXPECT_EQ(refusalOf(text), paste) << text;
+        EXPECT_EQ(refusalOfSquare(text), paste) << text;
     const std::string noCell = "» no es un tratamiento con su observación, como «A 24». ";
-    EXPECT_EQ(refusalOf("24\t20\t19\n17\t24\t30\n18\t38\t26"),
+    EXPECT_EQ(refusalOfSquare("24\t20\t19\n17\t24\t30\n18\t38\t26"),
               "Línea 2, campo 2: «24" + noCell + paste);
-    EXPECT_EQ(refusalOf("A 1\tB 2\nB 3\t24"),
+    EXPECT_EQ(refusalOfSquare("A 1\tB 2\nB 3\t24"),
               "Línea 2, campo 2: «24" + noCell + "Le falta el tratamiento.");
 }
 
@@ -447,7 +454,7 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
     QString text;
     for (int i = 0; i < 20'000; ++i)
         text += QStringLiteral("r%1;c%1;t%1;7\n").arg(i);
-    EXPECT_EQ(refusalOf(text.toUtf8()),
+    EXPECT_EQ(refusalOfSquare(text.toUtf8()),
               "Falta la observación de la fila «r0» y la columna «c1». Sin ese dato no se puede "
               "analizar el cuadrado: vea «Datos que faltan» en el manual (F1).");
 }
@@ -455,9 +462,9 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
 TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
 {
     const QByteArray line = "r;c;t;7\n";
-    EXPECT_EQ(refusalOf(line.repeated(125'001)),
+    EXPECT_EQ(refusalOfSquare(line.repeated(125'001)),
               "El portapapeles tiene 1000008 caracteres. De un experimento se leen hasta 1000000.");
-    EXPECT_EQ(refusalOf(line.repeated(125'000)),
+    EXPECT_EQ(refusalOfSquare(line.repeated(125'000)),
               "La fila «r» y la columna «c» tienen dos observaciones (líneas 1 y 2).");
 }
 

@@ -103,7 +103,7 @@ void checkField(const QString& typed, const base::Outcome<double>& number)
                 "a field that is too large is told as too large");
 }
 
-void check(const QString& typed)
+void checkTyped(const QString& typed)
 {
     const base::Outcome<double> number = base::readTypedNumber(typed);
     const std::optional<double> expected = numberOfTheLibrary(typed);
@@ -135,7 +135,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const QByteArray text = QByteArray::fromStdString(data.ConsumeBytesAsString(size));
     for (const char* const locale : {"es_ES", "es_MX", "es_AR", "tr_TR", "C"}) {
         QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
-        check(QString::fromUtf8(text));
+        checkTyped(QString::fromUtf8(text));
     }
     // The bits of any number.
     FuzzedDataProvider bits(bytes, size);

@@ -3,6 +3,7 @@
 
 #include "manual/Browser.h"
 #include "manual/Chapters.h"
+#include "support/Contrast.h"
 #include "support/Text.h"
 
 #include <gtest/gtest.h>
@@ -20,25 +21,7 @@
 #include <QTextTable>
 #include <QToolButton>
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
-
-/// How much two colours differ to the eye, from 1 to 21, by the Web Content Accessibility
-/// Guidelines.
-double contrast(const QColor& one, const QColor& other)
-{
-    const auto luminance = [](const QColor& color) {
-        const auto linear = [](double part) {
-            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-               0.0722 * linear(color.blueF());
-    };
-    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
-    return (high + 0.05) / (low + 0.05);
-}
 
 class ManualWindow : public ::testing::Test {
 protected:

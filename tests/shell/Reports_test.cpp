@@ -19,7 +19,7 @@
 
 namespace {
 
-class Reports : public Principal {
+class FrameReports : public Principal {
 protected:
     QWidget* activeChild() { return area().activeSubWindow()->widget(); }
 
@@ -76,7 +76,7 @@ const QString dataChanged = QStringLiteral("Cambiaron los datos: pulse Analizar"
 
 } // namespace
 
-TEST_F(Reports, AChangedLevelMakesTheReportStaleUntilItIsRunAgain)
+TEST_F(FrameReports, AChangedLevelMakesTheReportStaleUntilItIsRunAgain)
 {
     openAnalysis("orden3.asc");
     child<QScrollBar>("ScrollBar1")->setFocus();
@@ -94,7 +94,7 @@ TEST_F(Reports, AChangedLevelMakesTheReportStaleUntilItIsRunAgain)
     EXPECT_EQ(status(), complete);
 }
 
-TEST_F(Reports, AnotherTestOrApproachMakesTheReportStale)
+TEST_F(FrameReports, AnotherTestOrApproachMakesTheReportStale)
 {
     openAnalysis("orden3.asc");
     QTest::mouseClick(child<QRadioButton>("RadioGroup1Item2"), Qt::LeftButton);
@@ -107,7 +107,7 @@ TEST_F(Reports, AnotherTestOrApproachMakesTheReportStale)
     EXPECT_EQ(status(), complete);
 }
 
-TEST_F(Reports, AStaleReportStaysSoWhileOtherWindowsComeAndGo)
+TEST_F(FrameReports, AStaleReportStaysSoWhileOtherWindowsComeAndGo)
 {
     openAnalysis("orden3.asc");
     QTest::mouseClick(child<QRadioButton>("RadioGroup1Item2"), Qt::LeftButton);
@@ -124,7 +124,7 @@ TEST_F(Reports, AStaleReportStaysSoWhileOtherWindowsComeAndGo)
     EXPECT_EQ(status(), complete);
 }
 
-TEST_F(Reports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
+TEST_F(FrameReports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
 {
     openAnalysis("orden3.asc");
     const QString once =
@@ -142,7 +142,7 @@ TEST_F(Reports, ChangedDataMakeTheReportStaleAndDoNotReachTheFile)
     EXPECT_EQ(status(), dataChanged);
 }
 
-TEST_F(Reports, NothingThatIsToldOfTheTableHidesThatTheReportIsStale)
+TEST_F(FrameReports, NothingThatIsToldOfTheTableHidesThatTheReportIsStale)
 {
     const UserLocale spanish("es_ES");
     openAnalysis("orden3.asc");
@@ -158,7 +158,7 @@ TEST_F(Reports, NothingThatIsToldOfTheTableHidesThatTheReportIsStale)
         << status().toStdString();
 }
 
-TEST_F(Reports, AStaleReportIsExportedAsItIsAndSaysSo)
+TEST_F(FrameReports, AStaleReportIsExportedAsItIsAndSaysSo)
 {
     openAnalysis("orden3.asc");
     analyse();
@@ -171,7 +171,7 @@ TEST_F(Reports, AStaleReportIsExportedAsItIsAndSaysSo)
         << status().toStdString();
 }
 
-TEST_F(Reports, TheMouseOverATestTellsWhatItAsks)
+TEST_F(FrameReports, TheMouseOverATestTellsWhatItAsks)
 {
     openAnalysis("orden3.asc");
     QTest::mouseClick(child<QRadioButton>("RadioGroup1Item1"), Qt::LeftButton);
@@ -183,7 +183,7 @@ TEST_F(Reports, TheMouseOverATestTellsWhatItAsks)
     QToolTip::hideText();
 }
 
-TEST_F(Reports, CtrlASelectsTheReportToBeCopied)
+TEST_F(FrameReports, CtrlASelectsTheReportToBeCopied)
 {
     openAnalysis("orden3.asc");
     analyse();
@@ -193,7 +193,7 @@ TEST_F(Reports, CtrlASelectsTheReportToBeCopied)
     EXPECT_EQ(dialogs.openRequests.size(), 1U) << "only the square was asked for";
 }
 
-TEST_F(Reports, CtrlASelectsThePowerLogToBeCopied)
+TEST_F(FrameReports, CtrlASelectsThePowerLogToBeCopied)
 {
     frame.ClculodePotencia1Click();
     QPlainTextEdit& log = focusedText("log");
@@ -202,7 +202,7 @@ TEST_F(Reports, CtrlASelectsThePowerLogToBeCopied)
     EXPECT_TRUE(dialogs.openRequests.empty());
 }
 
-TEST_F(Reports, CtrlAOpensAFileElsewhere)
+TEST_F(FrameReports, CtrlAOpensAFileElsewhere)
 {
     openAnalysis("orden3.asc");
     dialogs.openAnswers.emplace_back(std::nullopt);

@@ -24,9 +24,9 @@ constexpr int calls = 120000;
 constexpr int callsPerPaint = 300;
 constexpr std::size_t mostItems = 400;
 
-class Walk {
+class RandomCalls {
 public:
-    explicit Walk(unsigned seed)
+    explicit RandomCalls(unsigned seed)
         : m_random(seed)
         , m_charts(3)
     {
@@ -174,7 +174,7 @@ private:
     int m_refusals = 0;
 };
 
-std::vector<Walk::Operation> Walk::operations()
+std::vector<RandomCalls::Operation> RandomCalls::operations()
 {
     using namespace chart;
     std::vector<Operation> all{
@@ -285,7 +285,7 @@ std::vector<Walk::Operation> Walk::operations()
 
 TEST(RandomCalls, NeitherCrashNorHangNorBreakTheRanges)
 {
-    Walk walk(20240607);
+    RandomCalls walk(20240607);
     for (int i = 0; i < calls; ++i) {
         ASSERT_NO_FATAL_FAILURE(walk.step()) << "call " << i;
         if (i % callsPerPaint == 0)

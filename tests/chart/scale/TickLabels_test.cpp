@@ -18,11 +18,6 @@ using chart::numberLabel;
 
 namespace {
 
-QString text(const char* expected)
-{
-    return QString::fromUtf8(expected);
-}
-
 std::vector<QString> labelsOf(const AxisRange& range, const LabelFormat& format, int intervals = 4)
 {
     return tickLabels(linearTicks(range, intervals, false), range, format);

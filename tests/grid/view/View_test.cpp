@@ -11,7 +11,7 @@
 
 namespace {
 
-class View : public GridFixture {};
+class GridView : public GridFixture {};
 
 /// The lowest line of a picture on which something stands, from its top; a frame is left out.
 int lowestInk(const QPixmap& picture, const QRect& place)
@@ -26,7 +26,7 @@ int lowestInk(const QPixmap& picture, const QRect& place)
 
 } // namespace
 
-TEST_F(View, StartsAsTheFormsHaveIt)
+TEST_F(GridView, StartsAsTheFormsHaveIt)
 {
     EXPECT_EQ(table.NrOfColumns(), 3);
     EXPECT_EQ(table.NrOfRows(), 3);
@@ -44,7 +44,7 @@ TEST_F(View, StartsAsTheFormsHaveIt)
     EXPECT_EQ(currentRow(), 1);
 }
 
-TEST_F(View, TheContractOfTheDataHolds)
+TEST_F(GridView, TheContractOfTheDataHolds)
 {
     table.resizeTable(6, 6);
     table.setValue(7, 1, 5.0);
@@ -70,7 +70,7 @@ TEST_F(View, TheContractOfTheDataHolds)
     EXPECT_EQ(table.rowName(6), QStringLiteral("Fila 6"));
 }
 
-TEST_F(View, WhatTheProgramDoesIsNoChangeByTheUser)
+TEST_F(GridView, WhatTheProgramDoesIsNoChangeByTheUser)
 {
     QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
     QSignalSpy resizes(&table, &grid::TNTabEd::TableResized);
@@ -89,7 +89,7 @@ TEST_F(View, WhatTheProgramDoesIsNoChangeByTheUser)
     EXPECT_EQ(changes.count(), 0);
 }
 
-TEST_F(View, ResettingForgetsEverything)
+TEST_F(GridView, ResettingForgetsEverything)
 {
     type("5");
     press(Qt::Key_Return);
@@ -110,7 +110,7 @@ TEST_F(View, ResettingForgetsEverything)
     EXPECT_EQ(currentColumn(), 1);
 }
 
-TEST_F(View, ResizingKeepsTheCursorWhereItCan)
+TEST_F(GridView, ResizingKeepsTheCursorWhereItCan)
 {
     table.resizeTable(6, 6);
     click(2, 2);
@@ -125,7 +125,7 @@ TEST_F(View, ResizingKeepsTheCursorWhereItCan)
     EXPECT_EQ(table.value(3, 3), 5.0);
 }
 
-TEST_F(View, FrozenItPaintsNothingAndReleasedItPaintsOnce)
+TEST_F(GridView, FrozenItPaintsNothingAndReleasedItPaintsOnce)
 {
     QApplication::processEvents();
     PaintCounter counter(*table.viewport());
@@ -154,7 +154,7 @@ TEST_F(View, FrozenItPaintsNothingAndReleasedItPaintsOnce)
     EXPECT_EQ(counter.paints, 2);
 }
 
-TEST_F(View, ColumnsAreAsWideAsTheirContentsUpToALimit)
+TEST_F(GridView, ColumnsAreAsWideAsTheirContentsUpToALimit)
 {
     table.setDefaultColWidth(32);
     table.setColumnName(1, QStringLiteral("1"));
@@ -178,7 +178,7 @@ TEST_F(View, ColumnsAreAsWideAsTheirContentsUpToALimit)
     EXPECT_EQ(table.verticalHeader()->width(), 100);
 }
 
-TEST_F(View, AWidthThatTheUserSetIsLeftAlone)
+TEST_F(GridView, AWidthThatTheUserSetIsLeftAlone)
 {
     QHeaderView* header = table.horizontalHeader();
     const QPoint edge(header->sectionViewportPosition(1) - 1, header->height() / 2);
@@ -200,7 +200,7 @@ TEST_F(View, AWidthThatTheUserSetIsLeftAlone)
     EXPECT_EQ(table.columnWidth(2), 200); // not the column that was widened
 }
 
-TEST_F(View, RowsGrowWithALargeFont)
+TEST_F(GridView, RowsGrowWithALargeFont)
 {
     QFont font = table.font();
     font.setPointSize(40);
@@ -209,7 +209,7 @@ TEST_F(View, RowsGrowWithALargeFont)
     EXPECT_GT(table.columnWidth(0), 64);
 }
 
-TEST_F(View, TheLargestTablesOpenShowEditAndClose)
+TEST_F(GridView, TheLargestTablesOpenShowEditAndClose)
 {
     const std::array<std::pair<int, int>, 3> shapes = {
         {{4000, 4000}, {1, 16'000'000}, {16'000'000, 1}}};
@@ -237,7 +237,7 @@ TEST_F(View, TheLargestTablesOpenShowEditAndClose)
     EXPECT_EQ(table.columnWidth(2), 64);
 }
 
-TEST_F(View, AnAssistantReadsCellsAndNames)
+TEST_F(GridView, AnAssistantReadsCellsAndNames)
 {
     table.setColumnName(2, QStringLiteral("Col 2"));
     table.setRowName(3, QStringLiteral("Fila 3"));
@@ -255,7 +255,7 @@ TEST_F(View, AnAssistantReadsCellsAndNames)
     EXPECT_EQ(editor()->accessibleName(), QStringLiteral("Dato de la fila Fila 3, columna Col 2"));
 }
 
-TEST_F(View, MarkedNumbersAreDrawnInTheirColourOnTheCursorToo)
+TEST_F(GridView, MarkedNumbersAreDrawnInTheirColourOnTheCursorToo)
 {
     table.setValue(1, 1, 88888);
     choose(openCellMenu(1, 1), "Mark as type A");
@@ -274,7 +274,7 @@ TEST_F(View, MarkedNumbersAreDrawnInTheirColourOnTheCursorToo)
     }
 }
 
-TEST_F(View, ALongNameEndsInAnEllipsisAndIsShownWholeByATip)
+TEST_F(GridView, ALongNameEndsInAnEllipsisAndIsShownWholeByATip)
 {
     const QString name = QStringLiteral("Operario con un nombre largo");
     table.setRowName(1, name);
@@ -294,14 +294,14 @@ TEST_F(View, ALongNameEndsInAnEllipsisAndIsShownWholeByATip)
     EXPECT_GT(inked(), 40);
 }
 
-TEST_F(View, APaletteOfADarkDesktopLeavesTheTableLight)
+TEST_F(GridView, APaletteOfADarkDesktopLeavesTheTableLight)
 {
     EXPECT_EQ(table.palette().color(QPalette::Base), QColor(Qt::white));
     const QColor selection = table.palette().color(QPalette::Highlight);
     EXPECT_GT(selection.lightness(), 200);
 }
 
-TEST_F(View, ANumberStandsOnOneLineWithTheNameOfItsRow)
+TEST_F(GridView, ANumberStandsOnOneLineWithTheNameOfItsRow)
 {
     for (const int points : {8, 9, 10, 11, 12, 15, 20}) {
         QFont font = table.font();

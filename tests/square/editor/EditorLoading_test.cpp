@@ -9,7 +9,7 @@ using namespace squarebytes;
 
 namespace {
 
-const QString badFile = QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.");
+const QString badFileTold = QStringLiteral("Hay un error en el archivo, o no es un archivo ASCII.");
 
 } // namespace
 
@@ -214,7 +214,7 @@ TEST_F(EditorFiles, ABadFileAtTheOpeningIsToldAndClosesUnasked)
 {
     openWith("nada");
     ASSERT_EQ(m_dialogs.errors.size(), 1U);
-    EXPECT_EQ(m_dialogs.errors[0].text, badFile);
+    EXPECT_EQ(m_dialogs.errors[0].text, badFileTold);
     EXPECT_EQ(m_dialogs.errors[0].caption, utf8("Abrir Archivo"));
     EXPECT_FALSE(m_handOff.fileOpened);
     EXPECT_TRUE(m_editor->Saved());

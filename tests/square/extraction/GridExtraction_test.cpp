@@ -8,8 +8,8 @@
 namespace {
 
 /// The assembly square of Extraction_test and a cyclic one of order 3.
-const char* const assembly = "C 10\tD 14\tA 7\tB 8\nB 7\tC 18\tD 11\tA 8\n"
-                             "A 5\tB 10\tC 11\tD 9\nD 10\tA 10\tB 12\tC 14\n";
+const char* const assemblyTable = "C 10\tD 14\tA 7\tB 8\nB 7\tC 18\tD 11\tA 8\n"
+                                  "A 5\tB 10\tC 11\tD 9\nD 10\tA 10\tB 12\tC 14\n";
 const char* const three = "f1;c1;A;1\nf1;c2;B;2\nf1;c3;C;3\nf2;c1;B;4\nf2;c2;C;5\nf2;c3;A;6\n"
                           "f3;c1;C;7\nf3;c2;A;8\nf3;c3;B;9\n";
 
@@ -31,7 +31,7 @@ TEST_F(GridExtraction, ExtractionIsOneStepWithSizeNamesAndNumbers)
     QSignalSpy changes(&table, &grid::TNTabEd::OnChange);
     QSignalSpy resizes(&table, &grid::TNTabEd::TableResized);
     QSignalSpy notices(&table, &grid::TNTabEd::Notice);
-    setClipboard(QString::fromLatin1(assembly));
+    setClipboard(QString::fromLatin1(assemblyTable));
     choose(openCellMenu(2, 2), "Extract from Clpbrd");
 
     EXPECT_EQ(table.NrOfColumns(), 4);
@@ -78,7 +78,7 @@ TEST_F(GridExtraction, TheKeyIsTheIdentifierOfATableWithoutOneOfItsOwn)
     choose(openCellMenu(1, 1), "Extract from Clpbrd");
     EXPECT_EQ(table.Identifier(), QByteArray("Tratamientos: 1 = A, 2 = B, 3 = C"));
     // The key of another experiment would be a lie.
-    setClipboard(QString::fromUtf8(assembly).replace(QLatin1Char('D'), QStringLiteral("Ñ")));
+    setClipboard(QString::fromUtf8(assemblyTable).replace(QLatin1Char('D'), QStringLiteral("Ñ")));
     choose(openCellMenu(1, 1), "Extract from Clpbrd");
     EXPECT_EQ(QString::fromUtf8(table.Identifier()),
               QStringLiteral("Tratamientos: 1 = A, 2 = Ñ, 3 = C, 4 = B"));

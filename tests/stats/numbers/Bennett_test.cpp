@@ -15,7 +15,7 @@ using stats::TMatrix;
 namespace {
 
 /// The formula in doubles, from the rank sums by counting.
-double transcription(const TMatrix& observations, int n)
+double transcribedB(const TMatrix& observations, int n)
 {
     const double cells = n * n;
     double s = 0.0;
@@ -27,7 +27,7 @@ double transcription(const TMatrix& observations, int n)
 }
 
 /// Rounding of a difference of numbers of up to some 400.
-constexpr double transcriptionTolerance = 1e-12;
+constexpr double toleranceOfB = 1e-12;
 
 /// A square of the numbers 1 to n^2 in random order.
 class Permutations {
@@ -87,8 +87,7 @@ TEST(Bennett, EqualObservationsHaveTheLargestValue)
     for (int n = 1; n <= 8; ++n) {
         const double cells = n * n;
         EXPECT_TRUE(isNear(stats::BennettStatistic(squareFrom(n, [](int, int) { return 8.0; }), n),
-                           12 * cells * cells / (cells + 1) - 3 * (cells + 1),
-                           transcriptionTolerance));
+                           12 * cells * cells / (cells + 1) - 3 * (cells + 1), toleranceOfB));
     }
 }
 
@@ -99,7 +98,7 @@ TEST(Bennett, LargeSquaresAgreeWithCounting)
         for (int k = 0; k < 12; ++k) {
             const TMatrix square = squares.next();
             EXPECT_TRUE(isRelativelyNear(stats::BennettStatistic(square, n),
-                                         transcription(square, n), transcriptionTolerance));
+                                         transcribedB(square, n), toleranceOfB));
         }
     }
 }
@@ -123,7 +122,7 @@ TEST_P(BennettOfOrder, PropertiesOnRandomSquares)
             b);
         // The plain counting costs N^2 comparisons: every tenth square.
         if (k % 10 == 0) {
-            ASSERT_TRUE(isNear(b, transcription(square, n), transcriptionTolerance));
+            ASSERT_TRUE(isNear(b, transcribedB(square, n), toleranceOfB));
         }
     }
 }

@@ -12,7 +12,7 @@ using stats::RandomIntegers;
 
 namespace {
 
-stats::TMatrix orderThree()
+stats::TMatrix squareOfOrderThree()
 {
     return squareOf({{12.5, 14, 9.75}, {11, 10.2, 16.1}, {8.3, 12, 13}});
 }
@@ -72,23 +72,23 @@ TEST(SequenceTests, TheProgramHasOneGeneratorThatGoesOn)
 TEST(SequenceTests, ExactC)
 {
     RandomIntegers integers;
-    const stats::TestCResult result = stats::testC(orderThree(), 3, 0.05, integers);
+    const stats::TestCResult result = stats::testC(squareOfOrderThree(), 3, 0.05, integers);
     EXPECT_TRUE(isNear(result.statistic, 0.151851851851852, 5e-16));
     EXPECT_EQ(result.cumulative, 1584.0 / 1680.0); // 0.942857142857143
     EXPECT_FALSE(result.rejected);
     EXPECT_TRUE(result.exact.has_value());
     EXPECT_FALSE(result.simulated.has_value());
-    EXPECT_TRUE(stats::testC(orderThree(), 3, 0.06, integers).rejected);
+    EXPECT_TRUE(stats::testC(squareOfOrderThree(), 3, 0.06, integers).rejected);
     EXPECT_EQ(integers.next(), 16838) << "the exact test drew numbers";
 }
 
 TEST(SequenceTests, ExactM)
 {
-    const stats::TestMResult result = stats::testM(orderThree(), 3, 0.05);
+    const stats::TestMResult result = stats::testM(squareOfOrderThree(), 3, 0.05);
     EXPECT_TRUE(isNear(result.statistic, 0.919354838709677, 5e-16));
     EXPECT_EQ(result.cumulative, 1620.0 / 1680.0); // 0.964285714285714
     EXPECT_TRUE(result.rejected);
-    EXPECT_FALSE(stats::testM(orderThree(), 3, 0.03).rejected);
+    EXPECT_FALSE(stats::testM(squareOfOrderThree(), 3, 0.03).rejected);
 }
 
 TEST(SequenceTests, AcceptWhenOneLessAlphaIsReachedExactly)

@@ -47,7 +47,7 @@ std::vector<Cell> kindsOfCells(Numbers& numbers)
     };
 }
 
-stats::TMatrix squareOf(int n, const Cell& cell)
+stats::TMatrix squareWith(int n, const Cell& cell)
 {
     stats::TMatrix square = stats::TMatrix::Create(n, n);
     for (int row = 1; row <= n; ++row) {
@@ -106,9 +106,9 @@ int main()
     Numbers numbers;
     for (int n = 1; n <= 8; ++n) {
         for (const Cell& cell : kindsOfCells(numbers)) {
-            printReports(squareOf(n, cell), n);
+            printReports(squareWith(n, cell), n);
             for (int more = 0; more < 50; ++more)
-                printQuickReports(squareOf(n, cell), n);
+                printQuickReports(squareWith(n, cell), n);
         }
     }
     return 0;

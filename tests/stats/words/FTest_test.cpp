@@ -210,7 +210,7 @@ TEST(TestKind, TestsAreGroupedByApproachWithTheirCaptions)
 {
     using namespace stats;
     QStringList seen;
-    for (const Approach approach : approaches()) {
+    for (const stats::Approach approach : approaches()) {
         seen << caption(approach);
         for (const TestKind kind : testsOf(approach))
             seen << QStringLiteral("  ") + caption(kind);
