@@ -6,7 +6,7 @@
 
 Each entry of BUILD/compile_commands.json is a unit, most of them the joined sources of one target. Qt's
 headers take longer than the project's sources, so many units are looked at as one, and where that has
-a complaint, the halves of them. A unit that passed is remembered by what the compiler read for it, as
+a complaint, those that it names are looked at alone. A unit that passed is remembered by what the compiler read for it, as
 ninja noted: command, checks and the text of every file of the project.
 """
 
@@ -25,8 +25,14 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SOURCE = re.compile(r"^(src|tests|bench|packaging)/.*\.cpp$")
 JOINED = re.compile(r'^#include "(.*\.cpp)"$', re.MULTILINE)
-UNITS_AT_ONCE = 6
-ALONE = re.compile(r'^(int main\(|extern "C")', re.MULTILINE)
+UNITS_AT_ONCE = 30
+# What a program has one of; where several are looked at as one, all but the first get another name.
+ONLY_ONE = re.compile(
+    r'^(?:extern "C" )?(?:int|const char\*) (main|LLVMFuzzerTestOneInput|__lsan_default_suppressions)\(',
+    re.MULTILINE,
+)
+# For functions of the C library, and for those that give memory.
+STAND_INS = re.compile(r'^(extern "C" (\{|int (?!LLVM))|void\* operator new)', re.MULTILINE)
 TESTS_MAIN = "tests/support/gui_main.cpp"  # of every test with widgets
 GENERATED = ("mocs_compilation.cpp", "/.rcc/", "_headers.dir/")
 
@@ -88,19 +94,30 @@ class Unit:
         self.checks = checks_for(self.sources[0])
         self.options = list(options_of(entry["command"]))
         files = set(dependencies) | {self.file, self.checks}
-        self.digest = digest(entry["command"], files)
+        self.digest = digest(" ".join(self.options), files)
         texts = [(ROOT / source).read_text() for source in self.sources if source != TESTS_MAIN]
         self.size = sum(map(len, texts))
-        # A program of its own, or stand-ins for the C library's functions.
-        self.is_alone = any(ALONE.search(text) for text in texts)
+        self.is_program = any(ONLY_ONE.search(text) for text in texts)
+        self.is_alone = any(STAND_INS.search(text) for text in texts)
+
+
+def includes(units):
+    """The sources of units as one text, each of them once."""
+    taken = []
+    for source in dict.fromkeys(source for unit in units for source in unit.sources):
+        names = ONLY_ONE.findall((ROOT / source).read_text())
+        renamed = [name for name in names if name in taken]
+        taken += names
+        yield from (f"#define {name} {name}_{len(taken)}\n" for name in renamed)
+        yield f'#include "{ROOT / source}"\n'
+        yield from (f"#undef {name}\n" for name in renamed)
 
 
 def complaints(units):
     """What clang-tidy says about units with the same checks, read as one; nothing where they pass."""
     options = list(dict.fromkeys(option for unit in units for option in unit.options))
     with tempfile.NamedTemporaryFile("w", suffix=".cpp") as joined:
-        for source in dict.fromkeys(source for unit in units for source in unit.sources):
-            joined.write(f'#include "{ROOT / source}"\n')
+        joined.write("".join(includes(units)))
         joined.flush()
         run = subprocess.run(
             ["clang-tidy", "--quiet", f"--config-file={units[0].checks}", joined.name, "--"] + options,
@@ -110,19 +127,24 @@ def complaints(units):
 
 
 def shares(units, jobs):
-    """Units with the same checks, dealt out so that each share has about as much to look at. The more
-    units, the more local names that two of them have; so few that most shares have none."""
-    by_checks = {}
+    """Units with the same checks, dealt out so that each share has about as much to look at, the larger
+    shares first. The more units, the more local names that two of them have: so few that none do."""
+    shares, by_checks = [], {}
     for unit in units:
         if unit.is_alone:
-            yield [unit]
+            shares.append([unit])
         else:
-            by_checks.setdefault(unit.checks, []).append(unit)
+            by_checks.setdefault(unit.checks.read_text(), []).append(unit)
     for alike in by_checks.values():
         dealt = [[] for _ in range(max(jobs, math.ceil(len(alike) / UNITS_AT_ONCE)))]
-        for unit in sorted(alike, key=lambda unit: -unit.size):
-            min(dealt, key=lambda share: sum(unit.size for unit in share)).append(unit)
-        yield from filter(None, dealt)
+        for unit in sorted(alike, key=lambda unit: (not unit.is_program, -unit.size)):
+            min(dealt, key=size).append(unit)
+        shares += filter(None, dealt)
+    return sorted(shares, key=size, reverse=True)
+
+
+def size(share):
+    return sum(unit.size for unit in share)
 
 
 def look_at(share):
@@ -132,9 +154,12 @@ def look_at(share):
         return share, ""
     if len(share) == 1:
         return [], said
-    half = len(share) // 2
-    (passing, said), (more_passing, more_said) = look_at(share[:half]), look_at(share[half:])
-    return passing + more_passing, said + more_said
+    named = [unit for unit in share if any(str(ROOT / source) in said for source in unit.sources)]
+    parts = [[unit for unit in share if unit not in named], *([unit] for unit in named)]
+    if len(named) in (0, len(share)):
+        parts = [share[: len(share) // 2], share[len(share) // 2 :]]
+    looked_at = [look_at(part) for part in parts]
+    return [unit for passing, _ in looked_at for unit in passing], "".join(said for _, said in looked_at)
 
 
 def units(build):
@@ -162,7 +187,7 @@ def main(build, jobs):
     memory = build / "tidy.passed"
     passed = set(memory.read_text().split()) if memory.is_file() else set()
     every = list(units(build))
-    left = [unit for unit in every if unit.digest not in passed]
+    left = {unit.digest: unit for unit in every if unit.digest not in passed}.values()
     failed = False
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
         for passing, said in pool.map(look_at, shares(left, jobs)):
