@@ -24,11 +24,6 @@ target_compile_options(
 target_compile_definitions(project_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
-# Precompiled headers that are the same whenever they are compiled, as ccache asks for.
-target_compile_options(
-    project_options INTERFACE "$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>"
-)
-
 if(CL_WARNINGS_AS_ERRORS)
     target_compile_options(project_options INTERFACE -Werror)
 endif()

@@ -3,7 +3,7 @@
 # ./run, ./test and the other tools.
 
 build_packages=(
-    g++ cmake ninja-build ccache libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
+    g++ cmake ninja-build libboost-dev qt6-base-dev qt6-translations-l10n fonts-dejavu-core
 )
 
 # A virtual display with a window manager and a stranger's hands: what drives the real program.
@@ -55,11 +55,6 @@ install_missing() {
 configure_and_build() {
     local preset=$1
     shift
-    local launcher=()
-    # Without leave to be sloppy about them ccache keeps nothing that reads precompiled headers.
-    command -v ccache >/dev/null && launcher=(
-        -DCMAKE_CXX_COMPILER_LAUNCHER="env;CCACHE_SLOPPINESS=pch_defines,time_macros;ccache"
-    )
-    cmake --preset "$preset" "${launcher[@]}" >/dev/null
+    cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }

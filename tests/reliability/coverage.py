@@ -67,9 +67,7 @@ def build_and_run() -> list[pathlib.Path]:
     """Builds the unit tests, runs them, and gives their programs."""
     say("== Se compilan las pruebas con cuenta de ramas")
     script = "source tools/packages.sh && configure_and_build coverage unit_tests"
-    # What ccache kept may name the sources by another path, under which nothing would be counted.
-    subprocess.run(["bash", "-c", script], cwd=ROOT, check=True, stdout=sys.stderr,
-                   env=dict(os.environ, CCACHE_DISABLE="1"))
+    subprocess.run(["bash", "-c", script], cwd=ROOT, check=True, stdout=sys.stderr)
     tests = unit_tests(BUILD)
     shutil.rmtree(PROFILES, ignore_errors=True)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:

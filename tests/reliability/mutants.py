@@ -90,9 +90,7 @@ class Workshop:
         say(f"se prepara {self.build.relative_to(ROOT)}")
         for name in COPIED:
             update(ROOT / name, self.source / name)
-        launcher = shutil.which("ccache") and (
-            "-DCMAKE_CXX_COMPILER_LAUNCHER=env;CCACHE_SLOPPINESS=pch_defines,time_macros;ccache",)
-        subprocess.run(["cmake", "-S", self.source, "-B", self.build, *CONFIGURATION, *(launcher or ())],
+        subprocess.run(["cmake", "-S", self.source, "-B", self.build, *CONFIGURATION],
                        check=True, stdout=subprocess.DEVNULL)
         if not self.compiles():
             sys.exit(f"{self.build}: no compila sin ningún error sembrado")
