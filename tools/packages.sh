@@ -14,7 +14,7 @@ driver_packages=(
 
 test_packages=(
     clang clang-tidy clang-format lld libclang-rt-14-dev libgtest-dev libbenchmark-dev libgsl-dev
-    libboost-math-dev locales strace
+    libboost-math-dev locales strace uidmap
 )
 
 # What `./test --largo` needs besides.

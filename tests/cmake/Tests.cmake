@@ -3,6 +3,7 @@
 find_package(Python3 3.10 REQUIRED COMPONENTS Interpreter)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/remembered)
 set(remembered_py ${CMAKE_CURRENT_LIST_DIR}/remembered.py)
+set(as_root ${CMAKE_CURRENT_LIST_DIR}/as_root)
 
 # add_remembered_test(NAME COMMAND...) : ./test does not repeat it while nothing that it depends on changed.
 function(add_remembered_test name)
@@ -18,9 +19,9 @@ add_custom_target(unit_tests)
 # With GUI its main() makes a QApplication, or is that of MAIN; without, only a plain one, of a layer that
 # may be WITHOUT_QT. The sources are compiled as one, but for those APART, whose local names are those of
 # another. GoogleTest's macros take the optimiser half the build, so it is left out but where a test
-# computes much itself: OPTIMISED.
+# computes much itself: OPTIMISED. What a test gives away or mounts it may only AS_ROOT.
 function(add_layer_test name)
-    cmake_parse_arguments(arg "GUI;WITHOUT_QT;OPTIMISED" "MAIN;TIMEOUT" "SOURCES;APART;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "GUI;WITHOUT_QT;OPTIMISED;AS_ROOT" "MAIN;TIMEOUT" "SOURCES;APART;LIBRARIES" ${ARGN})
     string(REPLACE "." "_" target test_${name})
     add_executable(${target} ${arg_SOURCES} ${arg_APART})
     # GoogleTest and Qt's headers are read once per program instead of once per source.
@@ -55,7 +56,11 @@ function(add_layer_test name)
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    add_remembered_test(${name} $<TARGET_FILE:${target}>)
+    set(launcher)
+    if(arg_AS_ROOT)
+        set(launcher ${as_root})
+    endif()
+    add_remembered_test(${name} ${launcher} $<TARGET_FILE:${target}>)
     set_tests_properties(
         ${name} PROPERTIES LABELS unit TIMEOUT ${arg_TIMEOUT}
                            ENVIRONMENT "QT_QPA_PLATFORM=offscreen"

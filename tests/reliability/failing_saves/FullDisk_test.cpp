@@ -134,8 +134,7 @@ TEST_F(FullDisk, ADiskThatIsFullIsSaidToBe)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("disco")));
     const SmallDisk disk(path(""));
-    if (!disk.isThere())
-        GTEST_SKIP() << "only root may mount a disk";
+    ASSERT_TRUE(disk.isThere()) << "only root may mount a disk";
     saveAll("full", QStringLiteral("No queda espacio en el disco."),
             [&](qsizetype room, const auto& save) {
                 disk.leave(room);
