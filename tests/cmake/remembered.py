@@ -6,7 +6,8 @@
 
 Only where the environment says CL_REMEMBER=1, as ./test does; otherwise the test runs. MEMORY is the
 file that keeps what passed last: the command, the locale, every file that it names, the libraries that
-the programs among them are linked with, and every file of the project that is data of tests.
+the programs among them are linked with, and every file of the project that is data of tests: not the
+sources, so that a script that reads them as texts is not to be remembered.
 """
 
 import hashlib
@@ -18,22 +19,22 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 DATA = ("docs", "ejemplos", "packaging", "src", "tests")
-COMPILED = (".cpp", ".h")  # are in the programs; what reads them as texts reads `src` whole
+COMPILED = (".cpp", ".h")  # are in the programs
 ENVIRONMENT = ("LC_ALL", "QT_QPA_PLATFORM")
 
 
-def data_files(command):
-    reads_sources = any(part.endswith(".py") for part in command)
+def data_files():
     for folder in DATA:
         for path in sorted((ROOT / folder).rglob("*")):
-            if path.is_file() and (reads_sources or path.suffix not in COMPILED):
-                if "__pycache__" not in path.parts:
-                    yield path
+            if path.is_file() and path.suffix not in COMPILED and "__pycache__" not in path.parts:
+                yield path
 
 
-def libraries(program):
-    """Where they are, how large and how old: a package that is upgraded changes them."""
-    linked = subprocess.run(["ldd", program], capture_output=True, text=True, check=False).stdout
+def libraries(file):
+    """Of a program: where they are, how large and how old. A package that is upgraded changes them."""
+    if file.read_bytes()[:4] != b"\x7fELF":
+        return
+    linked = subprocess.run(["ldd", file], capture_output=True, text=True, check=False).stdout
     for word in linked.split():
         if word.startswith("/"):
             status = os.stat(word)
@@ -43,9 +44,9 @@ def libraries(program):
 def digest(command):
     total = hashlib.sha256(repr(command).encode())
     total.update(repr([os.environ.get(name) for name in ENVIRONMENT]).encode())
-    words = [word for part in command for word in re.split("[=;]", part)]
+    words = [word for part in command for word in re.split("[=;:]", part)]
     named = [pathlib.Path(word) for word in words if os.path.isfile(word)]
-    for path in [*named, *data_files(command)]:
+    for path in [*named, *data_files()]:
         total.update(f"{path}\n".encode() + path.read_bytes())
     for path in named:
         total.update("\n".join(libraries(path)).encode())
