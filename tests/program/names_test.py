@@ -273,7 +273,9 @@ class Names(ProgramTest):
             self.program.wait_for_focus("chart «Gráfica»")
             self.program.press("alt+g")
             self.check("Gráfica", ("menu item", "Copiar Acumulada"))
-            self.program.press("Escape", "Escape", "ctrl+F4")
+            self.program.press("Escape", "Escape")
+            self.program.wait_until_gone("menu item", "Copiar Acumulada")
+            self.program.press("ctrl+F4")
             self.program.wait_until_gone("chart")
 
     def test_power(self):
@@ -282,7 +284,9 @@ class Names(ProgramTest):
         self.check("no study yet", ("push button", "Calcular"))
         program.press("alt+p")
         self.check("Potencia", ("menu item", "Guardar Reporte..."))
-        program.press("Escape", "Escape", "F9")
+        program.press("Escape", "Escape")
+        program.wait_until_gone("menu item", "Guardar Reporte...")
+        program.press("F9")
         finish_study(program)
         self.check("after a study")
         for button, entry in (

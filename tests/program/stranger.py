@@ -19,7 +19,8 @@ PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loade
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
 # Seconds to wait until the program has the keys, until it tells the bus of one, or moves the focus,
 KEY_PATIENCE = 1.0
-RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window
+RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window,
+ANSWERS = 20  # and besides as long as so many of the last answer, which says how loaded the machine is.
 MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
 # All, Shift, Control, Alt, and two of them.
@@ -89,6 +90,7 @@ class Program:
         self._hands = Hands()
         self._keys_told = set()  # (press or release, code of the key)
         self._has_moved = False  # the focus, since the last key
+        self._answer_time = 0.0  # that the last answer took, in seconds
         self.focus = None  # the control that announced the focus last
         self._listen()
         self.process = subprocess.Popen(
@@ -265,11 +267,13 @@ class Program:
 
     def _let_it_arrive(self):
         """The program answers on the bus when it has taken in what the display told it."""
+        asked = time.monotonic()
         try:
             for answering in (pyatspi.Registry.getDesktop(0), self._frame):
                 answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         except (Gone, NotImplementedError):  # the program has ended
             return
+        self._answer_time = time.monotonic() - asked
 
     def press(self, *keys):
         """Keys and chords, such as "ctrl+a", each when the one before has arrived."""
@@ -303,7 +307,7 @@ class Program:
 
     def _wait_briefly(self, is_so, patience):
         """In vain for a key that the window manager keeps, and for one that closes its window."""
-        end = time.monotonic() + patience
+        end = time.monotonic() + patience + ANSWERS * self._answer_time
         while not is_so() and time.monotonic() < end and self.process.poll() is None:
             time.sleep(0.001)
             self._hear()
