@@ -81,6 +81,16 @@ def finish_study(program):
     return program.text(log)
 
 
+def leave_menu(program, control):
+    """Out of a menu, and out of the bar: on a loaded machine the toolkit takes one Escape more at times."""
+
+    def is_back():
+        program.press("Escape")
+        return program.focused() == control
+
+    wait_for(f"the focus at {control}", is_back)
+
+
 def save(program, path, *keys):
     """What a command writes to a file; the focus is back where it was."""
     before = program.focused()

@@ -7,7 +7,7 @@ menus_test.py EXECUTABLE, below on_virtual_display.
 """
 
 
-from by_keyboard import ORDER_3, open_analysis, open_graph_of_c, open_power
+from by_keyboard import ORDER_3, leave_menu, open_analysis, open_graph_of_c, open_power
 from driven import ProgramTest, main
 from stranger import wait_for
 
@@ -124,6 +124,7 @@ class Menus(ProgramTest):
             "Ventana": arrange | listed,
             "Ayuda": HELP,
         }
+        before = self.program.focused()
         bar = self.program.find("menu bar")
         self.assertEqual([bar.getChildAtIndex(i).name for i in range(bar.childCount)], [*menus])
         self.wait_for_status(LASTING[child])
@@ -131,7 +132,7 @@ class Menus(ProgramTest):
             self.program.click(self.program.find("menu item", menu, inside=bar))
             self.program.wait_for_focus(f"menu item «{menu}»")
             self.walk_down(entries)
-            self.program.press("Escape", "Escape")
+            leave_menu(self.program, before)
             self.wait_for_status(LASTING[child])
 
     def test_bar_of_the_editor(self):

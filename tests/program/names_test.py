@@ -15,6 +15,7 @@ from by_keyboard import (
     REPORT_IS_COMPLETE,
     SAMPLES,
     finish_study,
+    leave_menu,
     open_analysis,
     open_editor,
     open_power,
@@ -168,7 +169,8 @@ class Names(ProgramTest):
         self.check("cells to clear", ("menu item", "Range"))
         program.press("Escape", "Down", "Right")
         self.check("cells to copy", ("menu item", "Range"))
-        program.press("Escape", "Escape", "ctrl+shift+F10")
+        leave_menu(program, "table «Datos»")
+        program.press("ctrl+shift+F10")
         self.check("menu of the headers", ("menu item", "Edit Identifier"))
         program.press("Down", "Return")
         self.check("identifier", ("dialog", "Identificador"))
@@ -273,8 +275,7 @@ class Names(ProgramTest):
             self.program.wait_for_focus("chart «Gráfica»")
             self.program.press("alt+g")
             self.check("Gráfica", ("menu item", "Copiar Acumulada"))
-            self.program.press("Escape", "Escape")
-            self.program.wait_until_gone("menu item", "Copiar Acumulada")
+            leave_menu(self.program, "chart «Gráfica»")
             self.program.press("ctrl+F4")
             self.program.wait_until_gone("chart")
 
@@ -284,8 +285,7 @@ class Names(ProgramTest):
         self.check("no study yet", ("push button", "Calcular"))
         program.press("alt+p")
         self.check("Potencia", ("menu item", "Guardar Reporte..."))
-        program.press("Escape", "Escape")
-        program.wait_until_gone("menu item", "Guardar Reporte...")
+        leave_menu(program, "push button «Calcular»")
         program.press("F9")
         finish_study(program)
         self.check("after a study")

@@ -20,7 +20,7 @@ ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
 # Seconds to wait until the program has the keys, until it tells the bus of one, or moves the focus,
 KEY_PATIENCE = 1.0
 RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window,
-ANSWERS = 20  # and besides as long as so many of the last answer, which says how loaded the machine is.
+ANSWERS = 5  # and besides as long as so many of the last answer, which says how loaded the machine is.
 MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
 # All, Shift, Control, Alt, and two of them.
