@@ -11,6 +11,7 @@ import pathlib
 import re
 import shutil
 
+from by_keyboard import finish_study
 from driven import ProgramTest, main
 from stranger import wait_for
 
@@ -83,6 +84,7 @@ class Files(ProgramTest):
 
         program.click(program.find("push button", "Nueva Potencia"))
         program.click(program.find("push button", "Calcular"))
+        finish_study(program)
         program.choose("Potencia", "Guardar Reporte...")
         save_as("potencia.txt")
         program.choose("Ayuda", "Acerca de...")
