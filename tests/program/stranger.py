@@ -17,10 +17,12 @@ from hands import Hands
 
 PATIENCE = 30.0  # seconds to wait for anything to appear; generous, for a loaded machine
 ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
-# Seconds to wait until the program has the keys, until it tells the bus of one, or moves the focus,
+# Seconds to wait until the program has the keys, until it tells the bus of one or moves the focus, and
+# then until it tells of the release, which goes astray where the key closed its window. Each is longer
+# by ANSWERS times what the last answer took: so loaded the machine is.
 KEY_PATIENCE = 1.0
-RELEASE_PATIENCE = 0.1  # and of its release, which goes astray where the key closed its window,
-ANSWERS = 5  # and besides as long as so many of the last answer, which says how loaded the machine is.
+RELEASE_PATIENCE = 0.1
+ANSWERS = 5
 MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
 # All, Shift, Control, Alt, and two of them.
