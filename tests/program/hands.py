@@ -53,11 +53,11 @@ class Hands:
         return self._act(name, X.KeyPress, X.KeyRelease)
 
     def click(self, x, y, times=1):
-        """The left button, at a pixel of the screen."""
+        """The left button, at a pixel of the screen. Held, it would repeat what an arrow does."""
         xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
         for event in times * (X.ButtonPress, X.ButtonRelease):
             xtest.fake_input(self._display, event, 1)
-            self._wait_for_manager()
+        self._wait_for_manager()
         time.sleep(CLICK_PAUSE)
 
     def _wait_for_manager(self):
