@@ -82,8 +82,8 @@ def passes(test: UnitTest) -> bool:
     """Runs a test, without the limit of time that it has as an ordinary one."""
     say(f"== Se corre {test.name}")
     environment = {**test.environment, "LLVM_PROFILE_FILE": f"{PROFILES}/{test.name}.%p.profraw"}
-    run = subprocess.run([test.program, "--gtest_brief=1"], cwd=BUILD, env=environment,
-                         stdout=sys.stderr, check=False)
+    run = subprocess.run([*test.launcher, test.program, "--gtest_brief=1"], cwd=BUILD,
+                         env=environment, stdout=sys.stderr, check=False)
     return run.returncode == 0
 
 

@@ -96,6 +96,7 @@ def cases_of(test: UnitTest) -> set[str]:
 def run(test: UnitTest) -> Result:
     log = LOGS / f"{test.name}.log"
     command = [
+        *test.launcher,
         "valgrind", f"--error-exitcode={FOUND}", "--leak-check=full", "--show-leak-kinds=definite",
         "--errors-for-leak-kinds=definite", "--num-callers=30", "--child-silent-after-fork=yes",
         "--error-limit=no", "--soname-synonyms=somalloc=nouserintercepts",  # tests have their own operator new

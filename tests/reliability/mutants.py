@@ -38,7 +38,7 @@ from collections.abc import Callable, Sequence
 
 import mutations
 from mutations import Mutant
-from section import ROOT, row as table_row
+from section import AS_ROOT, ROOT, row as table_row
 
 TREE = ROOT / "build" / "mutants"
 EQUIVALENTS = pathlib.Path(__file__).with_name("equivalent_mutants.txt")
@@ -131,7 +131,7 @@ class Workshop:
 
         environment = dict(os.environ, LC_ALL="es_ES.UTF-8", QT_QPA_PLATFORM="offscreen")
         run = subprocess.Popen(
-            [self.build / "bin" / target(program), "--gtest_fail_fast", "--gtest_brief=1"],
+            [AS_ROOT, self.build / "bin" / target(program), "--gtest_fail_fast", "--gtest_brief=1"],
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, cwd=self.scratch, env=environment,
             preexec_fn=limited, start_new_session=True,
         )

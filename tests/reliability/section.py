@@ -12,6 +12,7 @@ from collections.abc import Iterable
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TYPED = b" 7.0000000E+0000"  # in a file, what the drivers of the program type into a cell
 TEXT, NUMBER = "---", "---:"  # columns of a table
+AS_ROOT = ROOT / "tests" / "cmake" / "as_root"
 
 
 def say(text: str) -> None:
@@ -37,11 +38,15 @@ def table(columns: dict[str, str], rows: Iterable[Iterable[object]]) -> str:
     return "\n".join([row(columns), f"|{'|'.join(columns.values())}|", *map(row, rows)])
 
 
+WORDS_OF_MEMORY = 3  # python3 remembered.py MEMORY, before what is remembered
+
+
 @dataclasses.dataclass(frozen=True)
 class UnitTest:
     """A program of unit tests as ctest runs it."""
 
     name: str
+    launcher: list[str]  # that starts the program, such as AS_ROOT; mostly none
     program: pathlib.Path
     own_environment: dict[str, str]
 
@@ -58,6 +63,7 @@ def unit_tests(build: pathlib.Path) -> list[UnitTest]:
     return [
         UnitTest(
             test["name"],
+            test["command"][WORDS_OF_MEMORY:-1],
             pathlib.Path(test["command"][-1]),
             dict(word.split("=", 1) for property in test["properties"]
                  if property["name"] == "ENVIRONMENT" for word in property["value"]),
