@@ -65,6 +65,28 @@ class Remembered(unittest.TestCase):
         self.assertEqual(self.run_test(data, locale="es_ES.UTF-8"), (True, 4))
         self.assertEqual(self.run_test(data, locale="es_ES.UTF-8"), (True, 4))
 
+    def test_a_file_may_stand_within_a_word(self):
+        data = self.folder / "data"
+        for text in "12":
+            data.write_text(text)
+            self.assertEqual(self.run_test(f"--style=file:{data}"), (True, int(text)))
+        self.assertEqual(self.run_test(f"--style=file:{data}"), (True, 2))
+
+    def test_another_library_is_another_program(self):
+        library = self.folder / "library.so"
+        compiled = self.folder / "compiled"
+        build = ["cc", "-x", "c", "-"]
+        subprocess.run([*build, "-shared", "-o", library], input=b"int is() { return 0; }", check=True)
+        subprocess.run(
+            [*build, "-o", compiled, "-x", "none", library],
+            input=b"int is(void); int main(void) { return is(); }",
+            check=True,
+        )
+        self.assertEqual(self.run_test(compiled), (True, 1))
+        os.utime(library, (0, 0))
+        self.assertEqual(self.run_test(compiled), (True, 2))
+        self.assertEqual(self.run_test(compiled), (True, 2))
+
 
 if __name__ == "__main__":
     unittest.main()

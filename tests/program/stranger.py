@@ -2,7 +2,8 @@
 """Hands and eyes of a stranger at the running program.
 
 The eyes are the accessibility bus, where every control shows its role, name and place; the hands are
-real key presses and mouse clicks on the display. Meant to run below on_virtual_display.
+real key presses and mouse clicks on the display, but where a script would wait for them more than for
+all else: a file dialog is told the name of the file. Meant to run below on_virtual_display.
 """
 
 import os
@@ -37,6 +38,8 @@ INSIDE = {
 
 # What has the keys to itself as soon as it is active, and not before.
 DIALOGS = {"dialog", "alert"}
+
+FILE_NAME = "text «Nombre de archivo:»"  # where a file dialog has the focus
 
 # What the bus raises for a control or an application that is gone while it is looked at, or does not
 # answer in time.
@@ -343,16 +346,14 @@ class Program:
         return ""
 
     def answer_file_dialog(self, path):
-        """Gives the file dialog that is open a file name, as dictation software does, and confirms
-        it. Typed, a long path takes longer than all else that a script does.
-        """
-        self.wait_for_focus("text «Nombre de archivo:»")
+        """Gives the file dialog that is open a name, as dictation software does, and confirms it."""
+        self.wait_for_focus(FILE_NAME)
         self.focus.queryEditableText().setTextContents(str(path))
         self.press("Return")
 
     def type_into_file_dialog(self, path):
         """As answer_file_dialog, key by key."""
-        self.wait_for_focus("text «Nombre de archivo:»")
+        self.wait_for_focus(FILE_NAME)
         self.press("ctrl+a")
         self.type(str(path))
         self.press("Return")
