@@ -5,9 +5,9 @@
     tidy.py BUILD [JOBS]
 
 Each entry of BUILD/compile_commands.json is a unit, most of them the joined sources of one target. Qt's
-headers take longer than the project's sources, so many units are looked at as one, and where that has
-a complaint, those that it names are looked at alone. A unit that passed is remembered by what the compiler read for it, as
-ninja noted: command, checks and the text of every file of the project.
+headers take longer than the project's sources, so many units are looked at as one, and where that has a
+complaint, those that it names are looked at alone. A unit that passed is remembered by what the compiler
+read for it, as ninja noted: command, checks and the text of every file of the project.
 """
 
 import concurrent.futures
