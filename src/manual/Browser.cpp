@@ -1,92 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manual/Browser.h"
 
+#include "manual/ChapterLook.h"
 #include "manual/Chapters.h"
 
-#include <QEvent>
-#include <QFontDatabase>
 #include <QImage>
-#include <QScopedValueRollback>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QTextTable>
 
 #include <algorithm>
-#include <cmath>
 
 namespace manual {
 
 namespace {
 
-constexpr qreal margin = 18; // pixels around the text
-constexpr qreal cellPadding = 5;
-
 QString fileOf(const QUrl& url)
 {
     return QLatin1Char(':') + url.path();
-}
-
-bool isHeading(const QTextBlock& block)
-{
-    return block.blockFormat().headingLevel() > 0;
-}
-
-bool isCode(const QTextBlock& block)
-{
-    return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
-}
-
-bool isPicture(const QTextBlock& block)
-{
-    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-        if (piece.fragment().charFormat().isImageFormat())
-            return true;
-    }
-    return false;
-}
-
-/// A mixture of two colours: `share` of the first.
-QColor mixture(const QColor& text, const QColor& ground, qreal share)
-{
-    const auto mixed = [share](float a, float b) {
-        return static_cast<float>(a * share + b * (1 - share));
-    };
-    return QColor::fromRgbF(mixed(text.redF(), ground.redF()),
-                            mixed(text.greenF(), ground.greenF()),
-                            mixed(text.blueF(), ground.blueF()));
-}
-
-/// A colour between the text's and its ground: `share` of the text's.
-QColor between(const QPalette& palette, qreal share)
-{
-    return mixture(palette.color(QPalette::Text), palette.color(QPalette::Base), share);
-}
-
-/// The relative luminance of the Web Content Accessibility Guidelines, from 0 to 1.
-qreal luminance(const QColor& color)
-{
-    const auto linear = [](qreal part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-/// The palette's colour of links, as near to the text's as it takes to be legible: a dark theme may
-/// well say nothing of links.
-QColor linkColor(const QPalette& palette)
-{
-    constexpr qreal legible = 5.0;
-    const qreal ground = luminance(palette.color(QPalette::Base));
-    QColor color = palette.color(QPalette::Link);
-    for (int tenths = 9; tenths >= 0; --tenths) {
-        const auto [low, high] = std::minmax({ground, luminance(color)});
-        if ((high + 0.05) / (low + 0.05) >= legible)
-            break;
-        color =
-            mixture(palette.color(QPalette::Link), palette.color(QPalette::Text), tenths / 10.0);
-    }
-    return color;
 }
 
 } // namespace
@@ -111,16 +42,15 @@ void Browser::showChapter(const QString& chapter)
 
 QVariant Browser::loadResource(int type, const QUrl& name)
 {
-    const QUrl url = source().resolved(name);
     if (type == QTextDocument::ImageResource)
-        return fittedPicture(url);
-    return QTextBrowser::loadResource(type, name);
+        return fittedPicture(source().resolved(name));
+    return QByteArrayLiteral(" "); // any text: arrive() has the chapter's
 }
 
-/// By a link, by the way back, or anew: the text is there, as Markdown left it.
+/// By a link, by the way back, or anew.
 void Browser::arrive(const QUrl& place)
 {
-    format();
+    showText(chapterOf(place));
     if (place.hasFragment())
         scrollToHeading(place.fragment(QUrl::FullyDecoded));
     emit chapterShown(document()->firstBlock().text());
@@ -137,101 +67,28 @@ void Browser::changeEvent(QEvent* event)
     QTextBrowser::changeEvent(event);
     const bool looksDifferent =
         event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
-    if (looksDifferent && !m_isFormatting && !source().isEmpty()) {
+    if (looksDifferent && !source().isEmpty()) {
         const int place = verticalScrollBar()->value();
         reload();
         verticalScrollBar()->setValue(place);
     }
 }
 
-/// Markdown says what a piece of text is, and not how it looks.
-void Browser::format()
+/// Beside the one on the screen, which is laid out again after each piece that Markdown, and then
+/// its look, adds to it.
+void Browser::showText(const QString& chapter)
 {
-    const QScopedValueRollback<bool> formatting(m_isFormatting, true);
-    const bool undo = document()->isUndoRedoEnabled();
-    document()->setUndoRedoEnabled(false);
-    document()->setDocumentMargin(margin);
-    QTextCursor all(document());
-    all.beginEditBlock(); // to be laid out once, and not after every change
-    formatTables();
-    formatBlocks();
-    formatLinks();
-    all.endEditBlock();
-    fitPictures();
-    document()->setUndoRedoEnabled(undo);
-}
-
-void Browser::formatBlocks()
-{
-    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    const qreal space = fontMetrics().height() * 0.5;
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        QTextCursor cursor(block);
-        cursor.select(QTextCursor::BlockUnderCursor);
-        QTextBlockFormat layout = block.blockFormat();
-        if (isCode(block)) {
-            // A block of code is many blocks of text: only the outer ones keep a distance.
-            layout.setTopMargin(isCode(block.previous()) ? 0 : space);
-            layout.setBottomMargin(isCode(block.next()) ? 0 : space);
-            layout.setLeftMargin(space);
-            layout.setNonBreakableLines(true);
-            layout.setBackground(between(palette(), 0.06));
-            QTextCharFormat letters;
-            letters.setFontFamilies({fixed.family()});
-            letters.setFontFixedPitch(true);
-            cursor.mergeCharFormat(letters);
-        } else if (QTextCursor(block).currentTable() == nullptr) {
-            layout.setTopMargin(isHeading(block) ? 2 * space : 0);
-            layout.setBottomMargin(block.textList() != nullptr ? space / 2 : space);
-            if (!isPicture(block)) // whose height is a line's, too
-                layout.setLineHeight(118, QTextBlockFormat::ProportionalHeight);
-        }
-        QTextCursor(block).setBlockFormat(layout);
-    }
-}
-
-void Browser::formatLinks()
-{
-    QTextCharFormat link;
-    link.setForeground(linkColor(palette()));
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        QList<QTextFragment> links; // to change one is to lose the place in the block
-        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-            if (piece.fragment().charFormat().isAnchor())
-                links << piece.fragment();
-        }
-        for (const QTextFragment& fragment : links) {
-            QTextCursor cursor(document());
-            cursor.setPosition(fragment.position());
-            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-            cursor.mergeCharFormat(link);
-        }
-    }
-}
-
-void Browser::formatTables()
-{
-    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
-        auto* table = qobject_cast<QTextTable*>(frame);
-        if (table == nullptr)
-            continue;
-        QTextTableFormat look = table->format();
-        look.setBorder(1);
-        look.setBorderCollapse(true);
-        look.setBorderBrush(between(palette(), 0.35));
-        look.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        look.setCellPadding(cellPadding);
-        look.setCellSpacing(0);
-        look.setTopMargin(cellPadding);
-        look.setBottomMargin(2 * cellPadding);
-        table->setFormat(look);
-        for (int column = 0; column < table->columns(); ++column) {
-            QTextTableCell cell = table->cellAt(0, column);
-            QTextCharFormat heading = cell.format();
-            heading.setBackground(between(palette(), 0.1));
-            cell.setFormat(heading);
-        }
-    }
+    auto text = std::make_unique<QTextDocument>(this); // whose pictures it asks for
+    text->setUndoRedoEnabled(false);
+    text->setBaseUrl(document()->baseUrl());
+    text->setDefaultFont(document()->defaultFont());
+    text->setMarkdown(chapterText(chapter));
+    format(*text, palette(), fontMetrics().height() * 0.5);
+    setDocument(text.get());
+    m_text = std::move(text);
+    m_text->size(); // laid out to its end, and not only to what is to be seen:
+    QResizeEvent toTheEnd(viewport()->size(), viewport()->size());
+    QTextBrowser::resizeEvent(&toTheEnd); // the scroll bar leads there
 }
 
 /// Gives the document each of its pictures in the size that there is room for now.
@@ -260,7 +117,7 @@ void Browser::scrollToHeading(const QString& anchor)
         QTextCursor cursor(block);
         setTextCursor(cursor);
         const int place = verticalScrollBar()->value() + cursorRect(cursor).top();
-        verticalScrollBar()->setValue(place - static_cast<int>(margin));
+        verticalScrollBar()->setValue(place - static_cast<int>(document()->documentMargin()));
         return;
     }
 }
@@ -271,7 +128,7 @@ QImage Browser::fittedPicture(const QUrl& name) const
     if (picture.isNull())
         return picture;
     const qreal ratio = devicePixelRatioF();
-    const qreal room = viewport()->width() - 2 * margin;
+    const qreal room = viewport()->width() - 2 * document()->documentMargin();
     const qreal width = std::clamp<qreal>(room, 100, picture.width());
     const int pixels = qRound(width * ratio);
     if (pixels != picture.width())

@@ -3,6 +3,8 @@
 
 #include <QTextBrowser>
 
+#include <memory>
+
 namespace manual {
 
 /// Shows one chapter in the colours of the palette, with its pictures as wide as there is room.
@@ -29,15 +31,12 @@ protected:
 
 private:
     void arrive(const QUrl& place);
-    void format();
-    void formatBlocks();
-    void formatLinks();
-    void formatTables();
+    void showText(const QString& chapter);
     void fitPictures();
     void scrollToHeading(const QString& anchor);
     QImage fittedPicture(const QUrl& name) const;
 
-    bool m_isFormatting = false;
+    std::unique_ptr<QTextDocument> m_text; // of the chapter; nothing before the first
 };
 
 } // namespace manual

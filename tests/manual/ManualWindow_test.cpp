@@ -160,6 +160,26 @@ TEST_F(ManualWindow, LooksTheSameOnTheWayBack)
     EXPECT_EQ(qRound(text().document()->size().height()), height);
 }
 
+TEST_F(ManualWindow, TheWayBackLeadsToWhereItsReaderWas)
+{
+    open(QStringLiteral("del-campo-al-programa"));
+    text().verticalScrollBar()->setValue(4000);
+    manual.showChapter(QStringLiteral("bibliografia"));
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(text().chapter(), QStringLiteral("del-campo-al-programa"));
+    EXPECT_EQ(text().verticalScrollBar()->value(), 4000);
+}
+
+TEST_F(ManualWindow, TheScrollBarLeadsToTheEndAtOnce)
+{
+    for (const QString& chapter : manual::chapters()) {
+        open(chapter);
+        const int end = text().verticalScrollBar()->maximum();
+        const int height = qRound(text().document()->size().height());
+        EXPECT_EQ(std::max(0, height - text().viewport()->height()), end) << chapter.toStdString();
+    }
+}
+
 TEST_F(ManualWindow, ButtonsDoWhatTheKeysDo)
 {
     open(QStringLiteral("editor"));
