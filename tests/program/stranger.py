@@ -68,6 +68,15 @@ def wait_for(what, look, patience=PATIENCE):
         pause = min(1.5 * pause, 0.1)
 
 
+def is_showing(control, name=None):
+    """Whether a control is to be seen, and has this name still."""
+    try:
+        seen = control.getState().contains(pyatspi.STATE_SHOWING)
+        return seen and (name is None or control.name == name)
+    except Gone:
+        return False
+
+
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
 
@@ -92,6 +101,7 @@ class Program:
         self._application = None
         self._frame = None
         self._popups = []
+        self._found = {}  # the controls that were found last, by role and name
         self._hands = Hands()
         self._keys_told = set()  # (press or release, code of the key)
         self._has_moved = False  # the focus, since the last key
@@ -221,22 +231,18 @@ class Program:
 
     def _look(self, wanted, name, inside):
         for control, role in self._walk(inside, lambda role: wanted in INSIDE.get(role, {wanted})):
-            try:
-                if role != wanted or (name is not None and control.name != name):
-                    continue
-                if control.getState().contains(pyatspi.STATE_SHOWING):
-                    yield control
-            except Gone:
-                continue
+            if role == wanted and is_showing(control, name):
+                yield control
 
     def showing(self):
-        """Every control that is showing."""
-        for control in self.controls():
+        """Every control that is showing, with its role and its states."""
+        for control, role in self._walk(None, lambda _: True):
             try:
-                if control.getState().contains(pyatspi.STATE_SHOWING):
-                    yield control
+                states = control.getState()
             except Gone:
                 continue
+            if states.contains(pyatspi.STATE_SHOWING):
+                yield control, role, states
 
     def status(self):
         """The text of the status line."""
@@ -244,7 +250,10 @@ class Program:
 
     def find(self, role, name=None, inside=None):
         """Waits until there is one; of dialogs, until it takes keys."""
-        found = wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
+        found = self._found.get((role, name)) if inside is None else None
+        if found is None or not is_showing(found, name):
+            found = wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
+            self._found[role, name] = found
         if role in DIALOGS:
             wait_for(
                 f"the keys for {role} «{name}»",
@@ -254,6 +263,11 @@ class Program:
 
     def wait_until_gone(self, role, name=None):
         wait_for(f"the end of {role} «{name}»", lambda: not self.look(role, name))
+
+    @staticmethod
+    def wait_until_hidden(control):
+        """Asks only the one, where wait_until_gone looks through all."""
+        wait_for("the end of what was chosen", lambda: not is_showing(control))
 
     @staticmethod
     def text(control):
@@ -320,8 +334,9 @@ class Program:
     def choose(self, menu, entry):
         """An entry of a menu of the bar, by mouse."""
         self.click(self.find("menu item", menu))
-        self.click(self.find("menu item", entry))
-        self.wait_until_gone("menu item", entry)  # with its menu, which takes keys
+        chosen = self.find("menu item", entry)
+        self.click(chosen)
+        self.wait_until_hidden(chosen)  # with its menu, which takes keys
 
     def trigger(self, menu_item):
         """As assistive technology does: an entry of the bar, wherever it is and whatever is open."""
@@ -361,8 +376,9 @@ class Program:
     def confirm_alert(self):
         """Return in the box that is open."""
         self.wait_for_focus("push button «Aceptar»")
+        answer = self.focus
         self.press("Return")
-        self.wait_until_gone("alert")
+        self.wait_until_hidden(answer)
 
     # The end
 
