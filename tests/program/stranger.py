@@ -99,7 +99,7 @@ class Program:
     def __init__(self, executable, under=(), **environment):
         """`under` is a command that starts the program in its own place, such as a tracer."""
         self._application = None
-        self._frame = None
+        self._answering = []  # the bus and the program
         self._popups = []
         self._found = {}  # the controls that were found last, by role and name
         self._hands = Hands()
@@ -115,7 +115,8 @@ class Program:
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
         try:
             self._application = wait_for("the program on the accessibility bus", self._find_itself)
-            self._frame = self.find("frame", "Cuadrado Latino")
+            frame = self.find("frame", "Cuadrado Latino")
+            self._answering = [it.queryComponent() for it in (pyatspi.Registry.getDesktop(0), frame)]
             wait_for("the focus", self._find_focus)
         except NotFound:
             self.kill()
@@ -174,13 +175,15 @@ class Program:
     def _note_focus(self, event):
         try:
             # A child window has the focus along with the control in it.
-            if event.detail1 and event.source.getRoleName() != "frame":
-                application = event.source.getApplication()
-                if application is not None and application.get_process_id() == self.process.pid:
-                    self.focus = event.source
-                    self._has_moved = True
+            if event.detail1 and self._owns(event.source) and event.source.getRoleName() != "frame":
+                self.focus = event.source
+                self._has_moved = True
         except Gone:  # gone while it was looked at
             return
+
+    def _owns(self, control):
+        """Known without a question: getApplication() asks all parents one after the other."""
+        return self._application is not None and control.app.bus_name == self._application.app.bus_name
 
     @staticmethod
     def _hear():
@@ -288,9 +291,9 @@ class Program:
         """The program answers on the bus when it has taken in what the display told it."""
         asked = time.monotonic()
         try:
-            for answering in (pyatspi.Registry.getDesktop(0), self._frame):
-                answering.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        except (Gone, NotImplementedError):  # the program has ended
+            for answering in self._answering:
+                answering.getExtents(pyatspi.DESKTOP_COORDS)
+        except Gone:  # the program has ended
             return
         self._answer_time = time.monotonic() - asked
 
