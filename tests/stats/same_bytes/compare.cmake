@@ -1,8 +1,20 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Runs every one of PROGRAMS and fails unless all of them print the same bytes.
-list(GET PROGRAMS 0 reference)
-foreach(program IN LISTS PROGRAMS)
+# cmake -P compare.cmake PROGRAM PROGRAM... : runs every one, and fails unless all of them print the same
+# bytes.
+set(programs)
+foreach(place RANGE 3 ${CMAKE_ARGC}) # after cmake, -P and this script
+    if(place LESS CMAKE_ARGC)
+        list(APPEND programs "${CMAKE_ARGV${place}}")
+    endif()
+endforeach()
+list(LENGTH programs count)
+if(count LESS 2)
+    message(FATAL_ERROR "nothing to compare: ${programs}")
+endif()
+
+list(GET programs 0 reference)
+foreach(program IN LISTS programs)
     execute_process(COMMAND ${program} OUTPUT_FILE ${program}.txt RESULT_VARIABLE result)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "${program} ended with ${result}")
