@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
+# Debian's, and not one that stands before it in the PATH: a stand-in may take longer than the script.
+set(Python3_ROOT_DIR /usr)
 find_package(Python3 3.10 REQUIRED COMPONENTS Interpreter)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/remembered)
 set(remembered_py ${CMAKE_CURRENT_LIST_DIR}/remembered.py)

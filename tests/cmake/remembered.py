@@ -24,16 +24,19 @@ ENVIRONMENT = ("LC_ALL", "QT_QPA_PLATFORM")
 
 
 def data_files():
-    for folder in DATA:
-        for path in sorted((ROOT / folder).rglob("*")):
-            if path.is_file() and path.suffix not in COMPILED and "__pycache__" not in path.parts:
-                yield path
+    for top in DATA:
+        for folder, folders, names in os.walk(ROOT / top):
+            folders[:] = sorted(name for name in folders if name != "__pycache__")
+            for name in sorted(names):
+                if not name.endswith(COMPILED):
+                    yield pathlib.Path(folder, name)
 
 
 def libraries(file):
     """Of a program: where they are, how large and how old. A package that is upgraded changes them."""
-    if file.read_bytes()[:4] != b"\x7fELF":
-        return
+    with file.open("rb") as beginning:
+        if beginning.read(4) != b"\x7fELF":
+            return
     linked = subprocess.run(["ldd", file], capture_output=True, text=True, check=False).stdout
     for word in linked.split():
         if word.startswith("/"):
