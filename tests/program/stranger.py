@@ -101,7 +101,7 @@ class Program:
         self._application = None
         self._answering = []  # the bus and the program
         self._popups = []
-        self._found = {}  # the controls that were found last, by role and name
+        self._found = {}  # what find() found last, by what was sought
         self._hands = Hands()
         self._keys_told = set()  # (press or release, code of the key)
         self._has_moved = False  # the focus, since the last key
@@ -253,10 +253,11 @@ class Program:
 
     def find(self, role, name=None, inside=None):
         """Waits until there is one; of dialogs, until it takes keys."""
-        found = self._found.get((role, name)) if inside is None else None
+        sought = (role, name, inside)
+        found = self._found.get(sought) if name else None
         if found is None or not is_showing(found, name):
-            found = wait_for(f"{role} «{name}»", lambda: next(self._look(role, name, inside), None))
-            self._found[role, name] = found
+            found = wait_for(f"{role} «{name}»", lambda: next(self._look(*sought), None))
+            self._found[sought] = found
         if role in DIALOGS:
             wait_for(
                 f"the keys for {role} «{name}»",
