@@ -4,6 +4,8 @@
 #include "manual/ChapterLook.h"
 #include "manual/Chapters.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QAccessible>
 #include <QImage>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -83,12 +85,15 @@ void Browser::showText(const QString& chapter)
     text->setBaseUrl(document()->baseUrl());
     text->setDefaultFont(document()->defaultFont());
     text->setMarkdown(chapterText(chapter));
-    format(*text, palette(), fontMetrics().height() * 0.5);
+    formatChapter(*text, palette(), fontMetrics().height() * 0.5);
+    text->documentLayout()->setPaintDevice(viewport()); // for the dots per inch of its screen
     setDocument(text.get());
     m_text = std::move(text);
-    m_text->size(); // laid out to its end, and not only to what is to be seen:
+    m_text->size(); // lays it out to its end, and not only to what is to be seen
     QResizeEvent toTheEnd(viewport()->size(), viewport()->size());
-    QTextBrowser::resizeEvent(&toTheEnd); // the scroll bar leads there
+    QTextBrowser::resizeEvent(&toTheEnd); // has the scroll bar lead there
+    QAccessibleTextInsertEvent told(this, 0, m_text->toPlainText());
+    QAccessible::updateAccessibility(&told);
 }
 
 /// Gives the document each of its pictures in the size that there is room for now.

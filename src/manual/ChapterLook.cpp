@@ -153,7 +153,7 @@ bool isHeading(const QTextBlock& block)
     return block.blockFormat().headingLevel() > 0;
 }
 
-void format(QTextDocument& chapter, const QPalette& palette, qreal space)
+void formatChapter(QTextDocument& chapter, const QPalette& palette, qreal space)
 {
     chapter.setDocumentMargin(margin);
     formatTables(chapter, palette);

@@ -14,6 +14,6 @@ bool isHeading(const QTextBlock& block);
 /// Gives a chapter its look: Markdown says what a piece of text is, and not how it looks.
 ///
 /// @param space pixels between paragraphs
-void format(QTextDocument& chapter, const QPalette& palette, qreal space);
+void formatChapter(QTextDocument& chapter, const QPalette& palette, qreal space);
 
 } // namespace manual

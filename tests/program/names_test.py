@@ -41,6 +41,9 @@ ENGLISH = re.compile(
     re.IGNORECASE,
 )
 
+# What the toolkit has in a text between the cells of a table, and at its end.
+TABLE_PARTS = re.compile("[\ufdd0\ufdd1]")
+
 # What the toolkit calls a control that it has no better word for.
 NO_ROLE = {"", "invalid", "unknown", "extended", "redundant object"}
 
@@ -259,10 +262,13 @@ class Names(ProgramTest):
 
     def test_manual(self):
         program = self.program
+        told = []
+        program.listen("object:text-changed:insert", lambda event: told.append(event.any_data))
         program.press("F1")
         self.check("manual", ("frame", "Manual"), ("label", "El editor"))
         chapter = program.text(program.find("label", "El editor"))
         self.assertIn("Una celda sin escribir vale 0", chapter)
+        self.assertIn(TABLE_PARTS.sub("\n", chapter), told)
         program.press("ctrl+f")
         self.check("search", ("text", "Texto que se busca"))
         program.type("xyzzy")

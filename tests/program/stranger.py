@@ -3,7 +3,8 @@
 
 The eyes are the accessibility bus, where every control shows its role, name and place; the hands are
 real key presses and mouse clicks on the display, but where a script would wait for them more than for
-all else: a file dialog is told the name of the file. Meant to run below on_virtual_display.
+all else: a file dialog is told the name of the file. trigger() works an entry as assistive technology
+does. Meant to run below on_virtual_display.
 """
 
 import os
@@ -99,8 +100,10 @@ class Program:
     def __init__(self, executable, under=(), **environment):
         """`under` is a command that starts the program in its own place, such as a tracer."""
         self._application = None
+        self._bus_name = None
         self._answering = []  # the bus and the program
         self._popups = []
+        self._listeners = []  # each with its kind of event
         self._found = {}  # what find() found last, by what was sought
         self._hands = Hands()
         self._keys_told = set()  # (press or release, code of the key)
@@ -115,6 +118,7 @@ class Program:
         self._scale = float(environment.get("QT_SCALE_FACTOR", 1))
         try:
             self._application = wait_for("the program on the accessibility bus", self._find_itself)
+            self._bus_name = self._application.app.bus_name
             frame = self.find("frame", "Cuadrado Latino")
             self._answering = [it.queryComponent() for it in (pyatspi.Registry.getDesktop(0), frame)]
             wait_for("the focus", self._find_focus)
@@ -145,15 +149,20 @@ class Program:
     # Eyes
 
     def _listen(self):
-        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
-            pyatspi.Registry.registerEventListener(listener, f"object:state-changed:{change}")
+        self.listen("object:state-changed:showing", self._note_popup)
+        self.listen("object:state-changed:focused", self._note_focus)
         pyatspi.Registry.registerKeystrokeListener(
             self._note_key, mask=MODIFIERS, synchronous=False
         )
 
+    def listen(self, event, listener):
+        """Until the end of the program."""
+        pyatspi.Registry.registerEventListener(listener, event)
+        self._listeners.append((listener, event))
+
     def _listen_no_more(self):
-        for listener, change in ((self._note_popup, "showing"), (self._note_focus, "focused")):
-            pyatspi.Registry.deregisterEventListener(listener, f"object:state-changed:{change}")
+        while self._listeners:
+            pyatspi.Registry.deregisterEventListener(*self._listeners.pop())
         pyatspi.Registry.deregisterKeystrokeListener(self._note_key, mask=MODIFIERS)
 
     def _note_key(self, event):
@@ -182,8 +191,10 @@ class Program:
             return
 
     def _owns(self, control):
-        """Known without a question: getApplication() asks all parents one after the other."""
-        return self._application is not None and control.app.bus_name == self._application.app.bus_name
+        """Known without a question: getApplication() asks all parents one after the other. What is
+        gone is nobody's.
+        """
+        return control.app is not None and control.app.bus_name == self._bus_name
 
     @staticmethod
     def _hear():
@@ -252,12 +263,15 @@ class Program:
         return self.find("label", inside=self.find("status bar")).name
 
     def find(self, role, name=None, inside=None):
-        """Waits until there is one; of dialogs, until it takes keys."""
+        """Waits until there is one; of dialogs, until it takes keys. A name that was found before, and
+        shows still, is the same control again.
+        """
         sought = (role, name, inside)
-        found = self._found.get(sought) if name else None
+        found = self._found.get(sought)
         if found is None or not is_showing(found, name):
             found = wait_for(f"{role} «{name}»", lambda: next(self._look(*sought), None))
-            self._found[sought] = found
+            if name:
+                self._found[sought] = found
         if role in DIALOGS:
             wait_for(
                 f"the keys for {role} «{name}»",
@@ -380,9 +394,8 @@ class Program:
     def confirm_alert(self):
         """Return in the box that is open."""
         self.wait_for_focus("push button «Aceptar»")
-        answer = self.focus
         self.press("Return")
-        self.wait_until_hidden(answer)
+        self.wait_until_gone("alert")
 
     # The end
 
