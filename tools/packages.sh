@@ -51,10 +51,10 @@ install_missing() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# configure_and_build PRESET [TARGET...] : configures where the presets are new, then builds what changed.
+# configure_and_build PRESET [TARGET...] : configures, then builds what changed.
 configure_and_build() {
     local preset=$1
     shift
-    [ "build/$preset/build.ninja" -nt CMakePresets.json ] || cmake --preset "$preset" >/dev/null
+    cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
