@@ -170,6 +170,12 @@ TEST_F(ManualWindow, TheWayBackLeadsToWhereItsReaderWas)
     EXPECT_EQ(text().verticalScrollBar()->value(), 4000);
 }
 
+TEST_F(ManualWindow, AChapterIsLaidOutForTheScreenThatItIsOn)
+{
+    open(QStringLiteral("bibliografia"));
+    EXPECT_EQ(text().document()->documentLayout()->paintDevice(), text().viewport());
+}
+
 TEST_F(ManualWindow, TheScrollBarLeadsToTheEndAtOnce)
 {
     for (const QString& chapter : manual::chapters()) {

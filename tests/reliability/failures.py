@@ -40,7 +40,7 @@ def output(short):
 
 
 def figures(text):
-    """The lines of figures by their first word. Every row is there."""
+    """The lines of figures by their first word; the end of the section where a row is missing."""
     lines = [line.split("\t") for line in text.splitlines()]
     found = {word: [line[1:] for line in lines if line[0] == word] for word in ("FIGURES", "ROOM", "CALLS")}
     for word, kinds in (("FIGURES", UNNAMED), ("ROOM", LIMITS)):

@@ -2,19 +2,15 @@
 
 # cmake -P compare.cmake PROGRAM PROGRAM... : runs every one, and fails unless all of them print the same
 # bytes.
-set(programs)
-foreach(place RANGE 3 ${CMAKE_ARGC}) # after cmake, -P and this script
-    if(place LESS CMAKE_ARGC)
-        list(APPEND programs "${CMAKE_ARGV${place}}")
-    endif()
-endforeach()
-list(LENGTH programs count)
-if(count LESS 2)
-    message(FATAL_ERROR "nothing to compare: ${programs}")
+set(first 3) # after cmake, -P and this script
+math(EXPR last "${CMAKE_ARGC} - 1")
+if(NOT last GREATER first)
+    message(FATAL_ERROR "nothing to compare with ${CMAKE_ARGV${first}}")
 endif()
 
-list(GET programs 0 reference)
-foreach(program IN LISTS programs)
+set(reference ${CMAKE_ARGV${first}})
+foreach(place RANGE ${first} ${last})
+    set(program ${CMAKE_ARGV${place}})
     execute_process(COMMAND ${program} OUTPUT_FILE ${program}.txt RESULT_VARIABLE result)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "${program} ended with ${result}")
