@@ -9,6 +9,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <string>
 
 namespace base {
@@ -125,6 +127,27 @@ Decimal shortened(Decimal decimal, int kept)
     return decimal.digits.empty() ? Decimal() : decimal;
 }
 
+/// Whether a number that no double holds is too large, not too small: by the power of ten that its
+/// first digit stands for. Qt would tell it too, but takes seconds for a hundred million digits.
+bool isTooLarge(std::string_view number)
+{
+    const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, mark);
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    std::int64_t exponent = 0;
+    if (mark < number.size()) {
+        std::string_view power = number.substr(mark + 1);
+        if (power.starts_with('+'))
+            power.remove_prefix(1);
+        const bool fits =
+            std::from_chars(power.data(), power.data() + power.size(), exponent).ec == std::errc();
+        if (!fits)
+            return !power.starts_with('-');
+    }
+    return exponent > first - point;
+}
+
 /// The number that the whole of a text is in ordinary notation, infinity where it is too large;
 /// nothing where it is none.
 std::optional<double> numberOrInfinity(std::string_view text)
@@ -137,9 +160,9 @@ std::optional<double> numberOrInfinity(std::string_view text)
     const bool isWord = error == std::errc() && !std::isfinite(value); // "inf", "nan"
     if (end != last || error == std::errc::invalid_argument || isWord)
         return std::nullopt;
-    if (error == std::errc::result_out_of_range) { // at either end: Qt tells an infinity from a 0
-        value = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toDouble();
-        value = std::copysign(value, text.starts_with('-') ? -1.0 : 1.0);
+    if (error == std::errc::result_out_of_range) {
+        const double size = isTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
+        value = text.starts_with('-') ? -size : size;
     }
     return value;
 }

@@ -11,6 +11,7 @@
 
 #include <bit>
 #include <cmath>
+#include <optional>
 #include <random>
 
 namespace {
@@ -248,4 +249,8 @@ TEST_F(NumberText, OutOfRangeIsToldFromUnderflowByTheWholeNumber)
     // Exponents at the ends of 64 bits, which the digits before them push over.
     EXPECT_FALSE(base::readPlainNumber("10e9223372036854775807"));
     EXPECT_EQ(base::readPlainNumber("0.001e-9223372036854775808"), 0.0);
+    EXPECT_FALSE(base::readPlainNumber("-1e+9223372036854775808"));
+    const std::optional<double> smallest = base::readPlainNumber("-1e-9223372036854775809");
+    ASSERT_EQ(smallest, 0.0);
+    EXPECT_TRUE(std::signbit(*smallest));
 }

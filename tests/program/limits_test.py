@@ -51,8 +51,8 @@ class Limits(ProgramTest):
         program = self.start()
         self.set_clipboard(path)
         before = self.peak(program)
-        begin(program)
         started = time.monotonic()
+        begin(program)
         self.assertIn(expected, self.message(program))
         taken = time.monotonic() - started
         growth = (self.peak(program) - before) / path.stat().st_size
@@ -85,8 +85,8 @@ class Limits(ProgramTest):
             link.symlink_to(target)
             before = self.peak(program)
             program.press("ctrl+a")
-            program.answer_file_dialog(link)
             started = time.monotonic()
+            program.answer_file_dialog(link)
             message = self.message(program)
             taken = time.monotonic() - started
             grown = self.peak(program) - before
