@@ -133,7 +133,8 @@ class Life:
         os.kill(self.program.process.pid, number)
 
     def is_asking(self):
-        return bool(self.program.look("label", QUESTION))
+        look = self.program.look
+        return any(look("label", QUESTION, inside=box) for box in look("alert"))
 
     def answer(self, button):
         self.program.click(self.program.find("push button", button))

@@ -21,7 +21,7 @@ from by_keyboard import (
     open_power,
 )
 from driven import ProgramTest, main
-from stranger import Gone, wait_for, xdotool
+from stranger import Gone, role_of, wait_for, xdotool
 
 # The texts that the product has in English.
 OWN_ENGLISH = {
@@ -55,7 +55,7 @@ OPERABLE = {
 
 def role(control):
     """The role of a control; of none, no role."""
-    return "" if control is None else control.getRoleName()
+    return "" if control is None else role_of(control)
 
 
 def children(control):

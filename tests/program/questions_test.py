@@ -60,7 +60,7 @@ class Questions(DiskTest):
                 program.trigger("Salir")
                 program.trigger("Guardar...")
                 with self.assertRaises(NotFound):
-                    wait_for("a second question", lambda: program.look("push button", "No"), 1.0)
+                    wait_for("a second question", lambda: program.look("alert"), 1.0)
                 program.press("Escape")
                 program.wait_until_gone("dialog", name)
                 self.assert_alive(program)
@@ -106,7 +106,7 @@ class Questions(DiskTest):
         program.wait_until_gone("push button", "Cancelar")
 
         with self.assertRaises(NotFound):
-            wait_for("a third question", lambda: program.look("label", QUESTION), 1.0)
+            wait_for("a third question", lambda: program.look("alert"), 1.0)
         self.assertEqual(program.windows(), before)
         self.assertEqual(self.in_front(program), f"Análisis - {SAMPLES / 'propelente.asc'}")
         self.assertEqual(program.text(program.find("text", "Reporte")), report)

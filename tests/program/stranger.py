@@ -7,6 +7,7 @@ all else: a file dialog is told the name of the file. trigger() works an entry a
 does. Meant to run below on_virtual_display.
 """
 
+import functools
 import os
 import signal
 import subprocess
@@ -30,11 +31,24 @@ MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
 
-# What holds only controls of some roles, which most looks are not for: each control costs several
-# questions on the bus.
+# A look leaves out what cannot hold what it is for, as each control costs several questions on the
+# bus: what holds nothing, ...
+CHILDLESS = {
+    "chart", "check box", "image", "list item", "push button", "radio button", "separator",
+    "table cell", "table column header", "table row header",
+}  # fmt: skip
+# ... what holds only controls of some roles, ...
 INSIDE = {
     "menu bar": {"menu item", "check menu item", "radio menu item", "popup menu", "separator"},
     "table": {"table cell", "column header", "row header", "text"},
+    **dict.fromkeys(CHILDLESS, ()),
+}
+# ... and all but what a role stands in only.
+WITHIN = {
+    "alert": {"application"},
+    "dialog": {"application"},
+    "menu item": {"application", "frame", "menu bar", "menu item", "popup menu"},
+    "status bar": {"application", "frame"},
 }
 
 # What has the keys to itself as soon as it is active, and not before.
@@ -67,6 +81,12 @@ def wait_for(what, look, patience=PATIENCE):
             raise NotFound(f"waited in vain for {what}")
         time.sleep(pause)
         pause = min(1.5 * pause, 0.1)
+
+
+@functools.cache
+def role_of(control):
+    """Asked once: no control changes its role."""
+    return control.getRoleName()
 
 
 def is_showing(control, name=None):
@@ -141,9 +161,10 @@ class Program:
     def _find_focus(self):
         """The focus of a program that has just started: its announcement may have been too early."""
         self._hear()
-        for table in self.look("table"):
-            if table.getState().contains(pyatspi.STATE_FOCUSED):
-                self.focus = self.focus or table
+        if self.focus is None or not self._owns(self.focus):
+            tables = self._of_role("table")
+            focused = (it for it in tables if it.getState().contains(pyatspi.STATE_FOCUSED))
+            self.focus = next(focused, None)
         return self.focus
 
     # Eyes
@@ -171,7 +192,7 @@ class Program:
     def _note_popup(self, event):
         """A pop-up of a button hangs on nothing that can be walked to: it announces itself."""
         try:
-            if event.source.getRoleName() != "popup menu":
+            if role_of(event.source) != "popup menu":
                 return
             if event.source.parent != self._application:  # of the menu bar, or another program's
                 return
@@ -184,7 +205,7 @@ class Program:
     def _note_focus(self, event):
         try:
             # A child window has the focus along with the control in it.
-            if event.detail1 and self._owns(event.source) and event.source.getRoleName() != "frame":
+            if event.detail1 and self._owns(event.source) and role_of(event.source) != "frame":
                 self.focus = event.source
                 self._has_moved = True
         except Gone:  # gone while it was looked at
@@ -192,9 +213,9 @@ class Program:
 
     def _owns(self, control):
         """Known without a question: getApplication() asks all parents one after the other. What is
-        gone is nobody's.
+        gone is nobody's; before the program has told its name, all is its own.
         """
-        return control.app is not None and control.app.bus_name == self._bus_name
+        return control.app is not None and self._bus_name in (None, control.app.bus_name)
 
     @staticmethod
     def _hear():
@@ -208,7 +229,7 @@ class Program:
         if self.focus is None:
             return None
         try:
-            return f"{self.focus.getRoleName()} «{self.focus.name}»"
+            return f"{role_of(self.focus)} «{self.focus.name}»"
         except Gone:
             return None
 
@@ -220,33 +241,42 @@ class Program:
             raise NotFound(f"the focus is at {self.focused()}, not at {' or '.join(expected)}")
 
     def controls(self, inside=None):
-        """Every control of the program, or inside one of its controls, outermost first."""
+        """Every control of the program, or inside one of its controls, each before what is in it."""
         return (control for control, _ in self._walk(inside, lambda _: True))
 
     def _walk(self, inside, descends):
-        """Controls with their roles, outermost first; descends(role) says whether to look into one."""
+        """Controls with their roles, each before what is in it; descends(role) says whether to look
+        into one.
+        """
         self._hear()
         waiting = [self._application, *self._popups] if inside is None else [inside]
         while waiting:
             control = waiting.pop(0)
             try:
-                role = control.getRoleName()
+                role = role_of(control)
                 children = range(min(control.childCount, 400)) if descends(role) else ()
                 children = [control.getChildAtIndex(i) for i in children]
+                children = [child for child in children if child is not None]
+                if control is self._application:  # a dialog stands before the frame
+                    children.sort(key=lambda window: role_of(window) == "frame")
             except Gone:  # gone while it was looked at
                 continue
             if control is not self._application:
                 yield control, role
-            waiting += [child for child in children if child is not None]
+            waiting[:0] = children
 
     def look(self, role, name=None, inside=None):
         """The controls of that role (and name) that are showing."""
         return list(self._look(role, name, inside))
 
-    def _look(self, wanted, name, inside):
-        for control, role in self._walk(inside, lambda role: wanted in INSIDE.get(role, {wanted})):
-            if role == wanted and is_showing(control, name):
-                yield control
+    def _look(self, role, name, inside):
+        return (control for control in self._of_role(role, inside) if is_showing(control, name))
+
+    def _of_role(self, wanted, inside=None):
+        def descends(role):
+            return wanted in INSIDE.get(role, {wanted}) and role in WITHIN.get(wanted, {role})
+
+        return (control for control, role in self._walk(inside, descends) if role == wanted)
 
     def showing(self):
         """Every control that is showing, with its role and its states."""
@@ -358,8 +388,8 @@ class Program:
 
     def trigger(self, menu_item):
         """As assistive technology does: an entry of the bar, wherever it is and whatever is open."""
-        for control in self.controls():
-            if control.getRoleName() == "menu item" and control.name == menu_item:
+        for control in self._of_role("menu item"):
+            if control.name == menu_item:
                 control.queryAction().doAction(0)
                 return
         raise NotFound(f"no entry {menu_item}")
