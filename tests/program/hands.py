@@ -52,9 +52,13 @@ class Hands:
         """With Shift where the key alone has another character."""
         return self._act(name, X.KeyPress, X.KeyRelease)
 
-    def click(self, x, y, times=1):
-        """The left button, at a pixel of the screen. Held, it would repeat what an arrow does."""
+    def move(self, x, y):
+        """The mouse, to a pixel of the screen."""
         xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
+        self._display.sync()
+
+    def click(self, times=1):
+        """The left button, where the mouse is. Held, it would repeat what an arrow does."""
         for event in times * (X.ButtonPress, X.ButtonRelease):
             xtest.fake_input(self._display, event, 1)
         self._wait_for_manager()

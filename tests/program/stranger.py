@@ -26,7 +26,6 @@ ANSWER_PATIENCE = 5.0  # seconds to wait for each answer on the bus
 KEY_PATIENCE = 1.0
 RELEASE_PATIENCE = 0.1
 ANSWERS = 5
-MODIFIER_PAUSE = 0.02  # seconds between a modifier and its key
 
 # All, Shift, Control, Alt, and two of them.
 MODIFIERS = (0, 1, 4, 8, 5, 9, 12)
@@ -98,6 +97,14 @@ def is_showing(control, name=None):
         return False
 
 
+def is_active(window):
+    """Whether it has the keys, and the window manager has put it where it stays."""
+    try:
+        return window.getState().contains(pyatspi.STATE_ACTIVE)
+    except Gone:
+        return False
+
+
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
 
@@ -121,7 +128,7 @@ class Program:
         """`under` is a command that starts the program in its own place, such as a tracer."""
         self._application = None
         self._bus_name = None
-        self._answering = []  # the bus and the program
+        self._answering = []  # in this order, the bus and the program
         self._popups = []
         self._listeners = []  # each with its kind of event
         self._found = {}  # what find() found last, by what was sought
@@ -140,7 +147,10 @@ class Program:
             self._application = wait_for("the program on the accessibility bus", self._find_itself)
             self._bus_name = self._application.app.bus_name
             frame = self.find("frame", "Cuadrado Latino")
-            self._answering = [it.queryComponent() for it in (pyatspi.Registry.getDesktop(0), frame)]
+            bus, own = pyatspi.Registry.getDesktop(0).queryComponent(), frame.queryComponent()
+            # Once the bus has answered, it has given leave for what came before; once the program has,
+            # it knows of that and has posted the key to itself; and then it has taken it.
+            self._answering = [bus, own, own]
             wait_for("the focus", self._find_focus)
         except NotFound:
             self.kill()
@@ -303,10 +313,7 @@ class Program:
             if name:
                 self._found[sought] = found
         if role in DIALOGS:
-            wait_for(
-                f"the keys for {role} «{name}»",
-                lambda: found.getState().contains(pyatspi.STATE_ACTIVE),
-            )
+            wait_for(f"the keys for {role} «{name}»", lambda: is_active(found))
         return found
 
     def wait_until_gone(self, role, name=None):
@@ -329,8 +336,18 @@ class Program:
 
     def click_at(self, x, y, times=1):
         """In points of the screen."""
-        self._hands.click(round(x * self._scale), round(y * self._scale), times)
+        self._hands.move(round(x * self._scale), round(y * self._scale))
+        self._wait_briefly(self._takes_clicks, KEY_PATIENCE)
+        self._hands.click(times)
         self._let_it_arrive()  # a shortcut that comes with it would overtake it
+
+    def _takes_clicks(self):
+        """Whether no dialog is still on its way, and no tip of where the mouse was stands in its way."""
+        windows = self._walk(None, lambda role: role == "application")
+        showing = [(window, role) for window, role in windows if is_showing(window)]
+        dialogs = [window for window, role in showing if role in DIALOGS]
+        has_tip = any(role == "tool tip" for _, role in showing)
+        return not has_tip and (not dialogs or any(map(is_active, dialogs)))
 
     def _let_it_arrive(self):
         """The program answers on the bus when it has taken in what the display told it."""
@@ -347,10 +364,9 @@ class Program:
         for key in keys:
             *modifiers, last = key.split("+")
             for modifier in modifiers:
+                # Were Alt taken after the shortcut that it belongs to, the menu that is open by then
+                # would take it for its end.
                 self._strike(self._hands.down, modifier, pyatspi.KEY_PRESSED_EVENT)
-                # The leave to take Alt may come late on the bus, after the shortcut that it belongs
-                # to: a menu that is open then takes it for the end.
-                time.sleep(MODIFIER_PAUSE)
             self._strike(self._hands.strike, last)
             for modifier in reversed(modifiers):
                 self._strike(self._hands.up, modifier)
