@@ -268,7 +268,12 @@ class Names(ProgramTest):
         self.check("manual", ("frame", "Manual"), ("label", "El editor"))
         chapter = program.text(program.find("label", "El editor"))
         self.assertIn("Una celda sin escribir vale 0", chapter)
-        self.assertIn(TABLE_PARTS.sub("\n", chapter), told)
+
+        def is_told():
+            program.hear()
+            return TABLE_PARTS.sub("\n", chapter) in told
+
+        wait_for("the text of the chapter, told", is_told)
         program.press("ctrl+f")
         self.check("search", ("text", "Texto que se busca"))
         program.type("xyzzy")

@@ -170,7 +170,7 @@ class Program:
 
     def _find_focus(self):
         """The focus of a program that has just started: its announcement may have been too early."""
-        self._hear()
+        self.hear()
         if self.focus is None or not self._owns(self.focus):
             tables = self._of_role("table")
             focused = (it for it in tables if it.getState().contains(pyatspi.STATE_FOCUSED))
@@ -187,9 +187,10 @@ class Program:
         )
 
     def listen(self, event, listener):
-        """Until the end of the program."""
+        """Until the end of the program, which tells only of what it knows to be listened for."""
         pyatspi.Registry.registerEventListener(listener, event)
         self._listeners.append((listener, event))
+        self._let_it_arrive()
 
     def _listen_no_more(self):
         while self._listeners:
@@ -228,14 +229,14 @@ class Program:
         return control.app is not None and self._bus_name in (None, control.app.bus_name)
 
     @staticmethod
-    def _hear():
+    def hear():
         """Takes in what was announced in the meantime."""
         while GLib.MainContext.default().iteration(False):
             pass
 
     def focused(self):
         """What has the focus: "table cell «7,500»"."""
-        self._hear()
+        self.hear()
         if self.focus is None:
             return None
         try:
@@ -258,7 +259,7 @@ class Program:
         """Controls with their roles, each before what is in it; descends(role) says whether to look
         into one.
         """
-        self._hear()
+        self.hear()
         waiting = [self._application, *self._popups] if inside is None else [inside]
         while waiting:
             control = waiting.pop(0)
@@ -380,7 +381,7 @@ class Program:
         waits for leave to take it: only then the next key is struck.
         """
         self._wait_briefly(lambda: self._hands.goes_to(self.process.pid), KEY_PATIENCE)
-        self._hear()
+        self.hear()
         self._keys_told.clear()
         self._has_moved = False
         code = act(key)
@@ -393,7 +394,7 @@ class Program:
         end = time.monotonic() + patience + ANSWERS * self._answer_time
         while not is_so() and time.monotonic() < end and self.process.poll() is None:
             time.sleep(0.001)
-            self._hear()
+            self.hear()
 
     def choose(self, menu, entry):
         """An entry of a menu of the bar, by mouse."""
