@@ -96,7 +96,13 @@ class Life:
         for _ in range(3):
             self.press(*keys)
             try:
-                wait_for("the dialog", lambda: self.active() == "Abrir Archivo", PATIENCE / 3)
+                wait_for(
+                    "the dialog",
+                    lambda: self.has_ended() or self.active() == "Abrir Archivo",
+                    PATIENCE / 3,
+                )
+                if self.has_ended():
+                    return
                 time.sleep(0.2)
                 xdotool("type", "--delay", 12, str(path))
                 self.press("Return")
