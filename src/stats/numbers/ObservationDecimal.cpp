@@ -7,7 +7,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <string_view>
 #include <utility>
 
 namespace stats {
@@ -50,23 +49,17 @@ std::optional<ObservationDecimal> shortDecimal(double observation)
     return ObservationDecimal{units, exponent};
 }
 
-/// Takes "-d.ddde-xx", the shortest text that std::to_chars has for a double, apart.
-ObservationDecimal takeApart(std::string_view text)
+/// Takes "-d.ddde-xx", the shortest text that std::to_chars has for a double, apart, and closes the
+/// gap of its point.
+ObservationDecimal takeApart(char* text, const char* end)
 {
     ObservationDecimal decimal;
-    const std::size_t mark = text.find('e');
-    const std::size_t point = std::min(text.find('.'), mark);
-    for (const char character : text.substr(0, mark)) {
-        if (character >= '0' && character <= '9')
-            decimal.coefficient = decimal.coefficient * 10 + (character - '0');
-    }
-    if (text.front() == '-')
-        decimal.coefficient = -decimal.coefficient;
-    const std::size_t sign = mark + 1;
-    std::from_chars(text.data() + sign + (text[sign] == '+' ? 1 : 0), text.data() + text.size(),
-                    decimal.exponent);
-    if (point < mark)
-        decimal.exponent -= static_cast<int>(mark - point - 1);
+    char* const mark = std::find(text, text + (end - text), 'e');
+    char* const point = std::find(text, mark, '.');
+    const char* const digitsEnd = point == mark ? mark : std::copy(point + 1, mark, point);
+    std::from_chars(text, digitsEnd, decimal.coefficient);
+    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, decimal.exponent);
+    decimal.exponent -= static_cast<int>(digitsEnd - point);
     return decimal;
 }
 
@@ -157,7 +150,7 @@ std::optional<ObservationDecimal> observationDecimal(double observation)
     const auto* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), observation,
                                           std::chars_format::scientific)
                                 .ptr;
-    return takeApart({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
+    return takeApart(buffer.data(), end);
 }
 
 std::optional<DecimalSums> decimalSums(const TMatrix& observations, int n)
