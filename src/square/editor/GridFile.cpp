@@ -11,21 +11,26 @@ namespace square {
 
 namespace {
 
-/// A square without the key of treatments that it had before its order changed.
-record::SquareData withItsTitle(const record::SquareData& square)
+/// Whether the title is the key of treatments from before the order changed.
+bool hasOldKey(const record::SquareData& square)
 {
-    record::SquareData titled = square;
     const auto treatments = treatmentsIn(square.Identifier()).size();
-    if (treatments > 0 && treatments != square.NrOfColumns())
-        titled.setIdentifier({});
-    return titled;
+    return treatments > 0 && treatments != square.NrOfColumns();
+}
+
+record::SquareData untitled(record::SquareData square)
+{
+    square.setIdentifier({});
+    return square;
 }
 
 } // namespace
 
 base::Outcome<ExportedSquare> Export(grid::TNTabEd& table, const QString& fileName, int precision)
 {
-    const EncodedSquare encoded = encode(withItsTitle(table.square()), fileName, precision);
+    const record::SquareData& square = table.square();
+    const EncodedSquare encoded = hasOldKey(square) ? encode(untitled(square), fileName, precision)
+                                                    : encode(square, fileName, precision);
     const QByteArray fingerprint = base::fingerprint(encoded.bytes);
     const base::Outcome<base::WrittenFile> file = base::replaceFile(fileName, encoded.bytes);
     if (!file.value)
