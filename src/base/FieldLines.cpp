@@ -57,6 +57,16 @@ QString adviceOnObservation(QStringView text)
     return question.isEmpty() ? notice : question + QLatin1Char(' ') + notice;
 }
 
+QString noText()
+{
+    return QStringLiteral("El portapapeles no contiene ningún texto.");
+}
+
+QString emptyLine(qsizetype lineNumber)
+{
+    return QStringLiteral("La línea %1 está vacía.").arg(lineNumber);
+}
+
 QString raggedLine(qsizetype lineNumber, qsizetype fields, qsizetype fieldsOfFirst)
 {
     return QStringLiteral("La línea %1 tiene %2 y la primera, %3: los datos no forman un "

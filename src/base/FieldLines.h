@@ -26,6 +26,10 @@ QString letterQuestion(QStringView text);
 /// with missing data is not analysed, and where to read on.
 QString adviceOnObservation(QStringView text);
 
+/// Why a clipboard without any text is refused, and an empty line in one.
+QString noText();
+QString emptyLine(qsizetype lineNumber);
+
 /// Why lines with different numbers of fields are refused.
 QString raggedLine(qsizetype lineNumber, qsizetype fields, qsizetype fieldsOfFirst);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "experiment/CyclicSquareReading.h"
 
+#include "base/FieldLines.h"
 #include "base/NumberText.h"
 #include "base/TableText.h"
 #include "experiment/CyclicArrangement.h"
@@ -106,10 +107,10 @@ base::Outcome<CyclicSquare> readCyclicSquare(QStringView text)
     for (qsizetype line = 1; line <= table.value->lines; ++line) {
         lines.push_back(base::takeFields(*table.value));
         if (lines.back().empty())
-            return Reading::refused(QStringLiteral("La línea %1 está vacía.").arg(line));
+            return Reading::refused(base::emptyLine(line));
     }
     if (lines.empty())
-        return Reading::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+        return Reading::refused(base::noText());
 
     const Result copied =
         readLatinSquare(lines, table.value->byCommas ? Separators::Commas : Separators::Others);

@@ -4,6 +4,7 @@
 #include "base/FieldLines.h"
 #include "base/NumberText.h"
 #include "base/ShortText.h"
+#include "record/SquareData.h"
 
 #include <algorithm>
 #include <optional>
@@ -23,7 +24,7 @@ struct Names {
 constexpr Names none = {0, 0};
 constexpr Names both = {1, 1};
 
-/// A cell taken apart; without a treatment where it could not be.
+/// A cell taken apart.
 struct Cell {
     QString treatment;
     double value = 0.0;
@@ -108,30 +109,43 @@ std::optional<Cell> readCell(QStringView field)
     return text.contains(blank) ? cellOfParts(text) : cellOfLettersAndNumber(text);
 }
 
+/// Line by line what each field is as a cell; nothing where it is none.
+using Cells = std::vector<std::vector<std::optional<Cell>>>;
+
+Cells cellsOf(const FieldLines& lines)
+{
+    Cells cells;
+    cells.reserve(lines.size());
+    for (const std::vector<QStringView>& fields : lines) {
+        cells.emplace_back(fields.size());
+        std::transform(fields.begin(), fields.end(), cells.back().begin(), readCell);
+    }
+    return cells;
+}
+
 /// Whether a treatment of the first line comes again below it. Names may look like cells ("Fila
 /// 1"), but the treatments in a line of cells are those of the others.
-bool firstLineSharesTreatments(const FieldLines& lines)
+bool firstLineSharesTreatments(const Cells& cells)
 {
     std::set<QString> below;
-    for (std::size_t line = 1; line < lines.size(); ++line) {
-        for (std::size_t field = 1; field < lines[line].size(); ++field) {
-            if (const std::optional<Cell> cell = readCell(lines[line][field]))
+    for (std::size_t line = 1; line < cells.size(); ++line) {
+        for (std::size_t field = 1; field < cells[line].size(); ++field) {
+            if (const std::optional<Cell>& cell = cells[line][field])
                 below.insert(cell->treatment);
         }
     }
-    return std::any_of(lines.front().begin() + 1, lines.front().end(), [&](QStringView field) {
-        const std::optional<Cell> cell = readCell(field);
-        return cell && below.count(cell->treatment) != 0;
-    });
+    return std::any_of(cells.front().begin() + 1, cells.front().end(),
+                       [&](const auto& cell) { return cell && below.count(cell->treatment) != 0; });
 }
 
-/// A name, or "R-1" and the like where there is none.
-QString labelOr(QStringView label, QLatin1Char letter, std::size_t number)
+/// The name at the start of a row or column, or where there is none the record's own.
+QString nameOr(QStringView name, QString (*defaultName)(int), std::size_t number)
 {
-    return label.isEmpty() ? QStringLiteral("%1-%2").arg(letter).arg(number) : labelText(label);
+    return name.isEmpty() ? defaultName(static_cast<int>(number)) : labelText(name);
 }
 
-/// The ways in which the lines can be read, the likeliest first.
+/// The ways in which lines of this shape can be read; a square of cells alone before one with
+/// names.
 std::vector<Names> possibleNames(const FieldLines& lines)
 {
     const std::size_t height = lines.size();
@@ -152,18 +166,16 @@ std::vector<Names> possibleNames(const FieldLines& lines)
         return {};
     if (lines.front().front().isEmpty())
         return {both};
-    if (height == 2 || firstLineSharesTreatments(lines))
-        return {none, both};
-    return {both, none};
+    return {none, both};
 }
 
 /// The treatments of the cells that can be read, wherever they are.
-std::set<QString> treatmentsIn(const FieldLines& lines)
+std::set<QString> treatmentsIn(const Cells& cells)
 {
     std::set<QString> treatments;
-    for (const std::vector<QStringView>& fields : lines) {
-        for (const QStringView field : fields) {
-            if (const std::optional<Cell> cell = readCell(field))
+    for (const auto& line : cells) {
+        for (const std::optional<Cell>& cell : line) {
+            if (cell)
                 treatments.insert(cell->treatment);
         }
     }
@@ -180,9 +192,9 @@ bool mayBeRowName(QStringView field, const std::set<QString>& treatments)
 
 /// What may be wrong with a field that should be the cell of this row and column.
 QString adviceOn(QStringView field, bool startsLine, const QString& row, const QString& column,
-                 const FieldLines& lines)
+                 const Cells& cells)
 {
-    const std::set<QString> treatments = treatmentsIn(lines);
+    const std::set<QString> treatments = treatmentsIn(cells);
     if (number(field))
         return treatments.empty() ? numbersArePasted() : QStringLiteral("Le falta el tratamiento.");
     if (startsLine && mayBeRowName(field, treatments))
@@ -196,7 +208,7 @@ QString adviceOn(QStringView field, bool startsLine, const QString& row, const Q
     return form + unreadableNotice(row, column, field);
 }
 
-base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
+base::Outcome<Experiment> readSquare(const FieldLines& lines, const Cells& cells, Names names)
 {
     const std::size_t columnNameShift = lines.front().size() < lines.back().size() ? 1 : 0;
 
@@ -207,16 +219,17 @@ base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
             const QStringView rowName = names.fields == 1 ? lines[line].front() : QStringView();
             const QStringView columnName =
                 names.lines == 1 ? lines.front()[field - columnNameShift] : QStringView();
-            const QString row = labelOr(rowName, QLatin1Char('R'), line + 1 - names.lines);
-            const QString column = labelOr(columnName, QLatin1Char('C'), field + 1 - names.fields);
-            const std::optional<Cell> cell = readCell(text);
+            const QString row = nameOr(rowName, record::defaultRowName, line + 1 - names.lines);
+            const QString column =
+                nameOr(columnName, record::defaultColumnName, field + 1 - names.fields);
+            const std::optional<Cell>& cell = cells[line][field];
             if (!cell) {
                 return base::Outcome<Experiment>::refused(
                     QStringLiteral("Línea %1, campo %2: «%3» no es un tratamiento con su "
                                    "observación, como «A 24». %4")
                         .arg(QString::number(line + 1), QString::number(field + 1),
                              base::shortened(text),
-                             adviceOn(text, field == 0 && names.fields == 0, row, column, lines)));
+                             adviceOn(text, field == 0 && names.fields == 0, row, column, cells)));
             }
             experiment.push_back({row, column, cell->treatment, cell->value,
                                   static_cast<int>(line) + 1, cell->number});
@@ -229,9 +242,15 @@ base::Outcome<Experiment> readSquare(const FieldLines& lines, Names names)
 
 std::vector<base::Outcome<Experiment>> readExperimentSquare(const FieldLines& lines)
 {
+    std::vector<Names> ways = possibleNames(lines);
+    if (ways.empty())
+        return {};
+    const Cells cells = cellsOf(lines);
+    if (ways.size() > 1 && lines.size() > 2 && !firstLineSharesTreatments(cells))
+        std::reverse(ways.begin(), ways.end());
     std::vector<base::Outcome<Experiment>> readings;
-    for (const Names names : possibleNames(lines))
-        readings.push_back(readSquare(lines, names));
+    for (const Names names : ways)
+        readings.push_back(readSquare(lines, cells, names));
     return readings;
 }
 

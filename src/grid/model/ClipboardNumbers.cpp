@@ -96,7 +96,7 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
         return Result::refused(reading.reason);
     base::TableText& table = *reading.value;
     if (table.lines == 0)
-        return Result::refused(QStringLiteral("El portapapeles no contiene ningún texto."));
+        return Result::refused(base::noText());
     const bool fits = table.columns <= room.columns() && table.lines <= room.rows();
     // What is too large is looked at as far as to tell whether it is a rectangle of numbers at all.
     constexpr qsizetype head = 12;
@@ -108,7 +108,7 @@ base::Outcome<NumberBlock> readNumberBlock(QStringView text, const Room& room)
         const std::vector<QStringView> fields = base::takeFields(table);
         const auto count = static_cast<int>(fields.size());
         if (count == 0)
-            return Result::refused(QStringLiteral("La línea %1 está vacía.").arg(lineNumber));
+            return Result::refused(base::emptyLine(lineNumber));
         if (lineNumber > 1 && count != block.columns)
             return Result::refused(base::raggedLine(lineNumber, count, block.columns));
         block.columns = count;
