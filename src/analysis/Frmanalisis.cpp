@@ -24,8 +24,6 @@ namespace analysis {
 
 namespace {
 
-constexpr int decimalsShown = 3;
-
 QString invitation()
 {
     return QStringLiteral("Seleccione las opciones deseadas y haga click en 'Analizar'");
@@ -207,11 +205,8 @@ void TAnalisis::openChosenFile(window::HandOff& handOff)
         dialogs().openFileName(this, {QStringLiteral("Abrir Archivo"), QString(),
                                       QStringLiteral("asc"), QStringLiteral("ASCII|*.asc")});
     handOff.fileOpened = fileName && importFile(*fileName);
-    if (!handOff.fileOpened)
-        return;
-    setWindowTitle(window::fileCaption(plainCaption(), *fileName));
-    for (int column = 1; column <= m_datos->NrOfColumns(); ++column)
-        m_datos->setPrecision(column, decimalsShown);
+    if (handOff.fileOpened)
+        setWindowTitle(window::fileCaption(plainCaption(), *fileName));
 }
 
 bool TAnalisis::importFile(const QString& fileName)
