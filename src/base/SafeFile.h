@@ -28,7 +28,8 @@ struct WrittenFile {
 ///         not confirm its place in the folder: whole sentences that do not name the file
 [[nodiscard]] Outcome<WrittenFile> replaceFile(const QString& fileName, const QByteArray& bytes);
 
-/// The problem of replaceFile() alone, for a file that nobody else has made something of.
+/// The problem of replaceFile() alone, for a file that nobody else has made something of. For tests
+/// and other programs; windows tell what was not kept.
 [[nodiscard]] std::optional<QString> writeFile(const QString& fileName, const QByteArray& bytes);
 
 /// Reads a whole ordinary file, up to 1 GiB; one that does not tell its size, as the system's own
