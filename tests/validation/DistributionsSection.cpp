@@ -17,6 +17,12 @@ namespace validation {
 
 namespace {
 
+/// The larger error; what is no number stays, and no report takes it.
+double larger(double worst, double error)
+{
+    return std::isnan(error) ? error : std::max(worst, error);
+}
+
 /// The largest errors beside the two references.
 struct Errors {
     double besideBoost = 0.0;
@@ -25,12 +31,12 @@ struct Errors {
 
     void add(double value, double boost, double gsl)
     {
-        besideBoost = std::max(besideBoost, std::abs(value - boost));
-        besideGsl = std::max(besideGsl, std::abs(value - gsl));
+        besideBoost = larger(besideBoost, std::abs(value - boost));
+        besideGsl = larger(besideGsl, std::abs(value - gsl));
     }
     void addPoint(double point, double reference)
     {
-        ofQuantile = std::max(ofQuantile, std::abs(point / reference - 1.0));
+        ofQuantile = larger(ofQuantile, std::abs(point / reference - 1.0));
     }
 };
 
@@ -92,8 +98,8 @@ Errors errorsOfNormalQuantile()
     forLevels(1, [&](double p) {
         const boost::math::normal reference;
         const double z = stats::NormalQuantile(p);
-        errors.besideBoost = std::max(errors.besideBoost, std::abs(cdf(reference, z) - p));
-        errors.besideGsl = std::max(errors.besideGsl, std::abs(gsl_cdf_ugaussian_P(z) - p));
+        errors.besideBoost = larger(errors.besideBoost, std::abs(cdf(reference, z) - p));
+        errors.besideGsl = larger(errors.besideGsl, std::abs(gsl_cdf_ugaussian_P(z) - p));
         if (p != 0.5)
             errors.addPoint(z, quantile(reference, p));
     });
@@ -107,8 +113,8 @@ Errors errorsOfChiSquareQuantile()
         forLevels(1, [&](double p) {
             const boost::math::chi_squared reference(df);
             const double x = stats::ChiSquareQuantile(df, p);
-            errors.besideBoost = std::max(errors.besideBoost, std::abs(cdf(reference, x) - p));
-            errors.besideGsl = std::max(errors.besideGsl, std::abs(gsl_cdf_chisq_P(x, df) - p));
+            errors.besideBoost = larger(errors.besideBoost, std::abs(cdf(reference, x) - p));
+            errors.besideGsl = larger(errors.besideGsl, std::abs(gsl_cdf_chisq_P(x, df) - p));
             errors.addPoint(x, quantile(reference, p));
         });
     }
@@ -125,9 +131,8 @@ Errors errorsOfFQuantile(int lastLevel)
                 return;
             const boost::math::fisher_f reference(df1, df2);
             const double x = stats::FQuantile(p, df1, df2);
-            errors.besideBoost = std::max(errors.besideBoost, std::abs(cdf(reference, x) - p));
-            errors.besideGsl =
-                std::max(errors.besideGsl, std::abs(gsl_cdf_fdist_P(x, df1, df2) - p));
+            errors.besideBoost = larger(errors.besideBoost, std::abs(cdf(reference, x) - p));
+            errors.besideGsl = larger(errors.besideGsl, std::abs(gsl_cdf_fdist_P(x, df1, df2) - p));
             errors.addPoint(x, quantile(reference, p));
         });
     }
