@@ -6,6 +6,7 @@
 #include "controls/UpDown.h"
 #include "power/study/StudyLog.h"
 #include "power/window/PendingInput.h"
+#include "stats/numbers/SimulatedSquares.h"
 #include "window/Picture.h"
 
 #include <QApplication>
