@@ -172,10 +172,14 @@ bool TEditor::loadFile()
 void TEditor::exchangeFile(File& other)
 {
     std::swap(m_file, other);
-    // What was saved then may have been written over since.
+    showFileName();
+}
+
+/// What was saved may have been written over since.
+void TEditor::compareWithDisk()
+{
     m_file.saved = m_file.saved && !m_file.fingerprint.isEmpty() &&
                    base::fingerprint(m_file.name) == m_file.fingerprint;
-    showFileName();
 }
 
 /// Writes the square to its file, or to one that the user is asked for. A file that holds it

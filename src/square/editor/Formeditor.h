@@ -108,6 +108,7 @@ private:
     bool saveFile();
     QString showLoaded(record::SquareData square, const File& file);
     void exchangeFile(File& other);
+    void compareWithDisk();
     void showFileName();
     void tellFile();
     QString replacementWarning() const;

@@ -77,12 +77,16 @@ QString TEditor::showLoaded(record::SquareData square, const File& file)
     struct OtherFile {
         File file;
         bool isIn = false; ///< It is the editor's, and the editor's is here.
+        bool isNew = true; ///< Read just now.
     };
     const auto other = std::make_shared<OtherFile>(OtherFile{file});
     const auto step = [this, other](const Layout& wanted, bool isOther) {
         return [this, other, wanted, isOther] {
-            if (std::exchange(other->isIn, isOther) != isOther)
+            if (std::exchange(other->isIn, isOther) != isOther) {
                 exchangeFile(other->file);
+                if (!std::exchange(other->isNew, false))
+                    compareWithDisk();
+            }
             putAround(wanted);
             aleatorizar();
         };
