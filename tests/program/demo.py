@@ -3,7 +3,8 @@
 """Shows the program's main path where there is no screen to show it on.
 
 demo.py EXECUTABLE: loads the sample experiment, analyses it, exports the report and prints it. Every
-step is a real key press or click; the pictures stay in capturas/.
+step is a real key press or click, but that names of files are put into the file dialog through the
+accessibility bus; the pictures stay in capturas/.
 """
 
 import pathlib
