@@ -10,7 +10,8 @@
 #include <string>
 #include <string_view>
 
-/// Numbers into text and typed text into numbers: the only place of the program that does either.
+/// Numbers into text and typed text into numbers: the only place of the program that does either
+/// with what is measured or computed. Counts are whole numbers, written and read where they are.
 ///
 /// The conversions go through std::to_chars and std::from_chars, so no locale of the process can
 /// change a digit. Only the decimal sign follows the user: texts for the screen, reports and the

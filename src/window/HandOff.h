@@ -12,7 +12,7 @@ struct HandOff {
     bool openOnCreate = false;
 
     /// Set by an editor or analysis window during its creation: a file was chosen and accepted, or
-    /// none was needed. The frame closes the child at once when it is false.
+    /// none was needed. The frame deletes the child at once when it is false.
     bool fileOpened = false;
 
     /// The file that "Guardar y Analizar" leaves for the next analysis window, which clears it

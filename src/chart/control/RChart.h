@@ -25,9 +25,10 @@ namespace chart {
 /// does not redraw; a range or an attribute that changes the picture does while AutoRedraw is on.
 /// What the user can do to the view says ChartNavigation.h, how values are read PointReader.h.
 ///
-/// The windows of this program call a part of it: items, captions, bounds, decimals, the zoom and
-/// what makes a picture. The rest, such as shared data, logarithmic and dated axes or cross-hairs,
-/// is published for the outside, and here only tests call it.
+/// The windows of this program call a part of it: createChart(), items and their colour, the names
+/// of curves, captions, fitting, followX(), ticks and rims, and what makes a picture. The rest,
+/// such as shared data, logarithmic and dated axes or cross-hairs, is published for the outside,
+/// and here only tests call it.
 class TRChart : public QWidget {
     Q_OBJECT
 

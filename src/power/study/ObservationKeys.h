@@ -27,7 +27,8 @@ public:
     static constexpr stats::Key nearTie = 3;
 
     static constexpr std::size_t cells = static_cast<std::size_t>(n) * n;
-    /// The numbers of a batch: square after square, and in each cell after cell, rows outside.
+    /// The numbers of a batch: square after square, and in each column after column. The codes of
+    /// cells call these columns rows: the layout is the same read either way.
     using Numbers = std::span<const std::uint32_t, cells * stats::laneCount>;
 
     /// 0 <= n * difference <= 6.5.

@@ -27,7 +27,7 @@ using Powers = PerTest<double>;
 /// Simulates settings.trials squares in which treatment t (1 to n) is shifted by t * difference,
 /// which is from 0 to 1.05.
 ///
-/// Numbers are drawn square after square, within a square row after row.
+/// Numbers are drawn square after square, within a square column after column.
 /// @throws ImpossibleSetting
 Powers simulatedPowers(const StudySettings& settings, const CriticalValues& critical,
                        double difference, Aleatorio& generator);

@@ -9,6 +9,8 @@
 
 /// The critical values of the tests: the 1 - alpha points of their distributions.
 ///
+/// That of C is in power/study/CriticalValues.h; the analysis decides C by its probability.
+///
 /// Squares of order 1 and 2, which only a file can bring, leave some tests without degrees of
 /// freedom. There is no critical value then: it is not a number, and no statistic reaches it.
 namespace stats {

@@ -32,7 +32,7 @@ public:
     TMatrix& operator=(TMatrix&& other) noexcept;
     ~TMatrix() = default;
 
-    /// Of the counts only tests and users outside the program ask.
+    /// 0 once the matrix was moved from.
     int NrOfColumns() const { return m_columns; }
     int NrOfRows() const { return m_rows; }
 

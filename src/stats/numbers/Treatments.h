@@ -32,7 +32,8 @@ void visitCells(int n, const Visit& visit)
     }
 }
 
-/// 128 bits hold every product up to order 8000, the square of which no file can bring.
+/// 128 bits hold every product up to order 8530, the square of which no file can bring; the largest
+/// is that of M, n^6 (n^4 - 1) / 12.
 __extension__ typedef __int128 WideInteger;
 
 /// n^2 whole numbers, n of each of n treatments, summed up.

@@ -30,8 +30,8 @@ QStringList ZimmermanTest(const TMatrix& observations, int n, double alpha);
 /// Bennett's rank test against chi-square with n - 1 degrees of freedom; equality rejects.
 QStringList BennettTest(const TMatrix& observations, int n, double alpha);
 
-/// The largest order whose cells a file can have. With more columns most cells would be missing,
-/// and the sums of M no longer fit into their 128 bits from order 8500 on.
+/// The largest order whose cells a file can have. With more columns some cells would be missing,
+/// and from order 8531 on the products of M no longer fit into their 128 bits.
 constexpr int largestOrder = 4000;
 
 /// What a test answers: its lines and, where it is a sequence test up to order 3, the exact
