@@ -35,10 +35,10 @@ enum class Answer {
 /// Every question that a window puts to its user. The program passes QtDialogs, a test an object
 /// that answers by script.
 ///
-/// All calls are modal over `parent` and return once answered. Nothing else reaches the windows
-/// meanwhile (see OpenQuestion.h), but where `parent` is gone all the same by then, the call
-/// returns as cancelled: a window that does nothing on a cancelled question touches nothing that is
-/// dead.
+/// All calls are modal over `parent` and return once answered. No shortcut and no close reaches the
+/// windows meanwhile, and commands are refused (see OpenQuestion.h), but where `parent` is gone all
+/// the same by then, the call returns as cancelled: a window that does nothing on a cancelled
+/// question touches nothing that is dead.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
