@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manual/ChapterLook.h"
 
+#include "color/Contrast.h"
+
 #include <QFontDatabase>
 #include <QPalette>
 #include <QTextBlock>
 #include <QTextTable>
-
-#include <algorithm>
-#include <cmath>
 
 namespace manual {
 
@@ -30,31 +29,10 @@ bool isPicture(const QTextBlock& block)
     return false;
 }
 
-/// A mixture of two colours: `share` of the first.
-QColor mixture(const QColor& text, const QColor& ground, qreal share)
-{
-    const auto mixed = [share](float a, float b) {
-        return static_cast<float>(a * share + b * (1 - share));
-    };
-    return QColor::fromRgbF(mixed(text.redF(), ground.redF()),
-                            mixed(text.greenF(), ground.greenF()),
-                            mixed(text.blueF(), ground.blueF()));
-}
-
 /// A colour between the text's and its ground: `share` of the text's.
 QColor between(const QPalette& palette, qreal share)
 {
-    return mixture(palette.color(QPalette::Text), palette.color(QPalette::Base), share);
-}
-
-/// The relative luminance of the Web Content Accessibility Guidelines, from 0 to 1.
-qreal luminance(const QColor& color)
-{
-    const auto linear = [](qreal part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
+    return color::mixture(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
 }
 
 /// The palette's colour of links, as near to the text's as it takes to be legible: a dark theme may
@@ -62,16 +40,12 @@ qreal luminance(const QColor& color)
 QColor linkColor(const QPalette& palette)
 {
     constexpr qreal legible = 5.0;
-    const qreal ground = luminance(palette.color(QPalette::Base));
-    QColor color = palette.color(QPalette::Link);
-    for (int tenths = 9; tenths >= 0; --tenths) {
-        const auto [low, high] = std::minmax({ground, luminance(color)});
-        if ((high + 0.05) / (low + 0.05) >= legible)
-            break;
-        color =
-            mixture(palette.color(QPalette::Link), palette.color(QPalette::Text), tenths / 10.0);
-    }
-    return color;
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor usual = palette.color(QPalette::Link);
+    QColor found = usual;
+    for (int tenths = 1; tenths <= 10 && color::contrast(found, ground) < legible; ++tenths)
+        found = color::mixture(usual, palette.color(QPalette::Text), tenths / 10.0);
+    return found;
 }
 
 void formatBlocks(QTextDocument& chapter, const QPalette& palette, qreal space)

@@ -3,6 +3,8 @@
 // the colour of paper, with four accents. Coordinates are units of a sixteenth of the side.
 #include "window/IconDrawing.h"
 
+#include "color/Contrast.h"
+
 #include <QPalette>
 
 namespace window {
@@ -21,18 +23,11 @@ struct Colors {
     QColor shade; ///< Between paper and line.
 };
 
-QColor between(const QColor& a, const QColor& b, qreal share)
-{
-    return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * share),
-                            static_cast<float>(a.greenF() + (b.greenF() - a.greenF()) * share),
-                            static_cast<float>(a.blueF() + (b.blueF() - a.blueF()) * share));
-}
-
 Colors colorsOf(const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::WindowText);
     const QColor base = palette.color(QPalette::Base);
-    return {between(text, base, 0.2), base, between(text, base, 0.62)};
+    return {color::mixture(text, base, 0.2), base, color::mixture(text, base, 0.62)};
 }
 
 /// The cyclic Latin square of order 3.
@@ -50,7 +45,7 @@ void drawEditor(PixelCanvas& canvas, const Colors& colors)
 {
     canvas.box(1, 2, 14, 12, colors.paper, colors.line);
     canvas.fill(2, 3, 12, 3, blue);
-    canvas.fill(2, 6, 3, 7, between(blue, colors.paper, 0.55));
+    canvas.fill(2, 6, 3, 7, color::mixture(blue, colors.paper, 0.55));
     for (const int x : {5, 9})
         canvas.fill(x, 3, 1, 10, colors.line);
     for (const int y : {6, 9})
@@ -216,7 +211,7 @@ void drawQuestion(PixelCanvas& canvas, const Colors& colors)
 void drawFolder(PixelCanvas& canvas, const Colors&)
 {
     canvas.shape({{1, 2}, {6, 2}, {8, 4}, {15, 4}, {15, 14}, {1, 14}}, amber);
-    canvas.fill(1, 5, 14, 1, between(amber, Qt::white, 0.5));
+    canvas.fill(1, 5, 14, 1, color::mixture(amber, Qt::white, 0.5));
 }
 
 void drawNewFolder(PixelCanvas& canvas, const Colors& colors)
