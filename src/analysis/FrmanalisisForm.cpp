@@ -115,7 +115,7 @@ QWidget* TAnalisis::createScrollBox()
     m_datos = controls::named(new grid::TNTabEd(dialogs(), content), QStringLiteral("Datos"),
                               QStringLiteral("Datos a analizar"));
     m_datos->setMinimumSize(200, 120);
-    square::answerExtractions(*m_datos);
+    m_datos->setExtractor(square::extractionAnswer());
     connect(m_datos, &grid::TNTabEd::Notice, this, &TAnalisis::tellBesideStale);
     connect(m_datos, &grid::TNTabEd::Edited, this, [this] { emit notice({}); });
     connect(m_datos, &grid::TNTabEd::OnChange, this, &TAnalisis::DatosChange);

@@ -127,7 +127,7 @@ QWidget* TEditor::createPanes()
 {
     m_datos = controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("Datos"),
                               QStringLiteral("Datos"));
-    answerExtractions(*m_datos, [this] { return replacementWarning(); });
+    m_datos->setExtractor(extractionAnswer([this] { return replacementWarning(); }));
     m_datos->setSizeAdvice(orderAdvice);
     m_refTratamientos =
         controls::named(new grid::TNTabEd(dialogs()), QStringLiteral("RefTratamientos"),

@@ -2,7 +2,6 @@
 #include "square/extraction/ExtractionAnswer.h"
 
 #include "experiment/CyclicSquareReading.h"
-#include "grid/view/NTabEd.h"
 #include "square/extraction/TreatmentKey.h"
 
 namespace square {
@@ -72,16 +71,15 @@ base::Outcome<grid::Extraction> extractionOf(QStringView text, const QByteArray&
 
 } // namespace
 
-void answerExtractions(grid::TNTabEd& table, std::function<QString()> warning)
+grid::Extractor extractionAnswer(std::function<QString()> warning)
 {
-    table.setExtractor(
-        [warning = std::move(warning)](QStringView text, const QByteArray& identifier) {
-            base::Outcome<grid::Extraction> extraction = extractionOf(text, identifier);
-            const QString more = extraction.value && warning ? warning() : QString();
-            if (!more.isEmpty())
-                extraction.value->notice += QLatin1Char(' ') + more;
-            return extraction;
-        });
+    return [warning = std::move(warning)](QStringView text, const QByteArray& identifier) {
+        base::Outcome<grid::Extraction> extraction = extractionOf(text, identifier);
+        const QString more = extraction.value && warning ? warning() : QString();
+        if (!more.isEmpty())
+            extraction.value->notice += QLatin1Char(' ') + more;
+        return extraction;
+    };
 }
 
 } // namespace square

@@ -15,7 +15,7 @@ const char* const three = "f1;c1;A;1\nf1;c2;B;2\nf1;c3;C;3\nf2;c1;B;4\nf2;c2;C;5
 
 class GridExtraction : public GridFixture {
 protected:
-    GridExtraction() { square::answerExtractions(table); }
+    GridExtraction() { table.setExtractor(square::extractionAnswer()); }
 };
 
 } // namespace
