@@ -3,6 +3,7 @@
 
 #include "grid/view/NTabEd.h"
 #include "support/ScriptedDialogs.h"
+#include "support/SquareContents.h"
 #include "support/Text.h"
 
 #include <gtest/gtest.h>
@@ -175,15 +176,7 @@ protected:
     }
 
     /// All numbers, row by row.
-    std::vector<double> values() const
-    {
-        std::vector<double> all;
-        for (int row = 1; row <= table.NrOfRows(); ++row) {
-            for (int column = 1; column <= table.NrOfColumns(); ++column)
-                all.push_back(table.value(column, row));
-        }
-        return all;
-    }
+    std::vector<double> values() const { return observations(table.square()); }
 
     Snapshot snapshot() const
     {

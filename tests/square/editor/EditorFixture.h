@@ -7,6 +7,7 @@
 #include "square/file/SquareBytes.h"
 #include "support/CellTyping.h"
 #include "support/ScriptedDialogs.h"
+#include "support/SquareContents.h"
 #include "window/HandOff.h"
 
 #include <gtest/gtest.h>
@@ -119,26 +120,12 @@ protected:
 
     static QStringList columnNames(const grid::TNTabEd& table)
     {
-        QStringList names;
-        for (int column = 1; column <= table.NrOfColumns(); ++column)
-            names += table.columnName(column);
-        return names;
+        return ::columnNames(table.square());
     }
-    static QStringList rowNames(const grid::TNTabEd& table)
-    {
-        QStringList names;
-        for (int row = 1; row <= table.NrOfRows(); ++row)
-            names += table.rowName(row);
-        return names;
-    }
+    static QStringList rowNames(const grid::TNTabEd& table) { return ::rowNames(table.square()); }
     static std::vector<double> values(const grid::TNTabEd& table)
     {
-        std::vector<double> result;
-        for (int row = 1; row <= table.NrOfRows(); ++row) {
-            for (int column = 1; column <= table.NrOfColumns(); ++column)
-                result.push_back(table.value(column, row));
-        }
-        return result;
+        return ::observations(table.square());
     }
 
     /// The names "prefix 1", "prefix 2", ...

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "record/SquareData.h"
-
+#include "support/SquareContents.h"
 #include "support/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <QByteArray>
-#include <QStringList>
-
-#include <vector>
 
 /// Square files for the tests, put together by hand rather than by the program's own writer.
 namespace squarebytes {
@@ -61,41 +57,6 @@ inline QByteArray bare()
 inline QString utf8(const char* text)
 {
     return QString::fromUtf8(text);
-}
-
-/// The observations of a square, row by row.
-inline std::vector<double> observations(const record::SquareData& data)
-{
-    std::vector<double> values;
-    for (int row = 1; row <= data.NrOfRows(); ++row) {
-        for (int column = 1; column <= data.NrOfColumns(); ++column)
-            values.push_back(data.value(column, row));
-    }
-    return values;
-}
-
-inline QStringList columnNames(const record::SquareData& data)
-{
-    QStringList names;
-    for (int column = 1; column <= data.NrOfColumns(); ++column)
-        names += data.columnName(column);
-    return names;
-}
-
-inline QStringList rowNames(const record::SquareData& data)
-{
-    QStringList names;
-    for (int row = 1; row <= data.NrOfRows(); ++row)
-        names += data.rowName(row);
-    return names;
-}
-
-inline std::vector<int> rowAttributes(const record::SquareData& data)
-{
-    std::vector<int> attributes;
-    for (int row = 1; row <= data.NrOfRows(); ++row)
-        attributes.push_back(data.rowAttribute(row));
-    return attributes;
 }
 
 } // namespace squarebytes
