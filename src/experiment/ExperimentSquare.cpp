@@ -249,6 +249,7 @@ std::vector<base::Outcome<Experiment>> readExperimentSquare(const FieldLines& li
     if (ways.size() > 1 && lines.size() > 2 && !firstLineSharesTreatments(cells))
         std::reverse(ways.begin(), ways.end());
     std::vector<base::Outcome<Experiment>> readings;
+    readings.reserve(ways.size());
     for (const Names names : ways)
         readings.push_back(readSquare(lines, cells, names));
     return readings;
