@@ -255,9 +255,9 @@ class Program:
         """Every control of the program, or inside one of its controls, each before what is in it."""
         return (control for control, _ in self._walk(inside, lambda _: True))
 
-    def _walk(self, inside, descends):
+    def _walk(self, inside, descends, passes_over=lambda control: True):
         """Controls with their roles, each before what is in it; descends(role) says whether to look
-        into one.
+        into one, passes_over(control) whether one may be left out that could not be asked.
         """
         self.hear()
         waiting = [self._application, *self._popups] if inside is None else [inside]
@@ -270,7 +270,9 @@ class Program:
                 children = [child for child in children if child is not None]
                 if control is self._application:  # a dialog stands before the frame
                     children.sort(key=lambda window: role_of(window) == "frame")
-            except Gone:  # gone while it was looked at
+            except Gone:
+                if not passes_over(control):
+                    raise
                 continue
             if control is not self._application:
                 yield control, role
@@ -290,12 +292,11 @@ class Program:
         return (control for control, role in self._walk(inside, descends) if role == wanted)
 
     def showing(self):
-        """Every control that is showing, with its role and its states."""
-        for control, role in self._walk(None, lambda _: True):
-            try:
-                states = control.getState()
-            except Gone:
-                continue
+        """Every control that is showing, with its role and its states; Gone is raised for one that shows
+        still but could not be asked.
+        """
+        for control, role in self._walk(None, lambda _: True, lambda it: not is_showing(it)):
+            states = control.getState()
             if states.contains(pyatspi.STATE_SHOWING):
                 yield control, role, states
 
