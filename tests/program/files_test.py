@@ -11,7 +11,7 @@ import pathlib
 import re
 import shutil
 
-from by_keyboard import finish_study
+from by_keyboard import REPORT_IS_COMPLETE, finish_study
 from driven import ProgramTest, main
 from stranger import wait_for
 
@@ -73,7 +73,7 @@ class Files(ProgramTest):
         program.find("frame", f"Análisis - {ROOT / 'ejemplos' / 'orden3.asc'}")
         program.click(program.find("radio button", "Secuencias"))
         program.click(program.find("push button", "Analizar"))
-        program.find("label", "Análisis completo. Puede realizar otro o guardar los resultados.")
+        program.find("label", REPORT_IS_COMPLETE)
         program.click(program.find("push button", "Ver exacta..."))
         program.find("chart")
         program.choose("Gráfica", "Guardar Gráfica...")

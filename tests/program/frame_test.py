@@ -11,14 +11,9 @@ import subprocess
 import pyatspi
 
 from driven import ProgramTest, main
-from stranger import wait_for
+from stranger import box_of, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-
-
-def place(control):
-    box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    return (box.x, box.y, box.width, box.height)
 
 
 def is_active(frame):
@@ -26,7 +21,12 @@ def is_active(frame):
 
 
 def overlap(a, b):
-    return a[0] < b[0] + b[2] and b[0] < a[0] + a[2] and a[1] < b[1] + b[3] and b[1] < a[1] + a[3]
+    return (
+        a.x < b.x + b.width
+        and b.x < a.x + a.width
+        and a.y < b.y + b.height
+        and b.y < a.y + a.height
+    )
 
 
 class Frame(ProgramTest):
@@ -42,7 +42,7 @@ class Frame(ProgramTest):
         )
 
     def are_tiled(self, program):
-        first, second = map(place, self.editors(program, 2))
+        first, second = map(box_of, self.editors(program, 2))
         return not overlap(first, second)
 
     def two_cascaded_editors(self):
@@ -55,13 +55,13 @@ class Frame(ProgramTest):
 
     def test_an_own_dialog_that_closes_does_not_tile(self):
         program = self.two_cascaded_editors()
-        before = [place(editor) for editor in self.editors(program, 2)]
+        before = [box_of(editor) for editor in self.editors(program, 2)]
         program.press("F3")
         program.find("push button", "Cancelar")
         program.press("Escape")
         program.wait_until_gone("push button", "Cancelar")
         program.press("Right")  # the frame has the focus again and works
-        self.assertEqual([place(editor) for editor in self.editors(program, 2)], before)
+        self.assertEqual([box_of(editor) for editor in self.editors(program, 2)], before)
 
     def test_coming_back_from_another_program_tiles(self):
         program = self.two_cascaded_editors()
@@ -120,15 +120,15 @@ class Frame(ProgramTest):
         program = super().start(QT_SCALE_FACTOR="3")
         program.press("F2")
         program.find("dialog", "Guardar Archivo")
-        x, y, width, height = place(program.find("push button", "Cancelar"))
+        x, y, width, height = box_of(program.find("push button", "Cancelar"))
         self.assertLessEqual(3 * (x + width), 1280)
         self.assertLessEqual(3 * (y + height), 800)
-        name = place(program.find("table column header", "Nombre"))
-        self.assertGreater(name[2], 90)
+        name = box_of(program.find("table column header", "Nombre"))
+        self.assertGreater(name.width, 90)
 
     def test_a_scale_below_one_is_no_scale(self):
         program = self.start(QT_SCALE_FACTOR="0.5")
-        self.assertLessEqual(place(program.find("frame", "Cuadrado Latino"))[2], 1280)
+        self.assertLessEqual(box_of(program.find("frame", "Cuadrado Latino")).width, 1280)
 
     def test_dialogs_speak_spanish(self):
         program = self.start()

@@ -7,12 +7,10 @@ graph_test.py EXECUTABLE, below on_virtual_display.
 
 import os
 import pathlib
-import subprocess
 
-import pyatspi
-
+from by_keyboard import clipboard
 from driven import ProgramTest, main
-from stranger import wait_for, xdotool
+from stranger import box_of, wait_for, xdotool
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
@@ -33,11 +31,6 @@ def bmp_size(data):
     )
 
 
-def clipboard_picture():
-    command = ["xclip", "-selection", "clipboard", "-target", "image/png", "-out"]
-    return subprocess.run(command, capture_output=True, check=False).stdout
-
-
 class Graphs(ProgramTest):
     def open_graph(self, statistic):
         program = self.start()
@@ -54,10 +47,7 @@ class Graphs(ProgramTest):
 
     def charts(self, program):
         """The upper and the lower chart."""
-        return sorted(
-            program.look("chart"),
-            key=lambda chart: chart.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).y,
-        )
+        return sorted(program.look("chart"), key=lambda chart: box_of(chart).y)
 
     def save(self, program, entry, path):
         program.choose("Gráfica", entry)
@@ -66,19 +56,16 @@ class Graphs(ProgramTest):
         return path.read_bytes()
 
     def copy(self, program, entry):
-        before = clipboard_picture()
+        before = clipboard("image/png")
         program.choose("Gráfica", entry)
         return wait_for(
             "the copied chart",
-            lambda: (picture := clipboard_picture()) and picture != before and picture,
+            lambda: (picture := clipboard("image/png")) and picture != before and picture,
         )
 
     def check_statistic(self, statistic):
         program = self.open_graph(statistic)
-        upper, lower = (
-            chart.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-            for chart in self.charts(program)
-        )
+        upper, lower = map(box_of, self.charts(program))
         folder = SCRATCH / statistic
         folder.mkdir()
 
@@ -111,7 +98,7 @@ class Graphs(ProgramTest):
     def picture(self, program):
         """The upper chart as the clipboard gets it."""
         program.choose("Gráfica", "Copiar Gráfica")
-        return clipboard_picture()
+        return clipboard("image/png")
 
     def test_distribution_of_c(self):
         self.check_statistic("c")

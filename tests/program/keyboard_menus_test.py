@@ -5,12 +5,9 @@
 keyboard_menus_test.py EXECUTABLE, below on_virtual_display.
 """
 
-
-import pyatspi
-
 from by_keyboard import ORDER_3, clipboard, open_analysis, open_graph_of_c, open_power
 from driven import ProgramTest, main
-from stranger import wait_for
+from stranger import box_of, wait_for
 
 
 class Menus(ProgramTest):
@@ -47,8 +44,7 @@ class Menus(ProgramTest):
         self.program.find("label", "Desea guardar los cambios?")
 
     def places(self):
-        boxes = [self.box(frame) for frame in self.program.look("frame", "Editor")]
-        return [(box.x, box.y, box.width, box.height) for box in boxes]
+        return list(map(box_of, self.program.look("frame", "Editor")))
 
     def test_menus_of_analysis_graph_and_power(self):
         open_analysis(self.program)
@@ -112,21 +108,17 @@ class Menus(ProgramTest):
         program = self.program
         open_analysis(self.program)
         analysis = program.find("frame", f"Análisis - {ORDER_3}")
-        width = self.box(analysis).width
+        width = box_of(analysis).width
         self.choose_in_window_menu("Restaurar")
-        wait_for("the usual size", lambda: self.box(analysis).width < width)
-        place = self.box(analysis).x
+        wait_for("the usual size", lambda: box_of(analysis).width < width)
+        place = box_of(analysis).x
         self.choose_in_window_menu("Mover")
         program.press("Right", "Right", "Right", "Return")
-        wait_for("the other place", lambda: self.box(analysis).x > place)
+        wait_for("the other place", lambda: box_of(analysis).x > place)
         self.choose_in_window_menu("Maximizar")
-        wait_for("the whole size", lambda: self.box(analysis).width == width)
+        wait_for("the whole size", lambda: box_of(analysis).width == width)
         self.choose_in_window_menu("Cerrar")
         program.wait_until_gone("label", "DATOS A ANALIZAR")
-
-    @staticmethod
-    def box(control):
-        return control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
 
     def choose_in_window_menu(self, entry):
         self.program.press("alt+minus")

@@ -24,7 +24,7 @@ from by_keyboard import (
     open_power,
 )
 from driven import ProgramTest, main
-from stranger import PATIENCE, Gone, is_showing, role_of, wait_for, xdotool
+from stranger import PATIENCE, Gone, box_of, is_showing, role_of, wait_for, xdotool
 
 # The texts that the product has in English.
 OWN_ENGLISH = {
@@ -283,7 +283,7 @@ class Names(ProgramTest):
 
     @staticmethod
     def middle(control):
-        box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        box = box_of(control)
         return box.x + box.width // 2, box.y + box.height // 2
 
     def test_dialogs(self):
@@ -389,17 +389,13 @@ class Names(ProgramTest):
         open_power(program)
         program.press("shift+F4")
         frame = program.find("frame", "Cuadrado Latino")
-        box = frame.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        box = box_of(frame)
         xdotool("mousemove", box.width // 2, box.y // 2, "click", "--repeat", 2, "--delay", 60, 1)
-        wait_for("a smaller frame", lambda: self.width(frame) < box.width)
+        wait_for("a smaller frame", lambda: box_of(frame).width < box.width)
         window = os.popen("xdotool search --onlyvisible --name 'Cuadrado Latino'").read().split()[0]
         xdotool("windowsize", window, 300, 300)
-        wait_for("a small frame", lambda: self.width(frame) < 500)
+        wait_for("a small frame", lambda: box_of(frame).width < 500)
         self.check("small frame", ("check box", "Más botones"))
-
-    @staticmethod
-    def width(control):
-        return control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).width
 
 
 if __name__ == "__main__":

@@ -9,23 +9,17 @@ import os
 import pathlib
 import subprocess
 
-import pyatspi
-
 from driven import ProgramTest, main
-from stranger import output, wait_for, xdotool
+from stranger import box_of, output, wait_for, xdotool
 
 SCRATCH = pathlib.Path(os.environ["CL_SCRATCH"])
 LOGS = pathlib.Path(__file__).resolve().parents[1] / "power" / "data"
 LINES_OF_A_STUDY = 5 + 21 * 6
 
 
-def place(control):
-    return control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-
-
 def picture(control):
     """The pixels where the control stands on the display."""
-    box = place(control)
+    box = box_of(control)
     part = f"{box.width}x{box.height}+{box.x}+{box.y}"
     command = ["import", "-window", "root", "-crop", part, "-depth", "8", "rgb:-"]
     return subprocess.run(command, capture_output=True, check=True).stdout
@@ -62,7 +56,7 @@ class Power(ProgramTest):
         program.find("push button", chosen, window)
 
     def click_arrow(self, program, name, up, times=1):
-        box = place(program.find("spin button", name))
+        box = box_of(program.find("spin button", name))
         y = box.y + box.height * (1 if up else 3) // 4
         program.click_at(box.x + box.width - 8, y, times)
 
@@ -123,7 +117,7 @@ class Power(ProgramTest):
 
     def test_popups_move_with_the_frame(self):
         program = self.start()
-        title = place(program.find("frame"))
+        title = box_of(program.find("frame"))
         xdotool("mousemove", title.x + title.width // 2, title.y - 8)
         xdotool("click", "--repeat", 2, "--delay", 50, 1)  # no longer maximised
         window = output("xdotool", "getactivewindow").strip()
@@ -131,10 +125,10 @@ class Power(ProgramTest):
 
         def button_and_entry(corner):
             xdotool("windowmove", window, *corner)
-            wait_for("the moved frame", lambda: place(program.find("frame")).x == corner[0])
-            button = place(program.find("push button", "Nivel de Significancia 95%"))
+            wait_for("the moved frame", lambda: box_of(program.find("frame")).x == corner[0])
+            button = box_of(program.find("push button", "Nivel de Significancia 95%"))
             program.click(program.find("push button", "Nivel de Significancia 95%"))
-            entry = place(program.find("menu item", "90%"))
+            entry = box_of(program.find("menu item", "90%"))
             program.press("Escape")
             program.wait_until_gone("menu item", "90%")
             return button, entry
@@ -152,14 +146,14 @@ class Power(ProgramTest):
         program.press("shift+F5")
 
         def side_by_side():
-            frames = sorted(program.look("frame", "Potencia"), key=lambda frame: place(frame).x)
-            if len(frames) < 2 or place(frames[0]).x + place(frames[0]).width > place(frames[1]).x:
+            frames = sorted(program.look("frame", "Potencia"), key=lambda frame: box_of(frame).x)
+            if len(frames) < 2 or box_of(frames[0]).x + box_of(frames[0]).width > box_of(frames[1]).x:
                 return None
             return frames
 
         left, right = wait_for("the tiles", side_by_side)
-        end = place(right).x + place(right).width
-        self.assertLessEqual(end, place(program.find("frame")).width, "no scrolling")
+        end = box_of(right).x + box_of(right).width
+        self.assertLessEqual(end, box_of(program.find("frame")).width, "no scrolling")
         captions = ("Distribución Uniforme", "Exponencial", "Distribución Exponencial")
         self.choose(program, *captions, left)
         of_left = self.calculate(program, left)

@@ -12,6 +12,7 @@ import os
 import signal
 import subprocess
 import time
+import typing
 
 import pyatspi
 from gi.repository import Atspi, GLib
@@ -86,6 +87,20 @@ def wait_for(what, look, patience=PATIENCE):
 def role_of(control):
     """Asked once: no control changes its role."""
     return control.getRoleName()
+
+
+class Box(typing.NamedTuple):
+    """A place on the screen, in points."""
+
+    x: int
+    y: int
+    width: int
+    height: int
+
+
+def box_of(control):
+    box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return Box(box.x, box.y, box.width, box.height)
 
 
 def is_showing(control, name=None):
@@ -333,7 +348,7 @@ class Program:
     # Hands
 
     def click(self, control, times=1):
-        box = control.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        box = box_of(control)
         self.click_at(box.x + box.width / 2, box.y + box.height / 2, times)
 
     def click_at(self, x, y, times=1):

@@ -21,7 +21,7 @@ import shutil
 import subprocess
 import sys
 
-from section import NUMBER, ROOT, TEXT, UnitTest, decimal, say, table, unit_tests
+from section import NUMBER, ROOT, TEXT, UnitTest, blocks_of, decimal, say, table, unit_tests
 
 BUILD = ROOT / "build" / "coverage"
 PROFILES = BUILD / "profiles"
@@ -154,8 +154,7 @@ def listed(path: pathlib.Path) -> dict[tuple[str, str, str], str]:
     """The reasons of a list of branches: blocks of the file, the condition, the way that is not taken and
     the reason, a line each, parted by empty lines."""
     reasons = {}
-    text = re.sub(r"^#.*\n", "", path.read_text(), flags=re.MULTILINE)
-    for block in filter(None, (block.strip() for block in text.split("\n\n"))):
+    for block in blocks_of(path):
         file, condition, way, *reason = block.splitlines()
         if way not in ("verdadero", "falso") or not reason:
             raise ValueError(f"{path.name}: an entry without its way or its reason:\n{block}")

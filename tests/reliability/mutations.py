@@ -12,6 +12,8 @@ import pathlib
 import re
 from collections.abc import Iterator
 
+from section import blocks_of
+
 SWAPS = {
     "comparación": {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="},
     "aritmética": {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*",
@@ -173,8 +175,7 @@ def listed(path: pathlib.Path) -> dict[tuple[str, str, str], str]:
     """The reasons of a list of mistakes that change nothing: blocks of the file, the line without the
     mistake behind "- ", with it behind "+ ", and the reason, parted by empty lines."""
     reasons = {}
-    text = re.sub(r"^#.*\n", "", path.read_text(), flags=re.MULTILINE)
-    for block in filter(None, (block.strip() for block in text.split("\n\n"))):
+    for block in blocks_of(path):
         file, before, after, *reason = block.splitlines()
         if not (before.startswith("- ") and after.startswith("+ ") and reason):
             raise ValueError(f"{path.name}: an entry without its lines or its reason:\n{block}")

@@ -5,9 +5,10 @@ import dataclasses
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
-from collections.abc import Iterable
+from collections.abc import Iterable, Iterator
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TYPED = b" 7.0000000E+0000"  # in a file, what the drivers of the program type into a cell
@@ -36,6 +37,12 @@ def row(cells: Iterable[object]) -> str:
 def table(columns: dict[str, str], rows: Iterable[Iterable[object]]) -> str:
     """The columns are given by their names, each with its kind."""
     return "\n".join([row(columns), f"|{'|'.join(columns.values())}|", *map(row, rows)])
+
+
+def blocks_of(path: pathlib.Path) -> Iterator[str]:
+    """What stands between the empty lines of a list, without its comments."""
+    text = re.sub(r"^#.*\n", "", path.read_text(), flags=re.MULTILINE)
+    return filter(None, (block.strip() for block in text.split("\n\n")))
 
 
 WORDS_OF_MEMORY = 3  # python3 remembered.py MEMORY, before what is remembered
