@@ -89,6 +89,7 @@ class Files(ProgramTest):
         save_as("potencia.txt")
         program.choose("Ayuda", "Acerca de...")
         program.click(program.find("push button", "Aceptar"))
+        program.wait_until_gone("dialog", "Acerca de")
         program.press("alt+F4")
         program.click(program.find("push button", "No"))
         self.assertEqual(program.wait_for_end(), 0)
