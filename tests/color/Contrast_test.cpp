@@ -15,6 +15,7 @@ TEST(Contrast, IsThatOfTheGuidelines)
     // The lightest grey, and the purest red, green and blue on white, as published tables have
     // them.
     EXPECT_NEAR(contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
+    EXPECT_NEAR(contrast(QColor(0x33, 0x33, 0x33), Qt::white), 12.63, 0.005);
     EXPECT_NEAR(contrast(QColor(0xff, 0, 0), Qt::white), 4.00, 0.005);
     EXPECT_NEAR(contrast(QColor(0, 0xff, 0), Qt::white), 1.37, 0.005);
     EXPECT_NEAR(contrast(QColor(0, 0, 0xff), Qt::white), 8.59, 0.005);
