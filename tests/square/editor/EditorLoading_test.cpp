@@ -2,8 +2,11 @@
 #include "square/editor/EditorFilesFixture.h"
 #include "square/file/BadFiles.h"
 #include "square/file/LoadedSquare.h"
+#include "support/FailingCalls.h"
 
 #include <QSignalSpy>
+
+#include <cerrno>
 
 using namespace squarebytes;
 
@@ -59,6 +62,17 @@ TEST_F(EditorFiles, ALoadedFileFillsTheEditor)
         EXPECT_EQ(datos().precision(column), 3);
         EXPECT_EQ(reference().precision(column), 0);
     }
+}
+
+TEST_F(EditorFiles, ALoadReadsItsFileOnce)
+{
+    open();
+    m_dialogs.openAnswers.push_back(fileOf(ofOrder3()));
+    const failing::Disk disk(m_folder.path().toStdString(), {2, EIO, failing::Fault::Once, "open"});
+    action("Cargar1").trigger();
+    EXPECT_EQ(disk.count(), 1);
+    EXPECT_EQ(m_editor->FileName(), path("a.asc"));
+    EXPECT_TRUE(m_editor->Saved());
 }
 
 TEST_F(EditorFiles, ALoadKeepsThePrefixesAndTheNamesOfTheReference)
