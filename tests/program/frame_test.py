@@ -11,13 +11,9 @@ import subprocess
 import pyatspi
 
 from driven import ProgramTest, main
-from stranger import box_of, wait_for
+from stranger import box_of, is_active, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-
-
-def is_active(frame):
-    return frame.getState().contains(pyatspi.STATE_ACTIVE)
 
 
 def overlap(a, b):

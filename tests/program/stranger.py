@@ -348,13 +348,25 @@ class Program:
     # Hands
 
     def click(self, control, times=1):
-        box = box_of(control)
-        self.click_at(box.x + box.width / 2, box.y + box.height / 2, times)
+        def middle():
+            box = box_of(control)
+            return box.x + box.width / 2, box.y + box.height / 2
+
+        self._move(*middle())
+        self._wait_briefly(self._takes_clicks, KEY_PATIENCE)
+        self._move(*middle())  # a dialog that was on its way may have been put elsewhere
+        self._click(times)
 
     def click_at(self, x, y, times=1):
         """In points of the screen."""
-        self._hands.move(round(x * self._scale), round(y * self._scale))
+        self._move(x, y)
         self._wait_briefly(self._takes_clicks, KEY_PATIENCE)
+        self._click(times)
+
+    def _move(self, x, y):
+        self._hands.move(round(x * self._scale), round(y * self._scale))
+
+    def _click(self, times):
         self._hands.click(times)
         self._let_it_arrive()  # a shortcut that comes with it would overtake it
 
