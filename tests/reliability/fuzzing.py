@@ -5,7 +5,7 @@
     fuzzing.py [--corto] [PROGRAM...]
 
 PROGRAM is one of those that tests/fuzz builds; without any, all of build/asan. Each has an hour, or the
-seconds of CL_FUZZ_SECONDS; --corto 10 seconds. They run at the same time, each from a copy of its inputs in
+seconds of CL_FUZZ_SECONDS; --corto 20 seconds. They run at the same time, each from a copy of its inputs in
 tests/fuzz/corpus and a seed of its own. An input that fails is kept in build/fuzzing.
 """
 
@@ -136,7 +136,7 @@ def main(arguments):
     short = "--corto" in arguments
     named = [pathlib.Path(name) for name in arguments if name != "--corto"]
     programs = named or [PROGRAMS / f"{PREFIX}{target}" for target in TARGETS]
-    seconds = 10 if short else int(os.environ.get("CL_FUZZ_SECONDS", "3600"))
+    seconds = 20 if short else int(os.environ.get("CL_FUZZ_SECONDS", "3600"))
     with tempfile.TemporaryDirectory() as folder:
         with concurrent.futures.ThreadPoolExecutor(AT_ONCE) as pool:
             results = list(pool.map(
