@@ -186,11 +186,7 @@ int TGrafica::lowerChartHeight() const
 void TGrafica::alignCharts()
 {
     constexpr int leastWidth = 300;
-    for (chart::TRChart* chart : {m_graph, m_graph2})
-        chart->setLRim(-1);
-    if (width() < leastWidth)
-        return;
-    const int rim = std::max(m_graph->LRim(), m_graph2->LRim());
+    const int rim = width() < leastWidth ? -1 : std::max(m_graph->ownLRim(), m_graph2->ownLRim());
     for (chart::TRChart* chart : {m_graph, m_graph2})
         chart->setLRim(rim);
 }

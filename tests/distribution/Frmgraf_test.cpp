@@ -22,6 +22,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using chart::TRChart;
@@ -224,6 +225,28 @@ TEST_F(Grafica, PlotsHaveOneLeftEdge)
     window->show();
     QApplication::processEvents();
     EXPECT_EQ(upper().LRim(), lower().LRim());
+}
+
+TEST_F(Grafica, TheLeftEdgeIsAsFarAsTheLabelsOfTheMomentNeed)
+{
+    showC();
+    window->resize(700, 600);
+    window->show();
+    QApplication::processEvents();
+    const int rim = upper().LRim();
+    for (int i = 0; i < 12; ++i)
+        QTest::keyClick(&upper(), Qt::Key_Plus);
+    EXPECT_GT(upper().LRim(), rim);
+    EXPECT_EQ(upper().LRim(), std::max(upper().ownLRim(), lower().ownLRim()));
+    QTest::keyClick(&upper(), Qt::Key_Home);
+    EXPECT_EQ(upper().LRim(), rim);
+    EXPECT_EQ(lower().LRim(), rim);
+
+    window->resize(290, 600);
+    QApplication::processEvents();
+    EXPECT_NE(upper().LRim(), lower().LRim()) << "in a narrow window each has its own";
+    EXPECT_EQ(upper().LRim(), upper().ownLRim());
+    EXPECT_EQ(lower().LRim(), lower().ownLRim());
 }
 
 /// By keys, by a rectangle and by moving the sheet, with the way back of either chart.

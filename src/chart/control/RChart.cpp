@@ -149,14 +149,15 @@ void TRChart::setAutoRedraw(bool on)
 
 const ChartGeometry& TRChart::geometry() const
 {
-    if (!m_geometry || m_geometry->size != size() || m_geometry->view != ranges())
-        m_geometry = geometryOf(ranges());
-    return *m_geometry;
+    return geometryOf(ranges());
 }
 
-ChartGeometry TRChart::geometryOf(const View& view) const
+/// Kept until another view is asked for: the one on which equal units settle is painted next.
+const ChartGeometry& TRChart::geometryOf(const View& view) const
 {
-    return m_measure(m_contents, view, size(), font());
+    if (!m_geometry || m_geometry->size != size() || m_geometry->view != view)
+        m_geometry = m_measure(m_contents, view, size(), font());
+    return *m_geometry;
 }
 
 QImage TRChart::picture(bool whiteBackground) const

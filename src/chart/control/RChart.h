@@ -196,6 +196,8 @@ public:
     int RRim() const { return geometry().layout.rims.right; }
     int TRim() const { return geometry().layout.rims.top; }
     int BRim() const { return geometry().layout.rims.bottom; }
+    /// The left rim that the layout chooses, also while the program has chosen another.
+    int ownLRim() const { return geometry().layout.ownLeftRim; }
     /// A rim of the program's own, at most 65535; a negative width gives the choice back.
     void setLRim(int width) { setRim(m_contents.rims.left, width); }
     void setRRim(int width) { setRim(m_contents.rims.right, width); }
@@ -273,7 +275,7 @@ private:
     void setLabelType(Axis axis, AxisContents& contents, LabelType type);
     void setRim(std::optional<int>& rim, int width);
 
-    ChartGeometry geometryOf(const View& view) const;
+    const ChartGeometry& geometryOf(const View& view) const;
     std::optional<long double> unitRatio(const View& view) const;
     void contentsChanged();
     void redraw();
@@ -292,7 +294,7 @@ private:
     TRChart* m_source = nullptr;   ///< The chart whose items are drawn.
     std::vector<TRChart*> m_users; ///< Those who draw the items of this one.
 
-    mutable std::optional<ChartGeometry> m_geometry; ///< Nothing after a change of the contents.
+    mutable std::optional<ChartGeometry> m_geometry; ///< The latest, of these contents.
 };
 
 template <typename Value>

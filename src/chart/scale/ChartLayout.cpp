@@ -91,6 +91,20 @@ bool isFair(int plot, int whole)
     return plot >= std::max<int>(leastPlot, static_cast<int>(leastShare * whole));
 }
 
+/// What finds room left of the plot, within a rim of so many pixels where it is fixed.
+Beside leftOfPlot(const LayoutRequest& request, std::optional<int> fixedRim)
+{
+    Beside across{false, !request.idOrdinate.isEmpty(), hasText(request.yLabels)};
+    const int whole = request.size.width();
+    const int right = whole - request.fixed.right.value_or(rightRim(request)) - request.shadowWidth;
+    for (bool* optional : {&across.axisCaption, &across.labels}) {
+        if (isFair(right - fixedRim.value_or(leftRim(request, across)) + 1, whole))
+            break;
+        *optional = false;
+    }
+    return across;
+}
+
 Rims rimsFor(const LayoutRequest& request, const Beside& across, const Beside& down)
 {
     return {request.fixed.left.value_or(leftRim(request, across)),
@@ -172,10 +186,12 @@ void placeCaptions(ChartLayout& layout, const LayoutRequest& request, const Besi
 
 ChartLayout layOut(const LayoutRequest& request)
 {
-    Beside across{false, !request.idOrdinate.isEmpty(), hasText(request.yLabels)};
+    const Beside own = leftOfPlot(request, std::nullopt);
+    const Beside across = request.fixed.left ? leftOfPlot(request, request.fixed.left) : own;
     Beside down{!request.caption.isEmpty(), !request.idAbscissa.isEmpty(),
                 hasText(request.xLabels)};
     ChartLayout layout;
+    layout.ownLeftRim = leftRim(request, own);
     const auto measure = [&] {
         layout.rims = rimsFor(request, across, down);
         const int right = request.size.width() - layout.rims.right - request.shadowWidth;
@@ -183,12 +199,6 @@ ChartLayout layOut(const LayoutRequest& request)
         layout.plot = QRect(QPoint(layout.rims.left, layout.rims.top), QPoint(right, bottom));
     };
     measure();
-    for (bool* optional : {&across.axisCaption, &across.labels}) {
-        if (isFair(layout.plot.width(), request.size.width()))
-            break;
-        *optional = false;
-        measure();
-    }
     layout.abscissaLines = wrapped(request.idAbscissa, layout.plot.width(), request.text);
     down.axisCaptionLines = static_cast<int>(layout.abscissaLines.size());
     measure();

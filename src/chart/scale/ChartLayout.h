@@ -54,6 +54,7 @@ struct LayoutRequest {
 /// Where everything stands. Rectangles are null for what found no room.
 struct ChartLayout {
     Rims rims;
+    int ownLeftRim = 0; ///< What the layout chooses on the left, also where the program chose.
     QRect plot; ///< Its last column and row are the pixels of the high x and the low y bound.
     QRect caption;
     QRect abscissa;

@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QTest>
 
+#include <algorithm>
+#include <vector>
+
 using chart::TRChart;
 
 namespace {
@@ -55,19 +58,23 @@ protected:
     int layoutsOf(Call call)
     {
         QApplication::processEvents();
-        m_layouts = 0;
+        m_laidOut.clear();
         call();
         QApplication::processEvents();
-        return m_layouts;
+        return static_cast<int>(m_laidOut.size());
     }
 
+    /// What was laid out then.
+    const std::vector<chart::View>& laidOut() const { return m_laidOut; }
+
 private:
-    int m_layouts = 0;
+    std::vector<chart::View> m_laidOut;
 
 protected:
-    TRChart chart{nullptr, [this](const auto&... what) {
-                      ++m_layouts;
-                      return measure(what...);
+    TRChart chart{nullptr,
+                  [this](const auto& contents, const chart::View& view, const auto&... rest) {
+                      m_laidOut.push_back(view);
+                      return measure(contents, view, rest...);
                   }};
 };
 
@@ -267,6 +274,26 @@ TEST_F(RChartZoom, EveryNewViewIsLaidOutOnce)
     EXPECT_EQ(layoutsOf([&] { QTest::mouseDClick(&chart, Qt::LeftButton, {}, from); }), 1);
     EXPECT_EQ(layoutsOf([&] { chart.setRangeHiX(50.0); }), 1);
     EXPECT_EQ(layoutsOf([&] { chart.FitRangeToData(2.0); }), 1);
+}
+
+/// Equal units take some rounds; the last of them is the view that is painted.
+TEST_F(RChartZoom, EachRoundOfEqualUnitsIsLaidOutOnce)
+{
+    chart.setIsometric(true);
+    for (const double high : {50.0, 1234.0}) {
+        EXPECT_GE(layoutsOf([&] { chart.setRangeHiX(high); }), 2) << high;
+        EXPECT_EQ(laidOut().back().y, chart.zoomHistory().newest().y) << high;
+        for (auto view = laidOut().begin(); view != laidOut().end(); ++view)
+            EXPECT_EQ(std::count(view, laidOut().end(), *view), 1) << high;
+    }
+}
+
+TEST_F(RChartZoom, ARimThatStaysIsNotLaidOutAgain)
+{
+    const int own = chart.LRim();
+    EXPECT_EQ(layoutsOf([&] { chart.setLRim(own + 30); }), 1);
+    EXPECT_EQ(layoutsOf([&] { chart.setLRim(chart.ownLRim() + 30); }), 0);
+    EXPECT_EQ(chart.ownLRim(), own);
 }
 
 TEST_F(RChartZoom, DrawingTheRectangleLaysNothingOut)

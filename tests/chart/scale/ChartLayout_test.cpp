@@ -122,6 +122,35 @@ TEST(ChartLayout, SmallControlsKeepTheirPlot)
     EXPECT_FALSE(tiny.xLabels);
 }
 
+/// What stands left of the plot leaves it its share at every width; what is left out would not.
+TEST(ChartLayout, WhatStandsLeftOfThePlotLeavesItAFairShare)
+{
+    LayoutRequest request = requestFor({544, 375});
+    const int withBoth = layOut(request).rims.left;
+    request.idOrdinate.clear();
+    const int withLabels = layOut(request).rims.left;
+    request.yLabels.clear();
+    const int withNeither = layOut(request).rims.left;
+
+    bool captionWasLeftOut = false;
+    for (int width = 60; width < 300; ++width) {
+        const ChartLayout layout = layOut(requestFor({width, 375}));
+        const int share = std::max(40, static_cast<int>(0.35 * width));
+        const int plot = layout.plot.width();
+        const bool captionLeftOut = layout.yLabels && layout.ordinate.isNull();
+        if (layout.yLabels) {
+            EXPECT_GE(plot, share) << width;
+        } else {
+            EXPECT_LT(plot - (withLabels - withNeither), share) << width;
+        }
+        if (captionLeftOut) {
+            EXPECT_LT(plot - (withBoth - withLabels), share) << width;
+        }
+        captionWasLeftOut = captionWasLeftOut || captionLeftOut;
+    }
+    EXPECT_TRUE(captionWasLeftOut) << "the caption goes first";
+}
+
 TEST(ChartLayout, RimsOfTheProgramAreKept)
 {
     LayoutRequest request = requestFor({544, 375});
@@ -129,6 +158,21 @@ TEST(ChartLayout, RimsOfTheProgramAreKept)
     const ChartLayout layout = layOut(request);
     EXPECT_EQ(layout.rims, (chart::Rims{50, 30, 40, 45}));
     EXPECT_EQ(layout.plot, QRect(QPoint(50, 40), QPoint(544 - 30 - 4, 375 - 45 - 4)));
+}
+
+/// Also where the fixed rim leaves no room for what the layout would have put into its own.
+TEST(ChartLayout, ItsOwnLeftRimIsKnownBesideAFixedOne)
+{
+    for (const QSize size : {QSize(544, 375), QSize(160, 100), QSize(90, 60)}) {
+        LayoutRequest request = requestFor(size);
+        const int own = layOut(request).rims.left;
+        for (const int fixed : {0, own, 80, 500}) {
+            request.fixed.left = fixed;
+            EXPECT_EQ(layOut(request).rims.left, fixed);
+            EXPECT_EQ(layOut(request).ownLeftRim, own) << size.width() << ' ' << fixed;
+        }
+        EXPECT_FALSE(layOut(request).yLabels) << "500 pixels leave no plot";
+    }
 }
 
 TEST(ChartLayout, CaptionsWithoutRoomInFixedRimsAreLeftOut)
