@@ -4,6 +4,7 @@
 
 #include "shell/StatusLine.h"
 #include "shell/WindowList.h"
+#include "window/ChildWindow.h"
 #include "window/Command.h"
 
 #include <QClipboard>
@@ -120,7 +121,7 @@ void TPrincipal::createStatusLine()
 {
     statusBar()->setAccessibleName(QStringLiteral("Línea de estado"));
     m_status = new StatusLine(this);
-    m_status->setText(QStringLiteral("Listo."));
+    m_status->setText(window::atRest());
     // However something is copied, from a table, a chart or a text, the user is told.
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, m_status, [this] {
         if (QGuiApplication::clipboard()->ownsClipboard())

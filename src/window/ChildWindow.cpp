@@ -10,14 +10,10 @@
 
 namespace window {
 
-namespace {
-
 QString atRest()
 {
     return QStringLiteral("Listo.");
 }
-
-} // namespace
 
 ChildWindow::ChildWindow(const QString& name, const QString& caption, Picture picture,
                          Dialogs& dialogs, QWidget* parent)

@@ -13,6 +13,9 @@ namespace window {
 
 enum class Picture;
 
+/// The lasting text of a window that has nothing to say.
+QString atRest();
+
 /// The contract between a child window and the frame that holds it, and what all children share.
 ///
 /// The frame shows menu() in its bar while the child is active, writes statusText() and notice()

@@ -27,11 +27,6 @@ namespace {
 constexpr double fitMargin = 2.0; // percent
 constexpr std::uint8_t curveMark = 2;
 
-QString ready()
-{
-    return QStringLiteral("Listo.");
-}
-
 QString typedInVain(const StudySettings& settings)
 {
     return QStringLiteral("Calculado con tamaño %1 y %2 ensayos: un número escrito solo cuenta "
@@ -77,7 +72,8 @@ void TPotencia::BtnCalcularClick()
         log(startLines(m_settings));
         runPowerStudy(m_settings, programAleatorio(), stats::programIntegers(),
                       [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
-        emit statusText(orderWasTyped || trialsWereTyped ? typedInVain(m_settings) : ready());
+        emit statusText(orderWasTyped || trialsWereTyped ? typedInVain(m_settings)
+                                                         : window::atRest());
         paintNow();
     } catch (const ImpossibleSetting& failure) {
         dialogs().showError(this, QString::fromUtf8(failure.what()),
@@ -135,13 +131,13 @@ void TPotencia::Triangular1Click()
 void TPotencia::UpDown1Click()
 {
     m_settings.order = m_order->Position();
-    emit statusText(ready());
+    emit statusText(window::atRest());
 }
 
 void TPotencia::UpDown2Click()
 {
     m_settings.trials = m_trials->Position();
-    emit statusText(ready());
+    emit statusText(window::atRest());
 }
 
 void TPotencia::GuardarGrafica1Click()
@@ -206,7 +202,7 @@ void TPotencia::setLevel(int percent)
     m_settings.level = percent / 100.0;
     m_btnSig->setText(levelText());
     m_btnSig->setAccessibleName(m_btnSig->text());
-    emit statusText(ready());
+    emit statusText(window::atRest());
 }
 
 QString TPotencia::levelText() const
@@ -228,7 +224,7 @@ void TPotencia::setErrorKind(ErrorKind kind)
     m_settings.errorKind = kind;
     m_btnDist->setText(caption(kind));
     m_btnDist->setAccessibleName(m_btnDist->text());
-    emit statusText(ready());
+    emit statusText(window::atRest());
 }
 
 /// At the place that the form's and the button's positions add up to, counted from the corner of
