@@ -2,6 +2,7 @@
 #include "shell/WindowList.h"
 
 #include "window/Caption.h"
+#include "window/Command.h"
 
 #include <QActionGroup>
 #include <QMdiArea>
@@ -45,8 +46,8 @@ void WindowList::fill()
         entry->setStatusTip(QStringLiteral("Pasa a esta ventana"));
         entry->setCheckable(true);
         entry->setChecked(child == m_area.activeSubWindow());
-        connect(entry, &QAction::triggered, child,
-                [this, child] { m_area.setActiveSubWindow(child); });
+        window::connectCommand(entry, &QAction::triggered, child,
+                               [this, child] { m_area.setActiveSubWindow(child); });
         m_menu.addAction(m_entries->addAction(entry));
     }
 }

@@ -21,17 +21,25 @@ struct Command {
     QKeySequence shortcut = {};
 };
 
-/// Connects a signal by which the user gives a command with what carries it out. While a question
-/// is open it is not carried out: assistive technology reaches the windows behind.
-template <typename Sender, typename Signal, typename Receiver>
-void connectCommand(Sender* sender, Signal signal, Receiver* receiver, void (Receiver::*handler)())
+/// Connects a signal by which the user gives a command with what carries it out, for as long as
+/// the receiver lives. While a question is open it is not carried out: assistive technology reaches
+/// the windows behind.
+template <typename Sender, typename Signal, typename CarryOut>
+void connectCommand(Sender* sender, Signal signal, QObject* receiver, CarryOut carryOut)
 {
-    QObject::connect(sender, signal, receiver, [receiver, handler] {
+    QObject::connect(sender, signal, receiver, [carryOut] {
         if (isAsking())
             showQuestion();
         else
-            (receiver->*handler)();
+            carryOut();
     });
+}
+
+/// The same, with what is carried out by the receiver.
+template <typename Sender, typename Signal, typename Receiver>
+void connectCommand(Sender* sender, Signal signal, Receiver* receiver, void (Receiver::*handler)())
+{
+    connectCommand(sender, signal, receiver, [receiver, handler] { (receiver->*handler)(); });
 }
 
 /// A new entry at the end of a menu.

@@ -164,6 +164,11 @@ protected:
             if (!belongsToTheQuestion)
                 action->trigger();
         }
+        for (const QAction* title : frame.menuBar()->actions()) {
+            emit title->menu()->aboutToShow(); // the list of windows is made then
+            for (QAction* action : title->menu()->actions())
+                action->trigger();
+        }
         QList<QPointer<QAbstractButton>> buttons; // a choice may replace others
         for (auto* button : frame.findChildren<QAbstractButton*>())
             buttons.append(button);
@@ -181,6 +186,7 @@ protected:
     {
         SCOPED_TRACE(what);
         const auto childrenBefore = children().size();
+        const QMdiSubWindow* const activeBefore = area().activeSubWindow();
         bool wasAsked = false;
         whenAsked([&](QDialog& question) {
             wasAsked = true;
@@ -189,6 +195,7 @@ protected:
             QApplication::sendPostedEvents();
             QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             EXPECT_EQ(children().size(), childrenBefore);
+            EXPECT_EQ(area().activeSubWindow(), activeBefore);
             ASSERT_TRUE(stillThere);
             EXPECT_TRUE(question.isVisible());
             EXPECT_EQ(QApplication::activeModalWidget(), &question) << "something else asks";
@@ -218,6 +225,12 @@ TEST_F(Questions, OfTheFrame)
 TEST_F(Questions, OfAnEditor)
 {
     frame.NuevoArchivo1Click();
+    frame.NuevoArchivo1Click();
+    area().setActiveSubWindow(children().first());
+    expectToOutlive("save beside another editor", [this] { command("Guardar1"); });
+    whenAsked(answer);
+    area().activeSubWindow()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     expectToOutlive("save", [this] { command("Guardar1"); });
     expectToOutlive("load", [this] { command("Cargar1"); });
     expectToOutlive("save and analyse", [this] { command("GuardaryAnalizar1"); });
@@ -264,6 +277,11 @@ TEST_F(Questions, OfAPowerStudy)
     expectToOutlive("save the graph", [this] { command("GuardarGrafica1"); });
     expectToOutlive("save the report", [this] { command("GuardarReporte1"); });
     EXPECT_EQ(children().size(), 1);
+    const auto caption = [this](const char* button) {
+        return active().findChild<QAbstractButton*>(QString::fromLatin1(button))->text();
+    };
+    EXPECT_EQ(caption("BtnSig"), QStringLiteral("Nivel de Significancia 95%"));
+    EXPECT_EQ(caption("BtnDist"), QStringLiteral("Distribución Uniforme"));
 }
 
 TEST_F(Questions, LeavingAsksOnceHoweverOftenItIsAskedFor)

@@ -93,7 +93,8 @@ void TPotencia::createPopups()
 {
     const auto entry = [this](QMenu* popup, const char* name, const QString& text,
                               void (TPotencia::*handler)()) {
-        QAction* action = popup->addAction(text, this, handler);
+        QAction* action = popup->addAction(text);
+        window::connectCommand(action, &QAction::triggered, this, handler);
         action->setObjectName(QString::fromLatin1(name));
         action->setStatusTip(QStringLiteral("%1: %2").arg(popup->accessibleName(), text));
     };
