@@ -26,26 +26,6 @@ namespace {
 constexpr int numberMargin = 3;  // pixels left and right of a number
 constexpr int editorMargin = 12; // pixels left and right of the text, together
 
-/// The step by which a key leaves an open cell; nothing for keys that edit it.
-std::optional<CursorStep> stepOf(const QKeyEvent& key)
-{
-    switch (key.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return CursorStep::Next;
-    case Qt::Key_Tab:
-        return CursorStep::Right;
-    case Qt::Key_Backtab:
-        return CursorStep::Left;
-    case Qt::Key_Up:
-        return CursorStep::Up;
-    case Qt::Key_Down:
-        return CursorStep::Down;
-    default:
-        return std::nullopt;
-    }
-}
-
 /// Whether the user is still at the open cell although it lost the focus: to another window of the
 /// desktop (not to another child of the same frame) or to a menu.
 bool isPassing(const QFocusEvent& event, const QWidget& editor)

@@ -2,6 +2,7 @@
 #include "grid/view/Cursor.h"
 
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QTableView>
 
 #include <algorithm>
@@ -28,6 +29,25 @@ QModelIndex indexOf(const QTableView& view, int column, int row)
 }
 
 } // namespace
+
+std::optional<CursorStep> stepOf(const QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return CursorStep::Next;
+    case Qt::Key_Tab:
+        return CursorStep::Right;
+    case Qt::Key_Backtab:
+        return CursorStep::Left;
+    case Qt::Key_Up:
+        return CursorStep::Up;
+    case Qt::Key_Down:
+        return CursorStep::Down;
+    default:
+        return std::nullopt;
+    }
+}
 
 void stepCursor(QTableView& view, CursorStep step)
 {

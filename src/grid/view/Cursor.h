@@ -3,6 +3,9 @@
 
 #include "grid/model/CellRange.h"
 
+#include <optional>
+
+class QKeyEvent;
 class QTableView;
 
 /// The cursor of a table view and the cells that a command acts on. Columns and rows count from 1;
@@ -11,6 +14,10 @@ namespace grid {
 
 /// Where the cursor goes from a cell.
 enum class CursorStep { Stay, Next, Right, Left, Up, Down };
+
+/// The step that a key asks for: how it leaves an open cell, and where it moves the cursor of a
+/// closed one. Nothing for any other key.
+std::optional<CursorStep> stepOf(const QKeyEvent& key);
 
 /// The cells that "Clear" and "Copy" act on.
 enum class Scope { Range, Column, Row, All };

@@ -33,11 +33,6 @@ QPalette paperFor(QPalette palette, const QColor& number)
     return palette;
 }
 
-bool isEnter(const QKeyEvent& key)
-{
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
 } // namespace
 
 QColor colorFromInteger(std::uint32_t blueGreenRed)
@@ -240,16 +235,15 @@ void TNTabEd::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
-    if (isEnter(*event)) {
+    const std::optional<CursorStep> step = stepOf(*event);
+    if (step == CursorStep::Next) {
         event->setAccepted(m_autoAdvance);
         leaveCell(CursorStep::Next);
         return;
     }
-    const bool tab = event->key() == Qt::Key_Tab;
-    if (tabKeyNavigation() && (tab || event->key() == Qt::Key_Backtab)) {
-        const CursorStep step = tab ? CursorStep::Right : CursorStep::Left;
-        event->setAccepted(!isAtEdge(*this, step));
-        stepCursor(*this, step);
+    if (tabKeyNavigation() && (step == CursorStep::Right || step == CursorStep::Left)) {
+        event->setAccepted(!isAtEdge(*this, *step));
+        stepCursor(*this, *step);
         return;
     }
     QTableView::keyPressEvent(event);
