@@ -201,8 +201,7 @@ QString tableText(const Decimal& decimal)
     if (decimal.exponent >= lowestScientificExponent)
         return generalForm(shortened(decimal, generalDigits));
 
-    constexpr int decimals = 2;
-    const Decimal rounded = shortened(decimal, decimal.exponent + 1 + decimals);
+    const Decimal rounded = shortened(decimal, decimal.exponent + 1 + tableDecimals);
     std::string text = fixedNotation(rounded);
     if (text.starts_with("0."))
         text.erase(0, 1);

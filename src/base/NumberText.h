@@ -43,11 +43,13 @@ struct Decimal {
     int exponent = 0;         ///< of ten, at the first digit
 };
 
+inline constexpr int tableDecimals = 2;
+
 /// The form of the numbers in the analysis-of-variance table, the pattern "#.##".
 ///
-/// At most two decimals, rounded half away from zero, no trailing zeros and no digit forced before
-/// the point: 0.5 gives ".5". What rounds to zero gives "0", never "-0". From 1e15 on the general
-/// form, its 15 digits rounded in the same way.
+/// At most tableDecimals decimals, rounded half away from zero, no trailing zeros and no digit
+/// forced before the point: 0.5 gives ".5". What rounds to zero gives "0", never "-0". From 1e15 on
+/// the general form, its 15 digits rounded in the same way.
 QString tableText(const Decimal& value);
 
 /// The same of a double, that is of its decimal text with 15 significant digits (so 2.675, stored

@@ -23,16 +23,17 @@ QString rule()
     return QString(75, QLatin1Char('-'));
 }
 
-/// The digits down to the third decimal, the last one that rounding to two decimals looks at.
+/// The digits down to the first decimal that is not shown, the last one that rounding looks at.
 base::Decimal decimalOf(const boost::multiprecision::cpp_rational& value)
 {
-    constexpr int decimals = 3;
-    const boost::multiprecision::cpp_int thousandths =
-        abs(numerator(value)) * 1000 / denominator(value);
+    constexpr int decimals = base::tableDecimals + 1;
+    const boost::multiprecision::cpp_int units = abs(numerator(value)) *
+                                                 pow(boost::multiprecision::cpp_int(10), decimals) /
+                                                 denominator(value);
     base::Decimal decimal;
     decimal.negative = value < 0;
-    decimal.digits = thousandths.str();
-    if (thousandths != 0)
+    decimal.digits = units.str();
+    if (units != 0)
         decimal.exponent = static_cast<int>(decimal.digits.size()) - 1 - decimals;
     return decimal;
 }
