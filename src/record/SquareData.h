@@ -82,7 +82,7 @@ private:
 };
 
 /// Why a square of these counts cannot be had; empty when it can. Zero or negative counts and more
-/// than maximalCells are refused.
+/// than maximalCells (CellBox.h) are refused.
 QString sizeProblem(int columns, int rows);
 
 /// What the user is told where memory does not suffice.

@@ -113,7 +113,7 @@ QString assemblyList(const char* header, const std::vector<int>& order, QChar se
 
 } // namespace
 
-TEST(Extraction, BringsTheAssemblySquareIntoTheCyclicLayout)
+TEST(CyclicSquareReading, BringsTheAssemblySquareIntoTheCyclicLayout)
 {
     const experiment::LatinSquare square = readSquare(assembly);
     expectAssemblySums(square);
@@ -124,7 +124,7 @@ TEST(Extraction, BringsTheAssemblySquareIntoTheCyclicLayout)
               (std::vector<double>{7, 14, 10, 8, 11, 18, 7, 8, 11, 10, 5, 9, 12, 10, 10, 14}));
 }
 
-TEST(Extraction, TellsWhetherRowsOrColumnsHadToMove)
+TEST(CyclicSquareReading, TellsWhetherRowsOrColumnsHadToMove)
 {
     const auto moves = [](const char* text) {
         const auto read = experiment::readCyclicSquare(QString::fromUtf8(text)).value.value();
@@ -138,7 +138,7 @@ TEST(Extraction, TellsWhetherRowsOrColumnsHadToMove)
               std::pair(true, false));
 }
 
-TEST(Extraction, ReadsTheOtherFormsOfASquare)
+TEST(CyclicSquareReading, ReadsTheOtherFormsOfASquare)
 {
     const char* const texts[] = {
         "C10;D14;A7;B8\r\nB7;C18;D11;A8\r\nA5;B10;C11;D9\r\nD10;A10;B12;C14",
@@ -155,7 +155,7 @@ TEST(Extraction, ReadsTheOtherFormsOfASquare)
         expectAssemblySums(readSquare(text));
 }
 
-TEST(Extraction, TakesTheNamesOfRowsAndColumns)
+TEST(CyclicSquareReading, TakesTheNamesOfRowsAndColumns)
 {
     const QStringList rows = list({"orden 1", "orden 2", "orden 3", "orden 4"});
     const QStringList columns = list({"Luz", "Pía", "Ana", "Eva"}); // as the columns were arranged
@@ -186,7 +186,7 @@ TEST(Extraction, TakesTheNamesOfRowsAndColumns)
               list({"C-3", "C-2", "C-1", "C-4"}));
 }
 
-TEST(Extraction, NamesThatLookLikeCellsAreStillNames)
+TEST(CyclicSquareReading, NamesThatLookLikeCellsAreStillNames)
 {
     const experiment::LatinSquare square =
         readSquare("X1\tC1\tC2\tC3\nF1\tA 1\tB 2\tC 3\nF2\tB 4\tC 5\tA 6\n"
@@ -196,7 +196,7 @@ TEST(Extraction, NamesThatLookLikeCellsAreStillNames)
     EXPECT_EQ(square.values, (std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
 }
 
-TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
+TEST(CyclicSquareReading, ReadsListsOfObservationsWithAndWithoutAHeader)
 {
     const std::vector<int> usual = {0, 1, 2, 3};
     for (const QChar separator : {QLatin1Char('\t'), QLatin1Char(';'), QLatin1Char(' ')}) {
@@ -213,7 +213,7 @@ TEST(Extraction, ReadsListsOfObservationsWithAndWithoutAHeader)
             readSquare(assemblyList(header, usual, QLatin1Char(';')).toUtf8().constData()));
 }
 
-TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
+TEST(CyclicSquareReading, AHeaderMayNameTheFieldsInAnotherOrder)
 {
     const struct {
         const char* header;
@@ -236,7 +236,7 @@ TEST(Extraction, AHeaderMayNameTheFieldsInAnotherOrder)
               "Tratamiento, Observación) o póngalos en este orden.");
 }
 
-TEST(Extraction, ANamedListMayHaveFurtherColumns)
+TEST(CyclicSquareReading, ANamedListMayHaveFurtherColumns)
 {
     const QString lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'));
     QString wide = QStringLiteral("Parcela\tFila\tNota\tColumna\tTratamiento\tPeso\tValor\n");
@@ -262,7 +262,7 @@ TEST(Extraction, ANamedListMayHaveFurtherColumns)
               "La línea 2 tiene 7 campos y la primera, 8: los datos no forman un rectángulo.");
 }
 
-TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
+TEST(CyclicSquareReading, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
 {
     QString commas =
         assemblyList("Fila,Columna,Tratamiento,Tiempo\n", {0, 1, 2, 3}, QLatin1Char(','));
@@ -305,7 +305,7 @@ TEST(Extraction, ReadsWhatSpreadsheetsAddAndCommasWithDecimalPoints)
               "campos con tabuladores o con punto y coma.");
 }
 
-TEST(Extraction, ReadsListsInAnyOrderOfLines)
+TEST(CyclicSquareReading, ReadsListsInAnyOrderOfLines)
 {
     QStringList lines = assemblyList("", {0, 1, 2, 3}, QLatin1Char('\t'))
                             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -313,7 +313,7 @@ TEST(Extraction, ReadsListsInAnyOrderOfLines)
     expectAssemblySums(readSquare(lines.join(QLatin1Char('\n')).toUtf8().constData()));
 }
 
-TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
+TEST(CyclicSquareReading, SaysWhatKeepsADesignFromBeingALatinSquare)
 {
     const struct {
         const char* text;
@@ -346,7 +346,7 @@ TEST(Extraction, SaysWhatKeepsADesignFromBeingALatinSquare)
         EXPECT_EQ(refusalOfSquare(text), reason) << text;
 }
 
-TEST(Extraction, SaysThatALatinSquareCannotBeMadeCyclic)
+TEST(CyclicSquareReading, SaysThatALatinSquareCannotBeMadeCyclic)
 {
     // The Klein four-group.
     EXPECT_EQ(
@@ -362,7 +362,7 @@ TEST(Extraction, SaysThatALatinSquareCannotBeMadeCyclic)
         "que no se vuelve cíclico» en el manual (F1).");
 }
 
-TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
+TEST(CyclicSquareReading, NamesTheLineAndFieldThatCannotBeRead)
 {
     const std::string noCell =
         "» no es un tratamiento con su observación, como «A 24». Es la celda "
@@ -424,7 +424,7 @@ TEST(Extraction, NamesTheLineAndFieldThatCannotBeRead)
             << shapeless;
 }
 
-TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
+TEST(CyclicSquareReading, AListOfSixLinesOrMoreIsToldItsBadNumbers)
 {
     EXPECT_EQ(
         refusalOfSquare("1;1;A;1 kg\n1;2;B;2 kg\n1;3;C;3 kg\n2;1;B;4 kg\n2;2;C;5 kg\n2;3;A;6 kg"),
@@ -433,7 +433,7 @@ TEST(Extraction, AListOfSixLinesOrMoreIsToldItsBadNumbers)
         "manual (F1).");
 }
 
-TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
+TEST(CyclicSquareReading, NumbersWithoutTreatmentsAreToPaste)
 {
     const std::string paste = "Los números sin tratamientos no se extraen: péguelos con «Paste» "
                               "(Ctrl+V).";
@@ -448,7 +448,7 @@ TEST(Extraction, NumbersWithoutTreatmentsAreToPaste)
               "Línea 2, campo 2: «24" + noCell + "Le falta el tratamiento.");
 }
 
-TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
+TEST(CyclicSquareReading, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
 {
     // Twenty thousand labels of each kind: a place for each of their cells would be 400 million.
     QString text;
@@ -459,7 +459,7 @@ TEST(Extraction, AListOfLabelsThatNeverRepeatTakesNoMoreRoomThanItsLines)
               "analizar el cuadrado: vea «Datos que faltan» en el manual (F1).");
 }
 
-TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
+TEST(CyclicSquareReading, ATextTooLongForAnExperimentIsRefusedUnread)
 {
     const QByteArray line = "r;c;t;7\n";
     EXPECT_EQ(refusalOfSquare(line.repeated(125'001)),
@@ -468,7 +468,7 @@ TEST(Extraction, ATextTooLongForAnExperimentIsRefusedUnread)
               "La fila «r» y la columna «c» tienen dos observaciones (líneas 1 y 2).");
 }
 
-TEST(Extraction, AnyTextIsReadOrRefusedWithAReason)
+TEST(CyclicSquareReading, AnyTextIsReadOrRefusedWithAReason)
 {
     const char* const pieces[] = {"A",  "B", "C",  "1",    "2",    "24", ".",  ",",   "-", " ",
                                   "\t", ";", "\n", "\r\n", "Fila", "ñ",  "%1", "1e5", "\""};

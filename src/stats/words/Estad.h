@@ -42,9 +42,10 @@ struct TestReport {
     QString exactTitle; ///< Of a sequence test, exact or not.
 };
 
-/// Sequence test C: exact up to order 3, by a Normal fitted to 5000 simulated squares beyond, drawn
-/// from the program's generator, so that two runs on one square differ: their z by some per cent.
-/// Beyond largestSimulatedOrder the report says that C is not approximated, and decides nothing.
+/// Sequence test C, decided in SequenceTests.h as is M: exact up to order 3, by a Normal fitted to
+/// 5000 simulated squares beyond, drawn from the program's generator, so that two runs on one
+/// square differ: their z by some per cent. Beyond largestSimulatedOrder the report says that C is
+/// not approximated, and decides nothing.
 TestReport reportC(const TMatrix& observations, int n, double alpha);
 
 /// Sequence test M: exact up to order 3, against F(n - 1, n (n - 1)) beyond, where equality
