@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/UpDown.h"
 
+#include "window/OpenQuestion.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -106,6 +108,11 @@ QValidator::State UpDown::validate(QString& text, int& cursor) const
 
 void UpDown::takeOver()
 {
+    if (window::isAsking()) {
+        setPosition(m_position);
+        window::showQuestion();
+        return;
+    }
     m_position = value();
     m_firstText.clear();
     m_clicked = true;

@@ -9,8 +9,8 @@ namespace controls {
 
 /// Up and down arrows that drive an edit, without wrap-around. Arrows and keys step, and the wheel
 /// where the control has the focus: who scrolls past it changes nothing. A value that assistive
-/// technology sets is a click too. The position stands in the edit in plain digits, which no
-/// decimal sign can be mistaken in.
+/// technology sets is a click too, but nothing is taken while a question is open. The position
+/// stands in the edit in plain digits, which no decimal sign can be mistaken in.
 class UpDown : public QSpinBox {
     Q_OBJECT
 

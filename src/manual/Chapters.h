@@ -7,8 +7,8 @@
 
 /// The manual's chapters: docs/manual, compiled into the program.
 ///
-/// A chapter is called as its file without the extension, such as "editor". Which one tells of a
-/// window says its ChildWindow::manualChapter().
+/// A chapter is called as its file without the extension, such as "editor". A window names its own
+/// in ChildWindow::manualChapter().
 namespace manual {
 
 /// The chapter that lists the others.

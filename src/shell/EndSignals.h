@@ -9,8 +9,8 @@
 namespace shell {
 
 /// SIGTERM, SIGINT and SIGHUP, told in the event loop, where everything may be done, instead of
-/// ending the process where it stands. One at a time exists. What becomes of them says
-/// UnchosenEnd.h.
+/// ending the process where it stands. One at a time exists. UnchosenEnd.h says what
+/// becomes of them.
 ///
 /// What the process was started to ignore (SIGHUP under nohup) stays ignored. While the program
 /// computes nothing is told; then each signal that came is told in its turn.

@@ -121,7 +121,7 @@ void TPrincipal::createStatusLine()
 {
     statusBar()->setAccessibleName(QStringLiteral("Línea de estado"));
     m_status = new StatusLine(this);
-    m_status->setText(window::atRest());
+    m_status->setText(window::restingText());
     // However something is copied, from a table, a chart or a text, the user is told.
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, m_status, [this] {
         if (QGuiApplication::clipboard()->ownsClipboard())

@@ -10,7 +10,7 @@
 
 namespace window {
 
-QString atRest()
+QString restingText()
 {
     return QStringLiteral("Listo.");
 }
@@ -31,17 +31,17 @@ ChildWindow::ChildWindow(const QString& name, const QString& caption, Picture pi
 
 void ChildWindow::FormActivate()
 {
-    emit statusText(atRest());
+    emit statusText(restingText());
 }
 
 void ChildWindow::FormDeactivate()
 {
-    emit statusText(atRest());
+    emit statusText(restingText());
 }
 
 void ChildWindow::FormClose()
 {
-    emit statusText(atRest());
+    emit statusText(restingText());
 }
 
 void ChildWindow::closeUnasked()

@@ -14,7 +14,7 @@ namespace window {
 enum class Picture;
 
 /// The lasting text of a window that has nothing to say.
-QString atRest();
+QString restingText();
 
 /// The contract between a child window and the frame that holds it, and what all children share.
 ///

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QToolButton>
 
+#include <concepts>
+
 namespace window {
 
 /// What the user sees of a command, in a menu or on a tool bar.
@@ -24,7 +26,7 @@ struct Command {
 /// Connects a signal by which the user gives a command with what carries it out, for as long as
 /// the receiver lives. While a question is open it is not carried out: assistive technology reaches
 /// the windows behind.
-template <typename Sender, typename Signal, typename CarryOut>
+template <typename Sender, typename Signal, std::invocable CarryOut>
 void connectCommand(Sender* sender, Signal signal, QObject* receiver, CarryOut carryOut)
 {
     QObject::connect(sender, signal, receiver, [carryOut] {

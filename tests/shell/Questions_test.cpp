@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -23,6 +24,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -129,6 +131,23 @@ protected:
         QApplication::processEvents();
     }
 
+    /// The numbers that can be set in the windows behind a question.
+    QList<QSpinBox*> numbersBehind()
+    {
+        QList<QSpinBox*> numbers = frame.findChildren<QSpinBox*>();
+        numbers.removeIf([](QSpinBox* number) {
+            return QApplication::activeModalWidget()->isAncestorOf(number);
+        });
+        return numbers;
+    }
+    QList<int> numbersSet()
+    {
+        QList<int> values;
+        for (const QSpinBox* number : numbersBehind())
+            values.append(number->value());
+        return values;
+    }
+
     /// All that may arrive while a question is open. The desktop has not yet made its window the
     /// active one: shortcuts still go to the frame.
     void assail()
@@ -164,7 +183,13 @@ protected:
             if (!belongsToTheQuestion)
                 action->trigger();
         }
+        for (QSpinBox* number : numbersBehind()) {
+            number->stepDown();
+            QAccessible::queryAccessibleInterface(number)->valueInterface()->setCurrentValue(
+                number->maximum());
+        }
         for (const QAction* title : frame.menuBar()->actions()) {
+            ASSERT_NE(title->menu(), nullptr);
             emit title->menu()->aboutToShow(); // the list of windows is made then
             for (QAction* action : title->menu()->actions())
                 action->trigger();
@@ -191,11 +216,13 @@ protected:
         whenAsked([&](QDialog& question) {
             wasAsked = true;
             const QPointer<QDialog> stillThere(&question);
+            const QList<int> numbersBefore = numbersSet();
             assail();
             QApplication::sendPostedEvents();
             QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             EXPECT_EQ(children().size(), childrenBefore);
             EXPECT_EQ(area().activeSubWindow(), activeBefore);
+            EXPECT_EQ(numbersSet(), numbersBefore);
             ASSERT_TRUE(stillThere);
             EXPECT_TRUE(question.isVisible());
             EXPECT_EQ(QApplication::activeModalWidget(), &question) << "something else asks";

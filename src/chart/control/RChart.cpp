@@ -152,7 +152,7 @@ const ChartGeometry& TRChart::geometry() const
     return geometryOf(ranges());
 }
 
-/// Kept until another view is asked for: the one on which equal units settle is painted next.
+/// Kept until another view is asked for: mostly the one on which equal units settle is painted.
 const ChartGeometry& TRChart::geometryOf(const View& view) const
 {
     if (!m_geometry || m_geometry->size != size() || m_geometry->view != view)

@@ -198,7 +198,7 @@ public:
     int BRim() const { return geometry().layout.rims.bottom; }
     /// The left rim that the layout chooses, also while the program has chosen another.
     int ownLRim() const { return geometry().layout.ownLeftRim; }
-    /// A rim of the program's own, at most 65535; a negative width gives the choice back.
+    /// A rim that the program chooses, at most 65535; a negative width gives the choice back.
     void setLRim(int width) { setRim(m_contents.rims.left, width); }
     void setRRim(int width) { setRim(m_contents.rims.right, width); }
     void setTRim(int width) { setRim(m_contents.rims.top, width); }

@@ -91,8 +91,8 @@ bool isFair(int plot, int whole)
     return plot >= std::max<int>(leastPlot, static_cast<int>(leastShare * whole));
 }
 
-/// What finds room left of the plot, within a rim of so many pixels where it is fixed.
-Beside leftOfPlot(const LayoutRequest& request, std::optional<int> fixedRim)
+/// What finds room on the plot's left, within a rim of so many pixels where it is fixed.
+Beside onTheLeft(const LayoutRequest& request, std::optional<int> fixedRim)
 {
     Beside across{false, !request.idOrdinate.isEmpty(), hasText(request.yLabels)};
     const int whole = request.size.width();
@@ -186,8 +186,8 @@ void placeCaptions(ChartLayout& layout, const LayoutRequest& request, const Besi
 
 ChartLayout layOut(const LayoutRequest& request)
 {
-    const Beside own = leftOfPlot(request, std::nullopt);
-    const Beside across = request.fixed.left ? leftOfPlot(request, request.fixed.left) : own;
+    const Beside own = onTheLeft(request, std::nullopt);
+    const Beside across = request.fixed.left ? onTheLeft(request, request.fixed.left) : own;
     Beside down{!request.caption.isEmpty(), !request.idAbscissa.isEmpty(),
                 hasText(request.xLabels)};
     ChartLayout layout;

@@ -23,8 +23,8 @@ struct Alongside {
 };
 
 /// The user's edits of a table and the way back from them. An edit that would change nothing is
-/// none. Their number has no limit. Steps survive a resize of the table: they reach the cells that
-/// it has hidden.
+/// none, and every one can be taken back. Steps survive a resize of the table: they reach the cells
+/// that it has hidden.
 ///
 /// All edits throw std::bad_alloc or GridError where memory is short, with everything as it was.
 class EditHistory : public QObject {

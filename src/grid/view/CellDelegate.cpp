@@ -16,7 +16,6 @@
 #include <QStyle>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace grid {

@@ -15,8 +15,8 @@ namespace grid {
 /// Where the cursor goes from a cell.
 enum class CursorStep { Stay, Next, Right, Left, Up, Down };
 
-/// The step that a key asks for: how it leaves an open cell, and where it moves the cursor of a
-/// closed one. Nothing for any other key.
+/// The step by which a key leaves an open cell; nothing for keys that edit it. Enter and Tab step
+/// from a closed one too.
 std::optional<CursorStep> stepOf(const QKeyEvent& key);
 
 /// The cells that "Clear" and "Copy" act on.

@@ -73,7 +73,7 @@ void TPotencia::BtnCalcularClick()
         runPowerStudy(m_settings, programAleatorio(), stats::programIntegers(),
                       [this](const std::vector<PowerPoint>& points) { showLastPoint(points); });
         emit statusText(orderWasTyped || trialsWereTyped ? typedInVain(m_settings)
-                                                         : window::atRest());
+                                                         : window::restingText());
         paintNow();
     } catch (const ImpossibleSetting& failure) {
         dialogs().showError(this, QString::fromUtf8(failure.what()),
@@ -131,13 +131,13 @@ void TPotencia::Triangular1Click()
 void TPotencia::UpDown1Click()
 {
     m_settings.order = m_order->Position();
-    emit statusText(window::atRest());
+    emit statusText(window::restingText());
 }
 
 void TPotencia::UpDown2Click()
 {
     m_settings.trials = m_trials->Position();
-    emit statusText(window::atRest());
+    emit statusText(window::restingText());
 }
 
 void TPotencia::GuardarGrafica1Click()
@@ -202,7 +202,7 @@ void TPotencia::setLevel(int percent)
     m_settings.level = percent / 100.0;
     m_btnSig->setText(levelText());
     m_btnSig->setAccessibleName(m_btnSig->text());
-    emit statusText(window::atRest());
+    emit statusText(window::restingText());
 }
 
 QString TPotencia::levelText() const
@@ -224,7 +224,7 @@ void TPotencia::setErrorKind(ErrorKind kind)
     m_settings.errorKind = kind;
     m_btnDist->setText(caption(kind));
     m_btnDist->setAccessibleName(m_btnDist->text());
-    emit statusText(window::atRest());
+    emit statusText(window::restingText());
 }
 
 /// At the place that the form's and the button's positions add up to, counted from the corner of

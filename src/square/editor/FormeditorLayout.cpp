@@ -39,7 +39,7 @@ void setPrecisions(grid::TNTabEd& table, int decimals)
 void TEditor::NumTratamientosClick()
 {
     const QPointer<TEditor> stillThere(this);
-    if (!window::isAsking() && m_datos->commitEdit())
+    if (m_datos->commitEdit())
         setOrder(m_numTratamientos->Position());
     else if (stillThere)
         m_numTratamientos->setPosition(m_refTratamientos->NrOfColumns());

@@ -42,8 +42,8 @@ struct TestReport {
     QString exactTitle; ///< Of a sequence test, exact or not.
 };
 
-/// Sequence test C, decided in SequenceTests.h as is M: exact up to order 3, by a Normal fitted to
-/// 5000 simulated squares beyond, drawn from the program's generator, so that two runs on one
+/// Sequence test C, decided, as M is, in SequenceTests.h: exact up to order 3, by a Normal fitted
+/// to 5000 simulated squares beyond, drawn from the program's generator, so that two runs on one
 /// square differ: their z by some per cent. Beyond largestSimulatedOrder the report says that C is
 /// not approximated, and decides nothing.
 TestReport reportC(const TMatrix& observations, int n, double alpha);

@@ -23,7 +23,7 @@ QString rule()
     return QString(75, QLatin1Char('-'));
 }
 
-/// The digits down to the first decimal that is not shown, the last one that rounding looks at.
+/// The digits down to the first decimal that is not shown: rounding looks at none beyond.
 base::Decimal decimalOf(const boost::multiprecision::cpp_rational& value)
 {
     constexpr int decimals = base::tableDecimals + 1;

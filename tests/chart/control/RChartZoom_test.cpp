@@ -282,7 +282,7 @@ TEST_F(RChartZoom, EachRoundOfEqualUnitsIsLaidOutOnce)
     chart.setIsometric(true);
     for (const double high : {50.0, 1234.0}) {
         EXPECT_GE(layoutsOf([&] { chart.setRangeHiX(high); }), 2) << high;
-        EXPECT_EQ(laidOut().back().y, chart.zoomHistory().newest().y) << high;
+        EXPECT_EQ(laidOut().back(), chart.zoomHistory().newest()) << high;
         for (auto view = laidOut().begin(); view != laidOut().end(); ++view)
             EXPECT_EQ(std::count(view, laidOut().end(), *view), 1) << high;
     }
